@@ -1,0 +1,213 @@
+// One search over the folders named on the command line, without a window.
+
+#include "FormMembers.h"
+#include "PacedEventLoop.h"
+#include "PosixFiles.h"
+#include "System.h"
+#include "cCRC.h"
+#include "mCommon.h"
+#include "mDataOperation.h"
+
+#include <chrono>
+#include <clocale>
+#include <cstdio>
+#include <fstream>
+#include <iostream>
+#include <string>
+#include <string_view>
+#include <sys/resource.h>
+#include <vector>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr int kFolderFailed = 2;
+constexpr int kUsage = 64;
+
+struct tOptions {
+    bool bContent = true;
+    bool bNameSize = false;
+    bool bHidden = false;
+    std::string sRowsFile;
+    std::vector<std::string> folders;
+};
+
+/// The file systems, with a count of what is read.
+class CountedFiles final : public platform::FileSystem
+{
+public:
+    bool ListFolder(const std::string& sPath, platform::FolderListing& listing) override
+    {
+        return m_files.ListFolder(sPath, listing);
+    }
+    bool PathFound(const std::string& sPath) override { return m_files.PathFound(sPath); }
+    std::optional<std::string> CanonicalFolder(const std::string& sPath) override
+    {
+        return m_files.CanonicalFolder(sPath);
+    }
+    platform::FileHandle CreateFileA(const std::string& sPath) override { return m_files.CreateFileA(sPath); }
+    std::int64_t FileLength(platform::FileHandle hFile) override { return m_files.FileLength(hFile); }
+    platform::tReadResult ReadFile(platform::FileHandle hFile, void* pBuffer, std::size_t nBytes) override
+    {
+        const auto result = m_files.ReadFile(hFile, pBuffer, nBytes);
+        ++nReads;
+        nReadBytes += result.nBytes;
+        return result;
+    }
+    void CloseHandle(platform::FileHandle hFile) override { m_files.CloseHandle(hFile); }
+    void AnnounceRead(const std::string& sPath) override { m_files.AnnounceRead(sPath); }
+
+    std::size_t nReads = 0;
+    std::size_t nReadBytes = 0;
+
+private:
+    desktop::PosixFiles m_files;
+};
+
+class NoScreen final : public platform::Screen
+{
+    void SetMousePointer(platform::MousePointer /*pointer*/) override {}
+};
+
+class MessagesToTerminal final : public platform::MessageBoxes
+{
+    void Show(std::string_view sText, platform::MessageIcon /*icon*/) override { std::cerr << sText << '\n'; }
+};
+
+class MainForm final : public search::MainFormMembers
+{
+    void CheckMenu() override {}
+    std::string sSelectedFolder() override { return {}; }
+};
+
+/// A progress window that notes when the comparison begins.
+class ProgressForm final : public search::ProgressFormMembers,
+                           private search::ProgressBarMembers,
+                           private platform::ControlObserver
+{
+public:
+    ProgressForm() { lblStatus.Observe(this); }
+    Clock::time_point comparisonBegan;
+
+private:
+    ProgressBarMembers& pbProgress() override { return *this; }
+    void Show() override {}
+    void Refresh() override {}
+    void Unload() override {}
+    void SetMax(float /*New_Max*/) override {}
+    void SetValue(float /*New_Value*/) override {}
+    void ControlChanged(platform::Control& /*control*/) override
+    {
+        if (lblStatus.Caption() == "Comparing...") {
+            comparisonBegan = Clock::now();
+        }
+    }
+};
+
+int Usage()
+{
+    std::cerr << "usage: searchrun [--content | --name | --namesize] [--hidden] [--rows FILE] FOLDER...\n";
+    return kUsage;
+}
+
+bool ReadOptions(const std::vector<std::string_view>& arguments, tOptions& options)
+{
+    bool bOptionsEnded = false;
+    for (std::size_t n = 0; n < arguments.size(); ++n) {
+        const std::string_view sArgument = arguments[n];
+        if (bOptionsEnded || !sArgument.starts_with('-')) {
+            options.folders.emplace_back(sArgument);
+        } else if (sArgument == "--") {
+            bOptionsEnded = true;
+        } else if (sArgument == "--content" || sArgument == "--name" || sArgument == "--namesize") {
+            options.bContent = sArgument == "--content";
+            options.bNameSize = sArgument == "--namesize";
+        } else if (sArgument == "--hidden") {
+            options.bHidden = true;
+        } else if (sArgument == "--rows" && n + 1 < arguments.size()) {
+            options.sRowsFile = arguments[++n];
+        } else {
+            return false;
+        }
+    }
+    return !options.folders.empty();
+}
+
+/// Lists the folders; false if one cannot be opened.
+bool AddFolders(const std::vector<std::string>& folders, platform::FileSystem& files, MainForm& form)
+{
+    bool bAll = true;
+    for (const std::string& sFolder : folders) {
+        if (const auto sCanonical = files.CanonicalFolder(sFolder)) {
+            form.lvFolders.ListItems.Add(*sCanonical, *sCanonical, 1);
+        } else {
+            std::cerr << "searchrun: cannot open " << sFolder << '\n';
+            bAll = false;
+        }
+    }
+    return bAll;
+}
+
+double Seconds(Clock::time_point from, Clock::time_point to)
+{
+    return std::chrono::duration<double>(to - from).count();
+}
+
+bool WriteRows(const std::string& sFile, platform::ListItems& rows)
+{
+    std::ofstream file(sFile, std::ios::binary);
+    for (std::size_t n = 1; n <= rows.Count(); ++n) {
+        file << rows(n).SmallIcon() << '\t' << rows(n).Key() << '\0';
+    }
+    return static_cast<bool>(file.flush());
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const auto began = Clock::now();
+    std::setlocale(LC_ALL, "");
+    tOptions options;
+    if (!ReadOptions({argv + 1, argv + argc}, options)) {
+        return Usage();
+    }
+
+    CountedFiles files;
+    desktop::PacedEventLoop events([] {});
+    NoScreen screen;
+    MessagesToTerminal messages;
+    platform::UseSystem({&files, &events, &screen, &messages});
+    MainForm form;
+    ProgressForm progress;
+    search::UseForms(form, progress);
+
+    form.mnuOptionsSearchContent.SetChecked(options.bContent);
+    form.mnuOptionsSearchNameSize.SetChecked(options.bNameSize);
+    form.mnuOptionsHidden.SetChecked(options.bHidden);
+    const bool bAllFolders = AddFolders(options.folders, files, form);
+    progress.comparisonBegan = began;
+    if (form.lvFolders.ListItems.Count() > 0) {
+        search::mnuSearchFind_Click();
+    }
+    const auto ended = Clock::now();
+
+    auto& rows = form.lvFiles.ListItems;
+    std::size_t nGroups = 0;
+    for (std::size_t n = 1; n <= rows.Count(); ++n) {
+        nGroups += rows(n).SmallIcon() == 2 ? 1U : 0U;
+    }
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    std::printf("files=%d rows=%zu groups=%zu reads=%zu read_bytes=%zu scan=%.3f compare=%.3f total=%.3f "
+                "peak_kib=%ld\n",
+                search::FileCount, rows.Count(), nGroups, files.nReads, files.nReadBytes,
+                Seconds(began, progress.comparisonBegan), Seconds(progress.comparisonBegan, ended),
+                Seconds(began, ended), usage.ru_maxrss);
+    if (!options.sRowsFile.empty() && !WriteRows(options.sRowsFile, rows)) {
+        std::cerr << "searchrun: cannot write " << options.sRowsFile << '\n';
+        return kFolderFailed;
+    }
+    return bAllFolders ? 0 : kFolderFailed;
+}

@@ -1,0 +1,30 @@
+# The flags that every target of ours shares; link tallyfen_flags to have them.
+option(TALLYFEN_WERROR "Treat warnings as errors" OFF)
+option(TALLYFEN_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+
+add_library(tallyfen_flags INTERFACE)
+target_compile_options(tallyfen_flags INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+  -Woverloaded-virtual -Wnon-virtual-dtor -Wcast-qual -Wformat=2 -Wnull-dereference
+  -Wextra-semi)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  target_compile_options(tallyfen_flags INTERFACE
+    -Wduplicated-cond -Wduplicated-branches -Wlogical-op -Wuseless-cast)
+endif()
+if(TALLYFEN_WERROR)
+  target_compile_options(tallyfen_flags INTERFACE -Werror)
+endif()
+if(TALLYFEN_SANITIZE)
+  target_compile_options(tallyfen_flags INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(tallyfen_flags INTERFACE -fsanitize=address,undefined)
+endif()
+# A driver that needs no window then does not load the window's libraries.
+target_link_options(tallyfen_flags INTERFACE -Wl,--as-needed)
+
+# tallyfen_library(NAME SOURCES...) makes the library of the folder it is called in.
+function(tallyfen_library name)
+  add_library(${name} STATIC ${ARGN})
+  target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+  target_link_libraries(${name} PRIVATE tallyfen_flags)
+endfunction()

@@ -1,0 +1,61 @@
+#include "UserLocale.h"
+
+#include <array>
+#include <climits>
+#include <ctime>
+
+namespace desktop {
+
+const UserLocale& UserLocale::Get()
+{
+    static const UserLocale locale;
+    return locale;
+}
+
+UserLocale::UserLocale() : m_locale(newlocale(LC_ALL_MASK, "", nullptr))
+{
+    // The environment may name a locale that this machine does not have.
+    if (m_locale == nullptr) {
+        m_locale = newlocale(LC_ALL_MASK, "C", nullptr);
+    }
+    const locale_t before = uselocale(m_locale);
+    m_sThousandsSeparator = localeconv()->thousands_sep;
+    m_grouping = m_sThousandsSeparator.empty() ? "" : localeconv()->grouping;
+    uselocale(before);
+}
+
+std::string UserLocale::Number(std::int64_t nNumber) const
+{
+    const std::string sDigits = std::to_string(nNumber);
+    // From the right: each size serves one group, the last one all that remain; CHAR_MAX ends the grouping.
+    std::string sResult;
+    std::size_t nEnd = sDigits.size();
+    std::size_t nSize = 0;
+    for (std::size_t n = 0; n < m_grouping.size() || nSize > 0; ++n) {
+        if (n < m_grouping.size()) {
+            nSize = m_grouping[n] == CHAR_MAX ? 0 : static_cast<std::size_t>(m_grouping[n]);
+        }
+        if (nSize == 0 || nEnd <= nSize) {
+            break;
+        }
+        nEnd -= nSize;
+        sResult.insert(0, m_sThousandsSeparator + sDigits.substr(nEnd, nSize));
+    }
+    return sDigits.substr(0, nEnd) + sResult;
+}
+
+std::string UserLocale::DateTime(const platform::tSystemTime& stTime) const
+{
+    std::tm time{};
+    time.tm_year = stTime.wYear - 1900;
+    time.tm_mon = stTime.wMonth - 1;
+    time.tm_mday = stTime.wDay;
+    time.tm_hour = stTime.wHour;
+    time.tm_min = stTime.wMinute;
+    time.tm_sec = stTime.wSecond;
+    std::array<char, 256> text{};
+    const std::size_t nLength = strftime_l(text.data(), text.size(), "%x %X", &time, m_locale);
+    return {text.data(), nLength};
+}
+
+} // namespace desktop

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "FileTime.h"
+
+#include <cstdint>
+#include <locale.h> // NOLINT(modernize-deprecated-headers): locale_t is not in <clocale>
+#include <string>
+
+namespace desktop {
+
+/// The user's ways of writing numbers and dates, as the environment names them when the program starts.
+class UserLocale
+{
+public:
+    static const UserLocale& Get();
+
+    /// A whole number with its digits grouped.
+    [[nodiscard]] std::string Number(std::int64_t nNumber) const;
+
+    /// Short date, one blank, long time.
+    [[nodiscard]] std::string DateTime(const platform::tSystemTime& stTime) const;
+
+private:
+    UserLocale();
+
+    locale_t m_locale;
+    std::string m_sThousandsSeparator;
+    std::string
+        m_grouping; ///< empty, or sizes of the groups of digits from the right, as struct lconv has them
+};
+
+} // namespace desktop

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "FolderListing.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+/// What separates the folders of a path.
+inline constexpr char kSeparator = '/';
+
+/// An open file; owned by whoever called CreateFileA until CloseHandle.
+using FileHandle = int;
+inline constexpr FileHandle INVALID_HANDLE_VALUE = -1;
+
+/// What one ReadFile came to.
+struct tReadResult {
+    bool bRead = false;     ///< false: the read failed, and the other fields mean nothing
+    std::size_t nBytes = 0; ///< bytes delivered; fewer than asked for only at the end of the file
+    bool bWaited = false;   ///< not all of it was in memory, so the disk was waited for
+};
+
+/// The files and folders of the machine. Paths are exact bytes. No operation
+/// follows a link in the last component of its path. Failures are results;
+/// nothing here throws, and nothing here tells the user.
+class FileSystem
+{
+public:
+    virtual ~FileSystem() = default;
+
+    /// Reads the entries of folder `sPath` into `listing`, replacing what it held. False if the folder
+    /// cannot be opened; a listing that fails part way keeps what it got.
+    virtual bool ListFolder(const std::string& sPath, FolderListing& listing) = 0;
+
+    /// True if `sPath` names something that exists at this moment (a link counts, whatever it points to).
+    virtual bool PathFound(const std::string& sPath) = 0;
+
+    /// The folder that `sPath` leads to with all links resolved and without a trailing separator (but for
+    /// the root). Empty if there is no such folder or it cannot be opened.
+    virtual std::optional<std::string> CanonicalFolder(const std::string& sPath) = 0;
+
+    /// Opens regular file `sPath` for reading; one that is missing is created empty, in a folder that
+    /// exists. INVALID_HANDLE_VALUE if that fails or if it is no regular file.
+    virtual FileHandle CreateFileA(const std::string& sPath) = 0;
+
+    /// The length in bytes of an open file, or -1.
+    virtual std::int64_t FileLength(FileHandle hFile) = 0;
+
+    /// Reads the next `nBytes` bytes of the file into `pBuffer`, as many as there are.
+    virtual tReadResult ReadFile(FileHandle hFile, void* pBuffer, std::size_t nBytes) = 0;
+
+    virtual void CloseHandle(FileHandle hFile) = 0;
+
+    /// Tells the system that `sPath` will be read whole before long. Returns at once; nothing depends on it.
+    virtual void AnnounceRead(const std::string& sPath) = 0;
+};
+
+} // namespace platform

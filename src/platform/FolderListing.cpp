@@ -1,0 +1,26 @@
+#include "FolderListing.h"
+
+namespace platform {
+
+void FolderListing::Clear()
+{
+    m_names.clear();
+    m_entries.clear();
+}
+
+void FolderListing::Add(const tFindData& entry)
+{
+    const std::size_t nNameStart = m_names.size();
+    m_names.append(entry.cFileName);
+    m_entries.push_back({nNameStart, static_cast<std::uint32_t>(entry.cFileName.size()), entry.bDirectory,
+                         entry.bHidden, entry.nFileSize, entry.ftLastWriteTime});
+}
+
+tFindData FolderListing::Entry(std::size_t n) const
+{
+    const tStored& stored = m_entries[n];
+    return {std::string_view(m_names).substr(stored.nNameStart, stored.nNameField), stored.bDirectory,
+            stored.bHidden, stored.nFileSize, stored.ftLastWriteTime};
+}
+
+} // namespace platform

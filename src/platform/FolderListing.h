@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace platform {
+
+/// A moment in UTC: whole seconds since 1 January 1970, before it negative.
+struct tFileTime {
+    std::int64_t nSeconds = 0;
+};
+
+/// One entry of a folder: a regular file or a folder.
+struct tFindData {
+    std::string_view cFileName; ///< the name's field as the system fills it: the name, then at least one NUL
+    bool bDirectory = false;
+    bool bHidden = false;
+    std::int64_t nFileSize = 0; ///< bytes; 0 for a folder
+    tFileTime ftLastWriteTime;  ///< not filled for a folder
+};
+
+/// The entries of one folder in the order in which the file system gave them, without "." and "..".
+class FolderListing
+{
+public:
+    void Clear();
+
+    /// Appends an entry; `cFileName` is copied, with its NUL.
+    void Add(const tFindData& entry);
+
+    [[nodiscard]] std::size_t Count() const { return m_entries.size(); }
+
+    /// Entry `n`, counted from 0. The name lives as long as the listing stays unchanged.
+    [[nodiscard]] tFindData Entry(std::size_t n) const;
+
+private:
+    struct tStored {
+        std::size_t nNameStart;
+        std::uint32_t nNameField;
+        bool bDirectory;
+        bool bHidden;
+        std::int64_t nFileSize;
+        tFileTime ftLastWriteTime;
+    };
+    std::string m_names;
+    std::vector<tStored> m_entries;
+};
+
+} // namespace platform

@@ -1,0 +1,71 @@
+#include "IndexTable.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace platform {
+namespace {
+
+/// Spreads every bit of a number over the whole result (the finalizer of SplitMix64).
+std::uint64_t Mix(std::uint64_t n)
+{
+    n ^= n >> 30;
+    n *= 0xBF58476D1CE4E5B9U;
+    n ^= n >> 27;
+    n *= 0x94D049BB133111EBU;
+    return n ^ (n >> 31);
+}
+
+} // namespace
+
+std::uint64_t HashBytes(std::string_view sText, std::uint64_t nSeed)
+{
+    std::uint64_t nHash = Mix(nSeed + 0x9E3779B97F4A7C15U + sText.size());
+    std::uint64_t nEight = 0;
+    for (; sText.size() >= sizeof nEight; sText.remove_prefix(sizeof nEight)) {
+        std::memcpy(&nEight, sText.data(), sizeof nEight);
+        nHash = Mix(nHash ^ nEight);
+    }
+    nEight = 0;
+    if (!sText.empty()) {
+        std::memcpy(&nEight, sText.data(), sText.size());
+    }
+    return Mix(nHash ^ nEight);
+}
+
+std::uint64_t HashNumbers(std::uint64_t nFirst, std::uint64_t nSecond)
+{
+    return Mix(Mix(nFirst + 0x9E3779B97F4A7C15U) ^ nSecond);
+}
+
+void IndexTable::Insert(std::uint64_t nHash, std::uint32_t nNumber)
+{
+    if ((m_nUsed + 1) * 4 > m_slots.size() * 3) {
+        Grow();
+    }
+    Place({Tag(nHash), nNumber});
+    ++m_nUsed;
+}
+
+void IndexTable::Place(tSlot slot)
+{
+    std::size_t n = slot.nTag & m_nMask;
+    while (m_slots[n].nNumber != kEmpty) {
+        n = (n + 1) & m_nMask;
+    }
+    m_slots[n] = slot;
+}
+
+void IndexTable::Grow()
+{
+    std::vector<tSlot> old(std::max<std::size_t>(16, m_slots.size() * 2));
+    old.swap(m_slots);
+    m_nMask = m_slots.size() - 1;
+    for (const tSlot slot : old) {
+        if (slot.nNumber != kEmpty) {
+            Place(slot);
+        }
+    }
+}
+
+} // namespace platform

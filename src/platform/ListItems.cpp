@@ -1,0 +1,99 @@
+#include "ListItems.h"
+
+#include "ListView.h"
+
+namespace platform {
+
+std::string ListItem::Key() const
+{
+    const auto& row = m_pItems->m_rows[m_nRow];
+    return std::string(row.sHead.View()).append(row.KeyTail());
+}
+
+std::string_view ListItem::Text() const
+{
+    return m_pItems->m_rows[m_nRow].sText.View();
+}
+
+std::string_view ListItem::SubItems(std::size_t n) const
+{
+    return m_pItems->m_rows[m_nRow].aSubItems.at(n - 1).View();
+}
+
+void ListItem::SetSubItems(std::size_t n, std::string_view New_Text)
+{
+    auto& row = m_pItems->m_rows[m_nRow];
+    const bool bIsHead = New_Text == row.sHead.View();
+    row.aSubItems.at(n - 1) = bIsHead ? row.sHead : m_pItems->m_texts.Add(New_Text);
+    m_pItems->m_list.RowChanged(m_nRow);
+}
+
+int ListItem::SmallIcon() const
+{
+    return m_pItems->m_rows[m_nRow].nSmallIcon;
+}
+
+void ListItem::SetSmallIcon(int New_SmallIcon)
+{
+    m_pItems->m_rows[m_nRow].nSmallIcon = static_cast<std::uint8_t>(New_SmallIcon);
+    m_pItems->m_list.RowChanged(m_nRow);
+}
+
+bool ListItem::Selected() const
+{
+    return m_pItems->m_selected[m_nRow];
+}
+
+void ListItem::SetSelected(bool New_Selected)
+{
+    m_pItems->m_selected[m_nRow] = New_Selected;
+    m_pItems->m_list.RowChanged(m_nRow);
+}
+
+StoredText ListItems::Head(std::string_view sHead)
+{
+    const std::uint64_t nHash = HashBytes(sHead);
+    const auto isIt = [&](std::uint32_t n) { return m_heads[n].View() == sHead; };
+    if (const auto* pHead = m_headsByText.Find(nHash, isIt)) {
+        return m_heads[*pHead];
+    }
+    m_headsByText.Insert(nHash, static_cast<std::uint32_t>(m_heads.size()));
+    return m_heads.emplace_back(m_texts.Add(sHead));
+}
+
+std::optional<ListItem> ListItems::Add(std::string_view sKey, std::string_view sText, int nSmallIcon)
+{
+    // 1. Refuse a key that a row has.
+    const std::uint64_t nHash = HashBytes(sKey);
+    const auto isIt = [&](std::uint32_t n) {
+        const std::string_view sHead = m_rows[n].sHead.View();
+        const std::string_view sTail = m_rows[n].KeyTail();
+        return sKey.size() == sHead.size() + sTail.size() && sKey.starts_with(sHead) && sKey.ends_with(sTail);
+    };
+    if (m_keys.Find(nHash, isIt) != nullptr) {
+        return std::nullopt;
+    }
+    // 2. Add the row.
+    const std::size_t nRow = m_rows.size();
+    m_keys.Insert(nHash, static_cast<std::uint32_t>(nRow));
+    const bool bKeyEndsInText = sKey.ends_with(sText);
+    const std::string_view sHead = bKeyEndsInText ? sKey.substr(0, sKey.size() - sText.size()) : sKey;
+    m_rows.push_back(
+        {Head(sHead), m_texts.Add(sText), {}, static_cast<std::uint8_t>(nSmallIcon), bKeyEndsInText});
+    m_selected.push_back(false);
+    m_list.RowAdded(nRow);
+    return ListItem(*this, nRow);
+}
+
+void ListItems::Clear()
+{
+    m_rows = {};
+    m_selected = {};
+    m_keys.Clear();
+    m_texts.Clear();
+    m_heads = {};
+    m_headsByText.Clear();
+    m_list.RowsCleared();
+}
+
+} // namespace platform

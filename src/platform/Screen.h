@@ -1,0 +1,16 @@
+#pragma once
+
+namespace platform {
+
+/// The shapes of the mouse pointer that the program asks for.
+enum class MousePointer { Default = 0, Hourglass = 11 };
+
+/// What concerns all windows at once.
+class Screen
+{
+public:
+    virtual ~Screen() = default;
+    virtual void SetMousePointer(MousePointer pointer) = 0;
+};
+
+} // namespace platform

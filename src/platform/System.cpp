@@ -1,0 +1,54 @@
+#include "System.h"
+
+#include <cassert>
+
+namespace platform {
+namespace {
+
+tSystem g_system;
+
+template <typename T>
+T& InPlace(T* part)
+{
+    assert(part != nullptr && "UseSystem comes first");
+    return *part;
+}
+
+} // namespace
+
+void UseSystem(const tSystem& system)
+{
+    g_system = system;
+}
+
+FileSystem& Files()
+{
+    return InPlace(g_system.files);
+}
+
+EventLoop& Events()
+{
+    return InPlace(g_system.events);
+}
+
+Screen& TheScreen()
+{
+    return InPlace(g_system.screen);
+}
+
+MessageBoxes& Messages()
+{
+    return InPlace(g_system.messages);
+}
+
+void DoEvents()
+{
+    Events().DoEvents(1);
+}
+
+void DoEvents(std::int64_t nSteps)
+{
+    Events().DoEvents(nSteps);
+}
+
+} // namespace platform

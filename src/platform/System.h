@@ -1,0 +1,27 @@
+#pragma once
+
+#include "EventLoop.h"
+#include "FileSystem.h"
+#include "MessageBoxes.h"
+#include "Screen.h"
+
+namespace platform {
+
+/// The operations of the system behind which a person or a disk stands, each set replaceable by one that a
+/// test scripts. None is owned here; each must outlive its use.
+struct tSystem {
+    FileSystem* files = nullptr;
+    EventLoop* events = nullptr;
+    Screen* screen = nullptr;
+    MessageBoxes* messages = nullptr;
+};
+
+/// Puts `system` in place for the whole program. Called before anything that needs it.
+void UseSystem(const tSystem& system);
+
+FileSystem& Files();
+EventLoop& Events();
+Screen& TheScreen();
+MessageBoxes& Messages();
+
+} // namespace platform

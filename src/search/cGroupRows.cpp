@@ -1,0 +1,39 @@
+#include "cGroupRows.h"
+
+#include "FormMembers.h"
+#include "Texts.h"
+
+namespace search {
+
+void cGroupRows::OpenGroup(const tFileEntry& entry)
+{
+    CloseGroup();
+    AddRow(entry, kMarkFirst);
+}
+
+bool cGroupRows::Add(const tFileEntry& entry)
+{
+    return AddRow(entry, kMarkMiddle);
+}
+
+void cGroupRows::CloseGroup()
+{
+    if (m_oItem) {
+        m_oItem->SetSmallIcon(kMarkLast);
+    }
+}
+
+bool cGroupRows::AddRow(const tFileEntry& entry, int nMark)
+{
+    auto item = frmMain().lvFiles.ListItems.Add(entry.FullPath(), entry.sName.View(), nMark);
+    if (!item) {
+        return false;
+    }
+    m_oItem = item;
+    item->SetSubItems(1, platform::FormatNumber(entry.cySize));
+    item->SetSubItems(2, platform::FormatDateTime(entry.dtDate));
+    item->SetSubItems(3, entry.sPath.View());
+    return true;
+}
+
+} // namespace search

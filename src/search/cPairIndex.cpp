@@ -1,0 +1,146 @@
+#include "cPairIndex.h"
+
+#include "IndexTable.h"
+#include "Utf8.h"
+#include "cTextClasses.h"
+#include "mTextCompare.h"
+
+#include <algorithm>
+#include <string>
+#include <unordered_map>
+
+namespace search {
+namespace {
+
+/// Two numbers that are equal for two entries exactly when these are alike.
+struct tLikeness {
+    std::uint64_t nFirst = 0, nSecond = 0;
+    bool operator==(const tLikeness&) const = default;
+};
+
+std::uint32_t Entries()
+{
+    return static_cast<std::uint32_t>(FileCount);
+}
+
+/// Links each entry that takes part to the next one that is alike.
+template <typename LikenessOf>
+std::vector<std::uint32_t> LinkAlike(LikenessOf likenessOf)
+{
+    std::vector<std::uint32_t> next(Entries(), cPairIndex::kNone);
+    platform::IndexTable nearest; // for each likeness, its entry with the lowest index so far
+    for (std::uint32_t i = Entries(); i-- > 0;) {
+        if (FileList[i].bDone) {
+            continue;
+        }
+        const tLikeness likeness = likenessOf(i);
+        const std::uint64_t nHash = platform::HashNumbers(likeness.nFirst, likeness.nSecond);
+        const auto isIt = [&](std::uint32_t n) { return likenessOf(n) == likeness; };
+        if (auto* pNearest = nearest.Find(nHash, isIt)) {
+            next[i] = *pNearest;
+            *pNearest = i;
+        } else {
+            nearest.Insert(nHash, i);
+        }
+    }
+    return next;
+}
+
+std::vector<std::uint32_t> ClassesOfNames()
+{
+    cTextClasses names;
+    std::vector<std::uint32_t> classes(Entries());
+    for (std::uint32_t i = 0; i < Entries(); ++i) {
+        classes[i] = names.ClassOf(FileList[i].sName);
+    }
+    return classes;
+}
+
+/// What tells full paths apart: the classes of folder and name. A path that is no valid UTF-8 as a whole is
+/// compared by other rules than its parts may be alone, so such paths have classes of their own.
+std::vector<tLikeness> PathLikenesses(const std::vector<std::uint32_t>& classesOfNames)
+{
+    constexpr std::uint64_t nOddPath = 0xFFFFFFFFFFFFFFFF;
+    std::vector<tLikeness> likenesses(Entries());
+    cTextClasses folders;
+    std::unordered_map<std::string, std::uint64_t> oddPaths;
+    std::string sFolded;
+
+    platform::StoredText sFolder;
+    std::uint32_t nFolderClass = 0;
+    bool bFolderValid = true;
+    for (std::uint32_t i = 0; i < Entries(); ++i) {
+        const tFileEntry& entry = FileList[i];
+        if (i == 0 || !entry.sPath.SameAs(sFolder)) {
+            sFolder = entry.sPath;
+            nFolderClass = folders.ClassOf(sFolder);
+            bFolderValid = platform::IsValidUtf8(sFolder.View());
+        }
+        const std::string_view sName = entry.sName.View();
+        if (bFolderValid && (platform::IsAscii(sName) || platform::IsValidUtf8(sName))) {
+            likenesses[i] = {nFolderClass, classesOfNames[i]};
+        } else {
+            FoldAscii(entry.FullPath(), sFolded);
+            likenesses[i] = {nOddPath, oddPaths.try_emplace(sFolded, oddPaths.size()).first->second};
+        }
+    }
+    return likenesses;
+}
+
+} // namespace
+
+cPairIndex::cPairIndex(PairKey key)
+{
+    const auto classesOfNames = ClassesOfNames();
+    {
+        const auto paths = PathLikenesses(classesOfNames);
+        m_nextSamePath = LinkAlike([&](std::uint32_t n) { return paths[n]; });
+    }
+    const bool bName = key != PairKey::Size;
+    const bool bSize = key != PairKey::Name;
+    m_nextSameKey = LinkAlike([&](std::uint32_t n) {
+        return tLikeness{bName ? classesOfNames[n] : 0,
+                         bSize ? static_cast<std::uint64_t>(FileList[n].cySize) : 0};
+    });
+}
+
+void cPairIndex::Start(std::int32_t i)
+{
+    m_nPath = m_nextSamePath[static_cast<std::size_t>(i)];
+    m_nKey = m_nextSameKey[static_cast<std::size_t>(i)];
+}
+
+std::optional<tCandidate> cPairIndex::Next()
+{
+    const std::uint32_t j = std::min(m_nPath, m_nKey);
+    if (j == kNone) {
+        return std::nullopt;
+    }
+    const tCandidate candidate{static_cast<std::int32_t>(j), j == m_nPath, j == m_nKey};
+    if (candidate.bSamePath) {
+        m_nPath = m_nextSamePath[j];
+    }
+    if (candidate.bSameKey) {
+        m_nKey = m_nextSameKey[j];
+    }
+    return candidate;
+}
+
+void cPairIndex::SplitByChecksum(std::int32_t i)
+{
+    std::vector<std::uint32_t> open;
+    for (auto n = m_nextSameKey[static_cast<std::size_t>(i)]; n != kNone; n = m_nextSameKey[n]) {
+        if (!FileList[n].bDone) {
+            open.push_back(n);
+        }
+    }
+    std::stable_sort(open.begin(), open.end(), [](std::uint32_t nLeft, std::uint32_t nRight) {
+        return FileList[nLeft].sCRC < FileList[nRight].sCRC;
+    });
+    for (std::size_t n = 0; n < open.size(); ++n) {
+        const bool bLinked = n + 1 < open.size() && FileList[open[n]].sCRC == FileList[open[n + 1]].sCRC;
+        m_nextSameKey[open[n]] = bLinked ? open[n + 1] : kNone;
+    }
+}
+
+} // namespace search

@@ -1,0 +1,60 @@
+#include "mCommon.h"
+
+#include "FormMembers.h"
+#include "System.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace search {
+
+FileTable FileList;
+std::int32_t FileCount = 0;
+bool bStopped = false;
+
+tChecksumText::tChecksumText(std::uint32_t nChecksum)
+{
+    const auto end = std::to_chars(m_aDigits.begin(), m_aDigits.end(), nChecksum, 16).ptr;
+    m_nLength = static_cast<std::uint8_t>(end - m_aDigits.begin());
+    std::transform(m_aDigits.begin(), end, m_aDigits.begin(),
+                   [](char c) { return c >= 'a' ? static_cast<char>(c - 'a' + 'A') : c; });
+}
+
+void FileTable::Resize(std::size_t nCount)
+{
+    m_entries.resize(std::max<std::size_t>(nCount, 1));
+}
+
+void FileTable::Clear()
+{
+    m_entries = std::vector<tFileEntry>(1);
+    texts.Clear();
+}
+
+void SetWorking(bool bWorking)
+{
+    // 1. The commands first, while everything else is as it was.
+    frmMain().CheckMenu();
+    // 2. The mouse pointer.
+    platform::TheScreen().SetMousePointer(bWorking ? platform::MousePointer::Hourglass
+                                                   : platform::MousePointer::Default);
+    // 3. The status word.
+    frmMain().StatusBar1.Panels(1).SetText(bWorking ? "Working..." : "Done");
+    // 4. The form takes input only while nothing runs: this alone keeps a second operation out.
+    frmMain().form.SetEnabled(!bWorking);
+    // 5. The stop flag.
+    bStopped = !bWorking;
+}
+
+void ClearResults()
+{
+    auto& rows = frmMain().lvFiles.ListItems;
+    if (rows.Count() > 0) {
+        rows.Clear();
+    }
+    frmMain().StatusBar1.Panels(2).SetText("0");
+    FileList.Clear();
+    FileCount = 0;
+}
+
+} // namespace search

@@ -1,0 +1,147 @@
+#include "mFindALLFiles.h"
+
+#include "FormMembers.h"
+#include "System.h"
+#include "mCommon.h"
+#include "mCompactPath.h"
+
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <vector>
+
+namespace search {
+namespace {
+
+constexpr auto kMaxSubfolders = static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max());
+
+std::optional<platform::tSystemTime> LocalTime(platform::tFileTime ftTime)
+{
+    platform::tSystemTime stTime;
+    if (!platform::FileTimeToLocalFileTime(ftTime) || !platform::FileTimeToSystemTime(ftTime, stTime)) {
+        return std::nullopt;
+    }
+    return stTime;
+}
+
+/// True if the entry is not hidden, or hidden entries count.
+bool Accepted(const platform::tFindData& entry)
+{
+    return !entry.bHidden || frmMain().mnuOptionsHidden.Checked();
+}
+
+/// Yields once; true if the walk is to stop.
+bool StoppedAfterYield()
+{
+    platform::DoEvents();
+    return bStopped;
+}
+
+void AppendFile(platform::StoredText sPath, std::string_view sName, const platform::tFindData& entry)
+{
+    FileList.Resize(static_cast<std::size_t>(FileCount) + 1);
+    tFileEntry& file = FileList[static_cast<std::size_t>(FileCount)];
+    file.sName = FileList.texts.Add(sName);
+    file.sPath = sPath;
+    file.cySize = entry.nFileSize;
+    if (const auto stTime = LocalTime(entry.ftLastWriteTime)) {
+        file.dtDate = platform::DateValue(*stTime);
+    }
+    file.bDone = file.cySize > kMaxComparedSize;
+    ++FileCount;
+}
+
+/// The names of the accepted subfolders; none if the walk is to stop.
+std::optional<std::vector<std::string>> CollectSubfolders(const platform::FolderListing& listing)
+{
+    std::vector<std::string> names;
+    for (std::size_t n = 0; n < listing.Count(); ++n) {
+        if (StoppedAfterYield()) {
+            return std::nullopt;
+        }
+        const auto entry = listing.Entry(n);
+        if (entry.bDirectory && Accepted(entry) && names.size() < kMaxSubfolders) {
+            names.emplace_back(TrimNull(entry.cFileName));
+        }
+    }
+    return names;
+}
+
+/// Appends the accepted files; false if the walk is to stop.
+bool AppendFiles(const platform::FolderListing& listing, std::string_view sPath)
+{
+    std::optional<platform::StoredText> sStoredPath;
+    for (std::size_t n = 0; n < listing.Count(); ++n) {
+        if (StoppedAfterYield()) {
+            return false;
+        }
+        const auto entry = listing.Entry(n);
+        if (!entry.bDirectory && Accepted(entry)) {
+            if (!sStoredPath) {
+                sStoredPath = FileList.texts.Add(sPath);
+            }
+            AppendFile(*sStoredPath, TrimNull(entry.cFileName), entry);
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+void FindAllFiles(std::string sPath)
+{
+    // 1. The path ends in a separator.
+    if (!sPath.ends_with(platform::kSeparator)) {
+        sPath += platform::kSeparator;
+    }
+    std::vector<std::string> subfolders;
+    {
+        // The listing of a folder is gone before its subfolders are entered.
+        platform::FolderListing listing;
+        if (!platform::Files().ListFolder(sPath, listing)) {
+            return;
+        }
+        // 2. Subfolders.
+        auto collected = CollectSubfolders(listing);
+        if (!collected) {
+            return;
+        }
+        subfolders = std::move(*collected);
+        // 3. Files.
+        if (!AppendFiles(listing, sPath)) {
+            return;
+        }
+    }
+    // 4. Descent.
+    for (const std::string& sName : subfolders) {
+        if (StoppedAfterYield()) {
+            return;
+        }
+        const std::string sFull = sPath + sName;
+        frmProgress().lblFolder.SetCaption(LabelText(sFull));
+        FindAllFiles(sFull + platform::kSeparator);
+    }
+}
+
+std::string_view TrimNull(std::string_view sText)
+{
+    return sText.substr(0, sText.find('\0'));
+}
+
+std::string FileTimeToText(platform::tFileTime ftTime)
+{
+    const auto stTime = LocalTime(ftTime);
+    if (!stTime) {
+        return {};
+    }
+    return std::to_string(stTime->wDay) + "/" + std::to_string(stTime->wMonth) + "/" +
+           std::to_string(stTime->wYear) + " " + std::to_string(stTime->wHour) + ":" +
+           std::to_string(stTime->wMinute) + ":" + std::to_string(stTime->wSecond);
+}
+
+bool FileFound(const std::string& sPath)
+{
+    return platform::Files().PathFound(sPath);
+}
+
+} // namespace search

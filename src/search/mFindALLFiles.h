@@ -1,0 +1,26 @@
+#pragma once
+
+#include "FileTime.h"
+
+#include <string>
+#include <string_view>
+
+namespace search {
+
+/// Appends the files of folder `sPath` and of all folders below it to FileList and raises FileCount: a
+/// folder's own files first, in the file system's order, then its subfolders one by one. Hidden entries are
+/// left out unless mnuOptionsHidden is checked; a folder that cannot be opened counts as empty. Yields at
+/// every entry and returns at once when bStopped is set.
+void FindAllFiles(std::string sPath);
+
+/// `sText` up to its first NUL character, or all of it.
+std::string_view TrimNull(std::string_view sText);
+
+/// The local date and time of `ftTime`, day first and without leading zeros, as 5/2/2004 9:7:3. Empty if the
+/// calendar cannot express it.
+std::string FileTimeToText(platform::tFileTime ftTime);
+
+/// True if full path `sPath` names a file or folder at this moment.
+bool FileFound(const std::string& sPath);
+
+} // namespace search

@@ -1,0 +1,66 @@
+#include "mCompactPath.h"
+
+#include "Utf8.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using search::CompactPath;
+
+TEST(CompactPath, ShortensAsTheTableSays)
+{
+    const std::string sTools = R"(C:\Program Files\Common Files\Shared\Tools\)";
+    const struct {
+        std::string sPath;
+        std::int16_t nWidth;
+        bool bTrailing;
+        std::string sExpected;
+    } cases[] = {
+        {sTools + "readme.txt", 30, false, R"(C:\Program Files...\readme.txt)"},
+        {sTools, 30, false, R"(C:\Program Files\Comm...\Tools)"},
+        {sTools, 30, true, R"(C:\Program Files\Com...\Tools\)"},
+        {R"(C:\Data\)", 8, false, R"(C:\Data\)"},
+        {R"(C:\Data\)", 7, false, R"(C:\Data)"},
+        {R"(C:\Data\)", 7, true, R"(C:\Data\)"},
+        {R"(C:\Docs\annual-report-of-the-year.txt)", 20, false, "..rt-of-the-year.txt"},
+        {R"(C:\Docs\report.txt)", 3, false, "..t"},
+        {R"(C:\Docs\report.txt)", 2, false, "xt"},
+        {R"(C:\Docs\report.txt)", 0, false, ""},
+        {R"(C:\Docs\report.txt)", -5, true, ""},
+        {"", 0, true, ""},
+        {"no-separator-at-all", 17, false, "..eparator-at-all"},
+        {"abcdefgh", 6, false, "..efgh"},
+        {R"(C:\ab\tail)", 8, false, R"(...\tail)"}, // a tail of just the width
+        {R"(C:\ab\tail)", 9, false, R"(C...\tail)"},
+        {R"(C:\ab\c\\)", 7, false, R"(C:\...\)"}, // one trailing separator goes, not two
+    };
+    for (const auto& each : cases) {
+        EXPECT_EQ(CompactPath(each.sPath, each.nWidth, each.bTrailing, '\\'), each.sExpected)
+            << each.sPath << " " << each.nWidth;
+    }
+}
+
+TEST(CompactPath, NeverCutsACharacter)
+{
+    // Letters of two, three and four bytes, and bytes that are no letter at all.
+    const std::string sPath = "/häuser/\xE2\x82\xAC/\xF0\x9F\x98\x80\xFF\xFE/größe";
+    const std::size_t nChars = platform::CountChars(sPath);
+    ASSERT_EQ(nChars, 19U);
+    for (std::int16_t nWidth = 1; static_cast<std::size_t>(nWidth) <= nChars; ++nWidth) {
+        const std::string sShort = CompactPath(sPath, nWidth, false);
+        EXPECT_EQ(platform::CountChars(sShort), static_cast<std::size_t>(nWidth));
+    }
+    EXPECT_EQ(CompactPath(sPath, 12, false), "/hä.../größe");
+    EXPECT_EQ(CompactPath(sPath, 4, false), "..ße");
+}
+
+TEST(CompactPath, LabelsHaveRoomFor57Characters)
+{
+    const std::string sFits = "/" + std::string(55, 'd') + "/";
+    EXPECT_EQ(search::LabelText(sFits), sFits);
+    EXPECT_EQ(search::LabelText("/" + sFits), "/" + sFits.substr(0, 56));
+    EXPECT_EQ(search::LabelText("/aa/" + std::string(55, 'd') + "/"), ".." + std::string(55, 'd'));
+}
+
+} // namespace

@@ -1,0 +1,220 @@
+#include "mDataOperation.h"
+
+#include "LiteralSearch.h"
+
+#include <gtest/gtest.h>
+#include <random>
+
+namespace {
+
+using search::FindDuplicatesByContent;
+using search::FindDuplicatesByName;
+using support::LiteralSearch;
+using support::ScriptedSearch;
+using Rows = std::vector<std::string>;
+
+void AddFile(ScriptedSearch& world, const std::string& sFolder, const std::string& sName,
+             const std::string& sText)
+{
+    world.files.folders[sFolder].push_back({sName, false, static_cast<std::int64_t>(sText.size())});
+    world.files.files[sFolder + sName] = {sText};
+}
+
+TEST(Search, WithoutFoldersSaysSoAndLeavesEverything)
+{
+    ScriptedSearch world;
+    world.lvFiles.ListItems.Add("/old/row", "row", 2);
+    world.StatusBar1.Panels(2).SetText("7");
+    for (const bool bContent : {true, false}) {
+        world.mnuOptionsSearchContent.SetChecked(bContent);
+        world.log.clear();
+        search::mnuSearchFind_Click();
+        EXPECT_EQ(world.log, Rows{"48 Please add at least one folder."});
+        EXPECT_EQ(world.lvFiles.ListItems.Count(), 1U);
+        EXPECT_EQ(world.StatusBar1.Panels(2).Text(), "7");
+    }
+}
+
+TEST(Search, GoesThroughItsStagesInOrder)
+{
+    const Rows stages{"show",           "menu 1",       "pointer 11", "disabled",  "pointer 0", "Scanning...",
+                      "refresh picked", "Comparing...", "menu 2",     "pointer 0", "enabled",   "unload"};
+    for (const bool bContent : {true, false}) {
+        ScriptedSearch world;
+        world.lvFiles.ListItems.Add("/old/row", "row", 2);
+        world.AddFolder("/a");
+        AddFile(world, "/a/", "x", "1");
+        AddFile(world, "/a/", "X", "1");
+        world.mnuOptionsSearchContent.SetChecked(bContent);
+        search::mnuSearchFind_Click();
+        // Paths that differ only in letter case are one file.
+        EXPECT_EQ(world.ShortRows(), Rows{});
+        AddFile(world, "/a/", "y", "2");
+        world.files.folders["/a/"].push_back({"b", true});
+        AddFile(world, "/a/b/", "y", "2");
+        world.lvFiles.ListItems.Add("/old/row", "row", 2);
+        world.log.clear();
+        search::mnuSearchFind_Click();
+        EXPECT_EQ(world.log, stages);
+        EXPECT_EQ(world.ShortRows(), (Rows{"2 /a/y", "4 /a/b/y"}));
+        EXPECT_EQ(world.StatusBar1.Panels(1).Text() + world.StatusBar1.Panels(2).Text(), "Done2");
+        EXPECT_EQ(world.nBarMax, 4);
+        EXPECT_EQ(world.lvFiles.SelectedItem()->Selected(), !bContent);
+        EXPECT_TRUE(search::bStopped);
+    }
+}
+
+TEST(Search, ByNameListsGroupsInTheOrderOfTheirHeads)
+{
+    ScriptedSearch world;
+    world.AddFolder("/A");
+    world.AddFolder("/C");
+    world.files.folders = {
+        {"/A/", {{"x"}, {"y"}, {"B", true}}}, {"/A/B/", {{"x"}}}, {"/C/", {{"y"}, {"x"}, {"z"}}}};
+    FindDuplicatesByName();
+    EXPECT_EQ(world.ShortRows(), (Rows{"2 /A/x", "3 /A/B/x", "4 /C/x", "2 /A/y", "4 /C/y"}));
+}
+
+TEST(Search, SizeDecidesWhereItCounts)
+{
+    for (const bool bNameSize : {true, false}) {
+        ScriptedSearch world;
+        world.mnuOptionsSearchNameSize.SetChecked(bNameSize);
+        const std::vector<std::int64_t> sizes{5, 7, 5, 7, 10'000'001, 10'000'001};
+        for (std::size_t n = 0; n < sizes.size(); ++n) {
+            const std::string sFolder = "/" + std::to_string(n);
+            world.AddFolder(sFolder);
+            world.files.folders[sFolder + "/"] = {{n % 2 == 0 ? "ß.TXT" : "SS.txt", false, sizes[n]}};
+        }
+        FindDuplicatesByName();
+        const Rows bySize{"2 /0/ß.TXT", "4 /2/ß.TXT", "2 /1/SS.txt", "4 /3/SS.txt"};
+        const Rows byName{"2 /0/ß.TXT", "3 /1/SS.txt", "3 /2/ß.TXT", "4 /3/SS.txt"};
+        EXPECT_EQ(world.ShortRows(), bNameSize ? bySize : byName);
+    }
+}
+
+TEST(Search, ByContentReadsOnlyWhatItMustAndOnce)
+{
+    ScriptedSearch world;
+    world.AddFolder("/a");
+    const std::vector<std::string> contents{"one", "two",         "one",    "two",
+                                            "one", "single size", "six...", "other."};
+    for (std::size_t n = 0; n < contents.size(); ++n) {
+        AddFile(world, "/a/", std::to_string(n), contents[n]);
+    }
+    // Above the limit nothing is read, at the limit everything is.
+    world.files.folders["/a/"].insert(world.files.folders["/a/"].end(), {{"big1", false, 10'000'001},
+                                                                         {"big2", false, 10'000'001},
+                                                                         {"max1", false, 10'000'000},
+                                                                         {"max2", false, 10'000'000}});
+    FindDuplicatesByContent();
+    EXPECT_EQ(world.ShortRows(),
+              (Rows{"2 /a/0", "3 /a/2", "4 /a/4", "2 /a/1", "4 /a/3", "2 /a/max1", "4 /a/max2"}));
+    EXPECT_EQ(world.files.opened,
+              (Rows{"/a/0", "/a/1", "/a/2", "/a/3", "/a/4", "/a/6", "/a/7", "/a/max1", "/a/max2"}));
+}
+
+TEST(Search, ByContentTakesUnreadableFilesForZero)
+{
+    ScriptedSearch world;
+    world.AddFolder("/a");
+    for (const char* pName : {"locked", "broken", "fine"}) {
+        AddFile(world, "/a/", pName, "1234");
+    }
+    AddFile(world, "/a/", "empty1", "");
+    AddFile(world, "/a/", "empty2", "");
+    world.files.files["/a/locked"].bOpens = false;
+    world.files.files["/a/broken"].bReads = false;
+    FindDuplicatesByContent();
+    EXPECT_EQ(world.ShortRows(), (Rows{"2 /a/locked", "4 /a/broken", "2 /a/empty1", "4 /a/empty2"}));
+}
+
+TEST(Search, AnnouncesWhatItWillReadWhenTheDiskIsCold)
+{
+    for (const bool bCold : {true, false}) {
+        ScriptedSearch world;
+        world.AddFolder("/a");
+        for (int n = 0; n < 3000; ++n) {
+            AddFile(world, "/a/", std::to_string(n),
+                    std::string(static_cast<std::size_t>(1 + n % 1000), 'x'));
+        }
+        for (auto& [sPath, file] : world.files.files) {
+            file.bWaits = bCold;
+        }
+        FindDuplicatesByContent();
+        ASSERT_EQ(world.files.opened.size(), 3000U);
+        // All but the first, which was waited for unannounced; in reading order.
+        const Rows expected(world.files.opened.begin() + 1, world.files.opened.end());
+        EXPECT_EQ(world.files.announced, bCold ? expected : Rows{});
+    }
+}
+
+/// A small random world in which everything that can go wrong goes wrong often.
+void MakeWorld(ScriptedSearch& world, unsigned nSeed)
+{
+    std::mt19937 random(nSeed);
+    const auto below = [&](unsigned n) { return static_cast<unsigned>(random() % n); };
+    const std::vector<std::string> names{"a", "A", "b", "ä", "Ä", "\xE4", ".h", "x\xFF", "X\xFF", "ß", "SS"};
+    const std::vector<std::string> folders{"/F/", "/f/", "/F/s/", "/f/S/", "/F/\xFF/", "/f/\xFF/"};
+    for (const auto& sFolder : folders) {
+        auto& listed = world.files.folders[sFolder];
+        for (unsigned n = below(7); n > 0; --n) {
+            const std::string sName = names[below(static_cast<unsigned>(names.size()))];
+            const std::int64_t nSize = below(8) == 0 ? 10'000'001 : below(3);
+            listed.push_back({sName, false, nSize});
+            world.files.files[sFolder + sName] = {below(2) == 0 ? "xy" : "zw", below(8) != 0, below(8) != 0,
+                                                  below(3) == 0};
+        }
+    }
+    world.files.folders["/F/"].push_back({"s", true});
+    world.files.folders["/f/"].push_back({"S", true});
+    for (const auto& sFolder : folders) {
+        if (below(3) != 0) {
+            world.AddFolder(sFolder.substr(0, sFolder.size() - 1));
+        }
+    }
+    world.mnuOptionsHidden.SetChecked(below(2) == 0);
+}
+
+TEST(Search, DoesExactlyWhatComparingAllPairsDoes)
+{
+    std::size_t nRows = 0;
+    std::size_t nCancelled = 0;
+    for (unsigned nSeed = 0; nSeed < 6000; ++nSeed) {
+        const auto mode = static_cast<LiteralSearch::Mode>(nSeed % 3);
+        const std::int64_t nCancelStep = nSeed % 2 == 0 ? 0 : 1 + nSeed * 7919 % 400;
+
+        ScriptedSearch literalWorld;
+        MakeWorld(literalWorld, nSeed);
+        literalWorld.nCancelStep = nCancelStep;
+        LiteralSearch literal(literalWorld, mode);
+
+        ScriptedSearch world;
+        MakeWorld(world, nSeed);
+        if (world.lvFolders.ListItems.Count() == 0) {
+            continue;
+        }
+        world.nCancelStep = nCancelStep;
+        world.mnuOptionsSearchContent.SetChecked(mode == LiteralSearch::Mode::Content);
+        world.mnuOptionsSearchNameSize.SetChecked(mode == LiteralSearch::Mode::NameAndSize);
+        search::mnuSearchFind_Click();
+
+        ASSERT_EQ(world.Rows(), literal.rows) << "seed " << nSeed;
+        ASSERT_EQ(support::TableOfProgram(), literal.table) << "seed " << nSeed;
+        ASSERT_EQ(world.files.opened, literalWorld.files.opened) << "seed " << nSeed;
+        if (nCancelStep == 0 || world.nSteps < nCancelStep) {
+            ASSERT_EQ(world.nSteps, literalWorld.nSteps) << "seed " << nSeed;
+        } else {
+            ++nCancelled;
+        }
+        if (literal.nPairsEntry > 0) {
+            const auto& shown = literal.table[static_cast<std::size_t>(literal.nPairsEntry) - 1];
+            ASSERT_EQ(world.Labels(), "Comparing...|" + shown.sPath + "|" + shown.sName) << "seed " << nSeed;
+        }
+        nRows += literal.rows.size();
+    }
+    EXPECT_GT(nRows, 10'000U); // the worlds are not all dull
+    EXPECT_GT(nCancelled, 500U);
+}
+
+} // namespace

@@ -1,0 +1,106 @@
+#pragma once
+
+#include "FormMembers.h"
+#include "ScriptedFiles.h"
+#include "System.h"
+#include "mCommon.h"
+
+#include <string>
+#include <vector>
+
+namespace support {
+
+/// Everything a search meets, in memory: forms, files, and an event loop in which Cancel can be clicked.
+class ScriptedSearch final : public search::MainFormMembers,
+                             private search::ProgressFormMembers,
+                             private search::ProgressBarMembers,
+                             private platform::EventLoop,
+                             private platform::Screen,
+                             private platform::MessageBoxes,
+                             private platform::ControlObserver
+{
+public:
+    ScriptedSearch()
+    {
+        platform::UseSystem({&files, this, this, this});
+        search::UseForms(*this, *this);
+        search::bStopped = false;
+        form.Observe(this);
+        lblStatus.Observe(this);
+    }
+
+    void AddFolder(const std::string& sPath) { lvFolders.ListItems.Add(sPath, sPath, 1); }
+
+    struct tRow {
+        int nMark;
+        std::string sKey, sText, sSize, sFolder;
+        bool operator==(const tRow&) const = default;
+    };
+
+    std::vector<tRow> Rows()
+    {
+        std::vector<tRow> rows;
+        for (std::size_t n = 1; n <= lvFiles.ListItems.Count(); ++n) {
+            const auto item = lvFiles.ListItems(n);
+            rows.push_back({item.SmallIcon(), item.Key(), std::string(item.Text()),
+                            std::string(item.SubItems(1)), std::string(item.SubItems(3))});
+        }
+        return rows;
+    }
+
+    /// The rows in short, as "2 /a/x".
+    std::vector<std::string> ShortRows()
+    {
+        std::vector<std::string> rows;
+        for (const tRow& row : Rows()) {
+            rows.push_back(std::to_string(row.nMark) + " " + row.sKey);
+        }
+        return rows;
+    }
+
+    ScriptedFiles files;
+    std::int64_t nSteps = 0;      ///< the steps yielded for so far
+    std::int64_t nCancelStep = 0; ///< the step at which Cancel is clicked; 0 for never
+    std::vector<std::string> log; ///< what the forms, the screen and the messages saw, in order
+    float nBar = -1, nBarMax = -1;
+    std::string Labels() { return lblStatus.Caption() + "|" + lblFolder.Caption() + "|" + lblFile.Caption(); }
+
+private:
+    void CheckMenu() override { log.push_back("menu " + std::to_string(lvFiles.ListItems.Count())); }
+    std::string sSelectedFolder() override { return "picked"; }
+
+    ProgressBarMembers& pbProgress() override { return *this; }
+    void Show() override { log.emplace_back("show"); }
+    void Refresh() override { log.push_back("refresh " + lblFolder.Caption()); }
+    void Unload() override { log.emplace_back("unload"); }
+    void SetMax(float New_Max) override { nBarMax = New_Max; }
+    void SetValue(float New_Value) override { nBar = New_Value; }
+
+    void DoEvents(std::int64_t nStepsNow) override
+    {
+        const bool bBefore = nSteps < nCancelStep;
+        nSteps += nStepsNow;
+        if (bBefore && nSteps >= nCancelStep) {
+            search::bStopped = true;
+        }
+    }
+
+    void SetMousePointer(platform::MousePointer pointer) override
+    {
+        log.push_back("pointer " + std::to_string(static_cast<int>(pointer)));
+    }
+    void Show(std::string_view sText, platform::MessageIcon icon) override
+    {
+        log.push_back(std::to_string(static_cast<int>(icon)) + " " + std::string(sText));
+    }
+    void ControlChanged(platform::Control& control) override
+    {
+        if (&control == &form) {
+            log.emplace_back(form.Enabled() ? "enabled" : "disabled");
+        } else {
+            log.push_back(lblStatus.Caption());
+        }
+    }
+};
+
+} // namespace support

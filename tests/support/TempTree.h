@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <string>
+#include <string_view>
+
+namespace support {
+
+/// A folder of its own for a test, gone with everything in it when the test ends.
+class TempTree
+{
+public:
+    TempTree()
+    {
+        std::string sPattern = (std::filesystem::temp_directory_path() / "tallyfen-test-XXXXXX").string();
+        EXPECT_NE(mkdtemp(sPattern.data()), nullptr);
+        sRoot = std::filesystem::canonical(sPattern).string();
+    }
+    TempTree(const TempTree&) = delete;
+    TempTree& operator=(const TempTree&) = delete;
+    ~TempTree()
+    {
+        // Not by the library: it cannot delete what lies deeper than a path can be long.
+        const std::string sCommand = "chmod -R u+rwx '" + sRoot + "' 2>/dev/null; rm -rf '" + sRoot + "'";
+        EXPECT_EQ(std::system(sCommand.c_str()), 0);
+    }
+
+    /// Makes file `sName` and the folders above it; returns its full path.
+    std::string File(const std::string& sName, std::string_view sContent = "") const
+    {
+        const std::string sPath = sRoot + "/" + sName;
+        std::filesystem::create_directories(std::filesystem::path(sPath).parent_path());
+        EXPECT_TRUE(std::ofstream(sPath, std::ios::binary) << sContent);
+        return sPath;
+    }
+
+    std::string sRoot; ///< canonical, without a trailing separator
+};
+
+} // namespace support
