@@ -1,10 +1,9 @@
 // One search over the folders named on the command line, without a window.
 
-#include "FormMembers.h"
+#include "HeadlessForms.h"
 #include "PacedEventLoop.h"
 #include "PosixFiles.h"
 #include "System.h"
-#include "cCRC.h"
 #include "mCommon.h"
 #include "mDataOperation.h"
 
@@ -20,7 +19,7 @@
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using bench::Clock;
 
 constexpr int kFolderFailed = 2;
 constexpr int kUsage = 64;
@@ -56,53 +55,14 @@ public:
         return result;
     }
     void CloseHandle(platform::FileHandle hFile) override { m_files.CloseHandle(hFile); }
-    void AnnounceRead(const std::string& sPath) override { m_files.AnnounceRead(sPath); }
+    bool AnnounceRead(const std::string& sPath) override { return m_files.AnnounceRead(sPath); }
+    void CloseKeptFolder() override { m_files.CloseKeptFolder(); }
 
     std::size_t nReads = 0;
     std::size_t nReadBytes = 0;
 
 private:
     desktop::PosixFiles m_files;
-};
-
-class NoScreen final : public platform::Screen
-{
-    void SetMousePointer(platform::MousePointer /*pointer*/) override {}
-};
-
-class MessagesToTerminal final : public platform::MessageBoxes
-{
-    void Show(std::string_view sText, platform::MessageIcon /*icon*/) override { std::cerr << sText << '\n'; }
-};
-
-class MainForm final : public search::MainFormMembers
-{
-    void CheckMenu() override {}
-    std::string sSelectedFolder() override { return {}; }
-};
-
-/// A progress window that notes when the comparison begins.
-class ProgressForm final : public search::ProgressFormMembers,
-                           private search::ProgressBarMembers,
-                           private platform::ControlObserver
-{
-public:
-    ProgressForm() { lblStatus.Observe(this); }
-    Clock::time_point comparisonBegan;
-
-private:
-    ProgressBarMembers& pbProgress() override { return *this; }
-    void Show() override {}
-    void Refresh() override {}
-    void Unload() override {}
-    void SetMax(float /*New_Max*/) override {}
-    void SetValue(float /*New_Value*/) override {}
-    void ControlChanged(platform::Control& /*control*/) override
-    {
-        if (lblStatus.Caption() == "Comparing...") {
-            comparisonBegan = Clock::now();
-        }
-    }
 };
 
 int Usage()
@@ -135,7 +95,7 @@ bool ReadOptions(const std::vector<std::string_view>& arguments, tOptions& optio
 }
 
 /// Lists the folders; false if one cannot be opened.
-bool AddFolders(const std::vector<std::string>& folders, platform::FileSystem& files, MainForm& form)
+bool AddFolders(const std::vector<std::string>& folders, platform::FileSystem& files, bench::MainForm& form)
 {
     bool bAll = true;
     for (const std::string& sFolder : folders) {
@@ -147,11 +107,6 @@ bool AddFolders(const std::vector<std::string>& folders, platform::FileSystem& f
         }
     }
     return bAll;
-}
-
-double Seconds(Clock::time_point from, Clock::time_point to)
-{
-    return std::chrono::duration<double>(to - from).count();
 }
 
 bool WriteRows(const std::string& sFile, platform::ListItems& rows)
@@ -176,11 +131,11 @@ int main(int argc, char** argv)
 
     CountedFiles files;
     desktop::PacedEventLoop events([] {});
-    NoScreen screen;
-    MessagesToTerminal messages;
+    bench::NoScreen screen;
+    bench::MessagesToTerminal messages;
     platform::UseSystem({&files, &events, &screen, &messages});
-    MainForm form;
-    ProgressForm progress;
+    bench::MainForm form;
+    bench::ProgressForm progress;
     search::UseForms(form, progress);
 
     form.mnuOptionsSearchContent.SetChecked(options.bContent);
@@ -203,8 +158,9 @@ int main(int argc, char** argv)
     std::printf("files=%d rows=%zu groups=%zu reads=%zu read_bytes=%zu scan=%.3f compare=%.3f total=%.3f "
                 "peak_kib=%ld\n",
                 search::FileCount, rows.Count(), nGroups, files.nReads, files.nReadBytes,
-                Seconds(began, progress.comparisonBegan), Seconds(progress.comparisonBegan, ended),
-                Seconds(began, ended), usage.ru_maxrss);
+                bench::Seconds(began, progress.comparisonBegan),
+                bench::Seconds(progress.comparisonBegan, ended), bench::Seconds(began, ended),
+                usage.ru_maxrss);
     if (!options.sRowsFile.empty() && !WriteRows(options.sRowsFile, rows)) {
         std::cerr << "searchrun: cannot write " << options.sRowsFile << '\n';
         return kFolderFailed;

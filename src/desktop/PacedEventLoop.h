@@ -19,7 +19,7 @@ public:
 
 private:
     std::function<void()> m_runOnce;
-    std::chrono::steady_clock::time_point m_lastRun;
+    std::chrono::nanoseconds m_lastRun{};
 };
 
 } // namespace desktop

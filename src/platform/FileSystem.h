@@ -43,20 +43,26 @@ public:
     /// the root). Empty if there is no such folder or it cannot be opened.
     virtual std::optional<std::string> CanonicalFolder(const std::string& sPath) = 0;
 
-    /// Opens regular file `sPath` for reading; one that is missing is created empty, in a folder that
-    /// exists. INVALID_HANDLE_VALUE if that fails or if it is no regular file.
+    /// Opens file `sPath` for reading; one that is missing is created empty, in a folder that exists.
+    /// INVALID_HANDLE_VALUE if that fails. What is no regular file is refused here or when it is read.
     virtual FileHandle CreateFileA(const std::string& sPath) = 0;
 
-    /// The length in bytes of an open file, or -1.
+    /// The length in bytes of an open file, or -1 if it is no regular file.
     virtual std::int64_t FileLength(FileHandle hFile) = 0;
 
-    /// Reads the next `nBytes` bytes of the file into `pBuffer`, as many as there are.
+    /// Reads the first `nBytes` bytes of the file into `pBuffer`, as many as there are. Fails for what is no
+    /// regular file, without taking anything from it.
     virtual tReadResult ReadFile(FileHandle hFile, void* pBuffer, std::size_t nBytes) = 0;
 
     virtual void CloseHandle(FileHandle hFile) = 0;
 
     /// Tells the system that `sPath` will be read whole before long. Returns at once; nothing depends on it.
-    virtual void AnnounceRead(const std::string& sPath) = 0;
+    /// False if there was no need: the file is in memory already, or cannot be opened.
+    virtual bool AnnounceRead(const std::string& sPath) = 0;
+
+    /// Lets go of the folder that is kept open from one call to the next. Called when a search has ended, so
+    /// that a volume can be unmounted.
+    virtual void CloseKeptFolder() = 0;
 };
 
 } // namespace platform

@@ -22,6 +22,13 @@ struct tFindData {
     tFileTime ftLastWriteTime;  ///< not filled for a folder
 };
 
+/// What tells folders apart, whatever the paths that lead to them.
+struct tFolderIdentity {
+    std::uint64_t nDevice = 0; ///< the file system
+    std::uint64_t nNumber = 0; ///< the folder's number in it
+    std::uint64_t nMount = 0;  ///< the mount by which it was reached; 0 if the system does not say
+};
+
 /// The entries of one folder in the order in which the file system gave them, without "." and "..".
 class FolderListing
 {
@@ -32,6 +39,10 @@ public:
     void Add(const tFindData& entry);
 
     [[nodiscard]] std::size_t Count() const { return m_entries.size(); }
+
+    /// The folder listed.
+    [[nodiscard]] const tFolderIdentity& Identity() const { return m_identity; }
+    void SetIdentity(const tFolderIdentity& New_Identity) { m_identity = New_Identity; }
 
     /// Entry `n`, counted from 0. The name lives as long as the listing stays unchanged.
     [[nodiscard]] tFindData Entry(std::size_t n) const;
@@ -45,6 +56,7 @@ private:
         std::int64_t nFileSize;
         tFileTime ftLastWriteTime;
     };
+    tFolderIdentity m_identity;
     std::string m_names;
     std::vector<tStored> m_entries;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FileSystem.h"
+#include "cFileBuffer.h"
 #include "mCRCKernels.h"
 
 #include <concepts>
@@ -66,6 +67,9 @@ public:
     /// Takes either algorithm's running value back to where it starts.
     void Clear();
 
+    /// Gives back the memory that is kept from file to file.
+    void ReleaseBuffer() { buffer.Release(); }
+
     /// True if the last file that was read was not all in memory, so that the disk was waited for.
     [[nodiscard]] bool LastReadWaited() const { return bLastReadWaited; }
 
@@ -82,6 +86,7 @@ private:
     bool bTable32Ready = false;
     tCRCTable aTable32{};
     bool bLastReadWaited = false;
+    cFileBuffer buffer;
 };
 
 } // namespace search

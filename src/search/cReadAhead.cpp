@@ -7,8 +7,9 @@
 namespace search {
 namespace {
 
-// A lone file that is not in memory is no sign of a cold disk, and each announcement costs about what the
-// reading of a small file does: so the window starts narrow and doubles with every wait.
+// A lone file that has gone from memory is no sign of a cold disk, and announcing costs about what reading a
+// small file does: the window starts narrow, and widens as long as most of what is announced was not in
+// memory.
 constexpr std::size_t kFirstWindow = 8;
 constexpr std::size_t kMaxFilesAhead = 512;
 constexpr std::int64_t kMaxBytesAhead = 64'000'000;
@@ -32,19 +33,15 @@ void cReadAhead::FileRead(std::int32_t n, bool bWaited)
             m_ahead.pop_front();
         }
     }
-    // 2. Narrow the window after a long run without a wait.
+    // 2. Fill the window, from this entry on if it was not in it.
     if (!bWaited) {
-        if (++m_nReadsSinceWait >= kMaxFilesAhead) {
-            m_nWindow = kFirstWindow;
-        }
         return;
     }
-    // 3. Widen it, and fill it, from this entry on if it was not in it.
-    m_nReadsSinceWait = 0;
-    m_nWindow = std::min(2 * m_nWindow, kMaxFilesAhead);
     if (!m_announced[nRead]) {
         m_nNext = m_index.NextSameKey(nRead);
     }
+    std::size_t nNeeded = 0;
+    std::size_t nAnnounced = 0;
     while (m_ahead.size() < m_nWindow && m_nBytesAhead < kMaxBytesAhead) {
         const std::uint32_t nNext = NextToRead();
         if (nNext == cPairIndex::kNone) {
@@ -57,8 +54,12 @@ void cReadAhead::FileRead(std::int32_t n, bool bWaited)
         m_announced[nNext] = true;
         m_ahead.push_back(nNext);
         m_nBytesAhead += entry.cySize;
-        platform::Files().AnnounceRead(entry.FullPath());
+        nNeeded += platform::Files().AnnounceRead(entry.FullPath()) ? 1U : 0U;
+        ++nAnnounced;
     }
+    // 3. Widen it or narrow it.
+    m_nWindow = 2 * nNeeded >= nAnnounced ? std::min(2 * m_nWindow, kMaxFilesAhead)
+                                          : std::max(m_nWindow / 2, kFirstWindow);
 }
 
 bool cReadAhead::ToBeRead(std::uint32_t n) const

@@ -31,7 +31,6 @@ private:
     std::deque<std::uint32_t> m_ahead;         ///< entries announced and still to be read
     std::int64_t m_nBytesAhead = 0;
     std::size_t m_nWindow; ///< how many files are announced ahead at a wait
-    std::size_t m_nReadsSinceWait = 0;
 };
 
 } // namespace search

@@ -28,7 +28,15 @@ void FileTable::Resize(std::size_t nCount)
 void FileTable::Clear()
 {
     m_entries = std::vector<tFileEntry>(1);
+    m_mounts.clear();
     texts.Clear();
+}
+
+FileTable::tFolder FileTable::AddFolder(std::string_view sPath, const platform::tFolderIdentity& identity)
+{
+    // By one mount a folder has one path, whatever numbers its file system gives out twice.
+    const auto [first, bNew] = m_mounts.try_emplace({identity.nDevice, identity.nNumber}, identity.nMount);
+    return {texts.Add(sPath), !bNew && first->second != identity.nMount};
 }
 
 void SetWorking(bool bWorking)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "FolderListing.h"
+#include "IndexTable.h"
 #include "TextStore.h"
 
 #include <array>
@@ -7,6 +9,8 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace search {
@@ -41,7 +45,14 @@ struct tFileEntry {
     bool bDone = false;         ///< takes no further part in a comparison
 
     /// The file's full path.
-    [[nodiscard]] std::string FullPath() const { return std::string(sPath.View()).append(sName.View()); }
+    [[nodiscard]] std::string FullPath() const
+    {
+        const std::string_view sFolder = sPath.View();
+        const std::string_view sFile = sName.View();
+        std::string sFull;
+        sFull.reserve(sFolder.size() + sFile.size());
+        return sFull.append(sFolder).append(sFile);
+    }
 };
 
 /// The table of files found by the current or last search. It owns its entries and their texts, and holds
@@ -57,9 +68,27 @@ public:
     /// Drops all entries but one, empty, and all texts.
     void Clear();
 
+    /// A folder whose files are about to be entered.
+    struct tFolder {
+        platform::StoredText sPath;
+        bool bSeenBefore = false; ///< by another route, as it is where a folder is mounted in two places
+    };
+
+    /// Keeps the path of a folder.
+    tFolder AddFolder(std::string_view sPath, const platform::tFolderIdentity& identity);
+
     platform::TextStore texts; ///< where the entries' texts are kept
 
 private:
+    using tDeviceAndNumber = std::pair<std::uint64_t, std::uint64_t>;
+    struct tHash {
+        std::size_t operator()(const tDeviceAndNumber& key) const
+        {
+            return platform::HashNumbers(key.first, key.second);
+        }
+    };
+    std::unordered_map<tDeviceAndNumber, std::uint64_t, tHash>
+        m_mounts; ///< by which a folder was reached first
     std::vector<tFileEntry> m_entries = std::vector<tFileEntry>(1);
 };
 

@@ -60,13 +60,8 @@ void EndSearch()
 {
     frmMain().StatusBar1.Panels(2).SetText(std::to_string(frmMain().lvFiles.ListItems.Count()));
     SetWorking(false);
+    platform::Files().CloseKeptFolder();
     frmProgress().Unload();
-}
-
-void ShowEntry(const tFileEntry& entry)
-{
-    frmProgress().lblFolder.SetCaption(LabelText(entry.sPath.View()));
-    frmProgress().lblFile.SetCaption(entry.sName.View());
 }
 
 /// The comparison of all entries of FileList in one of the two ways.
@@ -96,7 +91,7 @@ public:
                 return;
             }
             // 5. Show what is being compared.
-            ShowEntry(Entry(i));
+            Show(Entry(i));
             // 6. and 7. Compare it with all later entries.
             PassOver(i);
         }
@@ -105,6 +100,16 @@ public:
     cGroupRows rows;
 
 private:
+    void Show(const tFileEntry& entry)
+    {
+        // Neighbours in the table mostly share their folder.
+        if (!entry.sPath.SameAs(m_sShownPath)) {
+            m_sShownPath = entry.sPath;
+            frmProgress().lblFolder.SetCaption(LabelText(entry.sPath.View()));
+        }
+        frmProgress().lblFile.SetCaption(entry.sName.View());
+    }
+
     void PassOver(std::int32_t i)
     {
         const bool bNotYetRead = Entry(i).sCRC.empty();
@@ -170,6 +175,7 @@ private:
     bool m_bContent;
     cPairIndex m_index;
     std::optional<cReadAhead> m_readAhead;
+    platform::StoredText m_sShownPath; ///< the folder on the label; none at the start
 };
 
 } // namespace
@@ -211,6 +217,8 @@ void FindDuplicatesByContent()
     cComparison comparison(PairKey::Size);
     comparison.Run();
     comparison.rows.CloseGroup();
+    oCRC().ReleaseBuffer();
+    oCRC().ReleaseBuffer();
     EndSearch();
 }
 

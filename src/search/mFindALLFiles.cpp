@@ -37,17 +37,18 @@ bool StoppedAfterYield()
     return bStopped;
 }
 
-void AppendFile(platform::StoredText sPath, std::string_view sName, const platform::tFindData& entry)
+void AppendFile(const FileTable::tFolder& folder, std::string_view sName, const platform::tFindData& entry)
 {
     FileList.Resize(static_cast<std::size_t>(FileCount) + 1);
     tFileEntry& file = FileList[static_cast<std::size_t>(FileCount)];
     file.sName = FileList.texts.Add(sName);
-    file.sPath = sPath;
+    file.sPath = folder.sPath;
     file.cySize = entry.nFileSize;
     if (const auto stTime = LocalTime(entry.ftLastWriteTime)) {
         file.dtDate = platform::DateValue(*stTime);
     }
-    file.bDone = file.cySize > kMaxComparedSize;
+    // A file reached by a second route would be found a duplicate of itself.
+    file.bDone = file.cySize > kMaxComparedSize || folder.bSeenBefore;
     ++FileCount;
 }
 
@@ -68,19 +69,19 @@ std::optional<std::vector<std::string>> CollectSubfolders(const platform::Folder
 }
 
 /// Appends the accepted files; false if the walk is to stop.
-bool AppendFiles(const platform::FolderListing& listing, std::string_view sPath)
+bool AppendFiles(const platform::FolderListing& listing, const std::string& sPath)
 {
-    std::optional<platform::StoredText> sStoredPath;
+    std::optional<FileTable::tFolder> folder; // kept once there is a file in it
     for (std::size_t n = 0; n < listing.Count(); ++n) {
         if (StoppedAfterYield()) {
             return false;
         }
         const auto entry = listing.Entry(n);
         if (!entry.bDirectory && Accepted(entry)) {
-            if (!sStoredPath) {
-                sStoredPath = FileList.texts.Add(sPath);
+            if (!folder) {
+                folder = FileList.AddFolder(sPath, listing.Identity());
             }
-            AppendFile(*sStoredPath, TrimNull(entry.cFileName), entry);
+            AppendFile(*folder, TrimNull(entry.cFileName), entry);
         }
     }
     return true;

@@ -26,7 +26,11 @@ std::size_t OpenDescriptors()
 class PosixFiles : public ::testing::Test
 {
 protected:
-    void TearDown() override { EXPECT_EQ(OpenDescriptors(), m_nBefore); }
+    void TearDown() override
+    {
+        files.CloseKeptFolder();
+        EXPECT_EQ(OpenDescriptors(), m_nBefore);
+    }
 
     TempTree tree;
     desktop::PosixFiles files;
@@ -125,8 +129,13 @@ TEST_F(PosixFiles, OpensRegularFilesOnlyAndCreatesWhatHasGone)
     fs::permissions(sLocked, fs::perms::none);
     fs::create_symlink("file", tree.sRoot + "/link");
     ASSERT_EQ(mkfifo((tree.sRoot + "/fifo").c_str(), 0666), 0);
-    for (const char* pName : {"/link", "/fifo", "", "/no/folder"}) {
-        EXPECT_EQ(files.CreateFileA(tree.sRoot + pName), platform::INVALID_HANDLE_VALUE) << pName;
+    for (const std::string& sPath : {tree.sRoot + "/link", tree.sRoot + "/fifo", tree.sRoot,
+                                     tree.sRoot + "/no/folder", std::string("/dev/zero")}) {
+        const auto h = files.CreateFileA(sPath);
+        char c = 0;
+        EXPECT_FALSE(files.ReadFile(h, &c, 1).bRead) << sPath;
+        EXPECT_EQ(files.FileLength(h), -1) << sPath;
+        files.CloseHandle(h);
     }
     {
         const Unprivileged user;

@@ -105,6 +105,22 @@ TEST(FindAllFiles, FillsEntries)
     EXPECT_EQ(search::TrimNull("abc"), "abc");
 }
 
+TEST(FindAllFiles, TakesAFileOnceHoweverManyMountsLeadToIt)
+{
+    ScriptedSearch world;
+    world.files.folders = {{"/a/", {{"f"}}}, {"/b/", {{"f"}}}, {"/c/", {{"f"}}}, {"/d/", {{"f"}}}};
+    world.files.identities = {{"/a/", {1, 7, 1}}, {"/b/", {1, 7, 2}}, {"/c/", {1, 8, 2}}, {"/d/", {2, 7, 3}}};
+    search::ClearResults();
+    for (const char* pRoot : {"/a", "/b", "/a", "/c", "/d", "/b"}) {
+        FindAllFiles(pRoot);
+    }
+    std::string sDone;
+    for (std::size_t n = 0; n < 6; ++n) {
+        sDone += search::FileList[n].bDone ? 'x' : '-';
+    }
+    EXPECT_EQ(sDone, "-x---x"); // a folder listed twice is left to the comparison
+}
+
 TEST(FindAllFiles, EntersAtMost32767SubfoldersOfAFolder)
 {
     ScriptedSearch world;

@@ -33,7 +33,8 @@ public:
     };
     std::map<std::string, tFile> files;
     std::map<std::string, std::vector<tListed>> folders; ///< by path with a separator at the end
-    std::vector<std::string> opened;                     ///< the paths given to CreateFileA, in order
+    std::map<std::string, platform::tFolderIdentity> identities;
+    std::vector<std::string> opened; ///< the paths given to CreateFileA, in order
     std::vector<std::string> announced;
 
     ~ScriptedFiles() override { EXPECT_TRUE(m_handles.empty()) << "a file was left open"; }
@@ -45,6 +46,7 @@ public:
         if (folder == folders.end()) {
             return false;
         }
+        listing.SetIdentity(identities[sPath]);
         for (const tListed& entry : folder->second) {
             const std::string sField = entry.sName + std::string(3, '\0');
             listing.Add({sField, entry.bDirectory, entry.sName[0] == '.', entry.nSize, {entry.nSeconds}});
@@ -54,7 +56,12 @@ public:
 
     bool PathFound(const std::string& sPath) override { return files.count(sPath) != 0; }
     std::optional<std::string> CanonicalFolder(const std::string&) override { return {}; }
-    void AnnounceRead(const std::string& sPath) override { announced.push_back(sPath); }
+    bool AnnounceRead(const std::string& sPath) override
+    {
+        announced.push_back(sPath);
+        return files[sPath].bWaits;
+    }
+    void CloseKeptFolder() override {}
 
     platform::FileHandle CreateFileA(const std::string& sPath) override
     {

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "FormMembers.h"
+#include "MessageBoxes.h"
+#include "Screen.h"
+
+#include <chrono>
+#include <iostream>
+
+// What a search needs around it, without a window.
+
+namespace bench {
+
+using Clock = std::chrono::steady_clock;
+
+inline double Seconds(Clock::time_point from, Clock::time_point to)
+{
+    return std::chrono::duration<double>(to - from).count();
+}
+
+class NoScreen final : public platform::Screen
+{
+    void SetMousePointer(platform::MousePointer /*pointer*/) override {}
+};
+
+class MessagesToTerminal final : public platform::MessageBoxes
+{
+    void Show(std::string_view sText, platform::MessageIcon /*icon*/) override { std::cerr << sText << '\n'; }
+};
+
+class MainForm final : public search::MainFormMembers
+{
+    void CheckMenu() override {}
+    std::string sSelectedFolder() override { return {}; }
+};
+
+/// A progress window that notes when the comparison begins.
+class ProgressForm final : public search::ProgressFormMembers,
+                           private search::ProgressBarMembers,
+                           private platform::ControlObserver
+{
+public:
+    ProgressForm() { lblStatus.Observe(this); }
+    Clock::time_point comparisonBegan;
+
+private:
+    ProgressBarMembers& pbProgress() override { return *this; }
+    void Show() override {}
+    void Refresh() override {}
+    void Unload() override {}
+    void SetMax(float /*New_Max*/) override {}
+    void SetValue(float /*New_Value*/) override {}
+    void ControlChanged(platform::Control& /*control*/) override
+    {
+        if (lblStatus.Caption() == "Comparing...") {
+            comparisonBegan = Clock::now();
+        }
+    }
+};
+
+} // namespace bench

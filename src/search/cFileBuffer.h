@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
+namespace search {
+
+/// Room for the bytes of one file at a time. The room is kept from file to file, what was in it is not: pages
+/// that the system has to provide and clear anew for every file cost more than reading the file.
+class cFileBuffer
+{
+public:
+    /// Room for `nBytes` bytes, uninitialised, until the next call. Null if there is no memory.
+    std::uint8_t* Reserve(std::size_t nBytes);
+
+    /// Gives the room back.
+    void Release();
+
+private:
+    std::unique_ptr<std::uint8_t[]> m_aBytes;
+    std::size_t m_nRoom = 0;
+};
+
+} // namespace search
