@@ -56,7 +56,7 @@ public:
     }
     void CloseHandle(platform::FileHandle hFile) override { m_files.CloseHandle(hFile); }
     bool AnnounceRead(const std::string& sPath) override { return m_files.AnnounceRead(sPath); }
-    void CloseKeptFolder() override { m_files.CloseKeptFolder(); }
+    void Forget() override { m_files.Forget(); }
 
     std::size_t nReads = 0;
     std::size_t nReadBytes = 0;

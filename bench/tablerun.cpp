@@ -80,7 +80,7 @@ public:
     }
     void CloseHandle(platform::FileHandle /*hFile*/) override {}
     bool AnnounceRead(const std::string& /*sPath*/) override { return false; }
-    void CloseKeptFolder() override {}
+    void Forget() override {}
 
 private:
     static constexpr std::size_t kNumberAt = 6; // behind "/part-"

@@ -6,6 +6,9 @@
 #include <cstring>
 #include <dirent.h>
 #include <fcntl.h>
+#include <fstream>
+#include <set>
+#include <sstream>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
 #include <sys/uio.h>
@@ -16,6 +19,9 @@ namespace {
 
 using Status = struct stat;
 using StatusX = struct statx;
+
+/// So many reads without a wait are a sign that all is in memory.
+constexpr unsigned kCalm = 256;
 
 constexpr std::size_t kEntriesSize = 65'536;
 
@@ -34,6 +40,25 @@ int OpenAt(int hFolder, const char* pPath, int nFlags)
 bool IsDots(const char* pName)
 {
     return std::strcmp(pName, ".") == 0 || std::strcmp(pName, "..") == 0;
+}
+
+/// True if a file system is mounted in two places or the system does not say: only then can two paths lead to
+/// one folder.
+bool AnyMountedTwice()
+{
+    std::ifstream mounts("/proc/self/mountinfo");
+    std::set<std::string> devices;
+    std::string sLine;
+    while (std::getline(mounts, sLine)) {
+        std::string sMount;
+        std::string sParent;
+        std::string sDevice;
+        std::istringstream(sLine) >> sMount >> sParent >> sDevice;
+        if (!devices.insert(sDevice).second) {
+            return true;
+        }
+    }
+    return devices.empty();
 }
 
 platform::tFolderIdentity IdentityOf(int hFolder)
@@ -105,7 +130,10 @@ bool PosixFiles::ListFolder(const std::string& sPath, platform::FolderListing& l
     if (!folder.IsOpen()) {
         return false;
     }
-    listing.SetIdentity(IdentityOf(folder.Get()));
+    if (!m_bMountedTwice) {
+        m_bMountedTwice = AnyMountedTwice();
+    }
+    listing.SetIdentity(*m_bMountedTwice ? IdentityOf(folder.Get()) : platform::tFolderIdentity());
     return ListOpenFolder(folder.Get(), listing);
 }
 
@@ -170,15 +198,18 @@ platform::tReadResult PosixFiles::ReadFile(platform::FileHandle hFile, void* pBu
     if (lseek(hFile, 0, SEEK_END) != static_cast<off_t>(nBytes) && FileLength(hFile) < 0) {
         return {};
     }
+    // Asking whether a read would have to wait costs as well: where none had to for long, one in eight is
+    // asked.
+    const bool bAsk = m_nReadsSinceWait < kCalm || m_nReadsSinceWait % 8 == 0;
     platform::tReadResult result{true, 0, false};
     while (result.nBytes < nBytes) {
         const iovec rest{static_cast<char*>(pBuffer) + result.nBytes, nBytes - result.nBytes};
         const auto nOffset = static_cast<off_t>(result.nBytes);
         // First what is in memory. A file system that cannot tell counts as having waited.
-        ssize_t nRead = result.bWaited ? -1 : preadv2(hFile, &rest, 1, nOffset, RWF_NOWAIT);
+        ssize_t nRead = bAsk && !result.bWaited ? preadv2(hFile, &rest, 1, nOffset, RWF_NOWAIT) : -1;
         if (nRead < 0) {
-            result.bWaited = true;
-            nRead = preadv(hFile, &rest, 1, nOffset);
+            result.bWaited = bAsk;
+            nRead = pread(hFile, rest.iov_base, rest.iov_len, nOffset);
         }
         if (nRead < 0 && errno == EINTR) {
             continue;
@@ -191,7 +222,15 @@ platform::tReadResult PosixFiles::ReadFile(platform::FileHandle hFile, void* pBu
         }
         result.nBytes += static_cast<std::size_t>(nRead);
     }
+    m_nReadsSinceWait = result.bWaited ? 0 : m_nReadsSinceWait + 1;
     return result;
+}
+
+void PosixFiles::Forget()
+{
+    m_keptFolder = {};
+    m_bMountedTwice.reset();
+    m_nReadsSinceWait = 0;
 }
 
 void PosixFiles::CloseHandle(platform::FileHandle hFile)

@@ -22,7 +22,7 @@ public:
     platform::tReadResult ReadFile(platform::FileHandle hFile, void* pBuffer, std::size_t nBytes) override;
     void CloseHandle(platform::FileHandle hFile) override;
     bool AnnounceRead(const std::string& sPath) override;
-    void CloseKeptFolder() override { m_keptFolder = {}; }
+    void Forget() override;
 
 private:
     int Open(const std::string& sPath, int nFlags);
@@ -35,6 +35,8 @@ private:
         Descriptor folder;
     };
     tKeptFolder m_keptFolder;
+    std::optional<bool> m_bMountedTwice; ///< some file system is; not looked up yet
+    unsigned m_nReadsSinceWait = 0;
     std::unique_ptr<char[]> m_entries; ///< where the kernel writes the entries of a folder
 };
 

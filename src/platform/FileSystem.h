@@ -60,9 +60,9 @@ public:
     /// False if there was no need: the file is in memory already, or cannot be opened.
     virtual bool AnnounceRead(const std::string& sPath) = 0;
 
-    /// Lets go of the folder that is kept open from one call to the next. Called when a search has ended, so
-    /// that a volume can be unmounted.
-    virtual void CloseKeptFolder() = 0;
+    /// A search has ended: lets go of what is kept from one call to the next, so that a volume can be
+    /// unmounted and the next search sees what is mounted then.
+    virtual void Forget() = 0;
 };
 
 } // namespace platform

@@ -60,7 +60,7 @@ void EndSearch()
 {
     frmMain().StatusBar1.Panels(2).SetText(std::to_string(frmMain().lvFiles.ListItems.Count()));
     SetWorking(false);
-    platform::Files().CloseKeptFolder();
+    platform::Files().Forget();
     frmProgress().Unload();
 }
 

@@ -28,7 +28,7 @@ class PosixFiles : public ::testing::Test
 protected:
     void TearDown() override
     {
-        files.CloseKeptFolder();
+        files.Forget();
         EXPECT_EQ(OpenDescriptors(), m_nBefore);
     }
 

@@ -61,7 +61,7 @@ public:
         announced.push_back(sPath);
         return files[sPath].bWaits;
     }
-    void CloseKeptFolder() override {}
+    void Forget() override {}
 
     platform::FileHandle CreateFileA(const std::string& sPath) override
     {
