@@ -1,11 +1,36 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace platform {
 
 class Control;
+
+/// A window of the system as the program names it: the control or form that stands for it, or null.
+using WindowHandle = Control*;
+
+/// A place on a form in twips, 1440 to the inch and 15 to the logical pixel, from the upper left corner of
+/// the inside of what holds the control.
+struct tPlace {
+    float Left = 0;
+    float Top = 0;
+    float Width = 0;
+    float Height = 0;
+};
+
+/// Where a text stands in its field.
+enum class Alignment { Left, Right, Center };
+
+/// The system's colours that the program asks for.
+enum class SystemColor : std::uint32_t {
+    WindowBackground = 0x80000005,
+    ButtonFace = 0x8000000F,
+    ButtonShadow = 0x80000010,
+    InfoBackground = 0x80000018
+};
 
 /// Whoever shows a control and wants to hear when its state has changed.
 class ControlObserver
@@ -23,6 +48,43 @@ public:
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
     virtual ~Control() = default;
+
+    WindowHandle hWnd() { return this; }
+
+    /// The name of the control's class as the system's window functions know it; empty if nobody asks.
+    [[nodiscard]] virtual std::string_view ClassName() const { return {}; }
+
+    [[nodiscard]] float Left() const { return m_place.Left; }
+    [[nodiscard]] float Top() const { return m_place.Top; }
+    [[nodiscard]] float Width() const { return m_place.Width; }
+    [[nodiscard]] float Height() const { return m_place.Height; }
+    void SetLeft(float New_Left) { Change(m_place.Left, New_Left); }
+    void SetTop(float New_Top) { Change(m_place.Top, New_Top); }
+
+    /// A size below 0 is refused: false, and the control keeps the one it has.
+    bool SetWidth(float New_Width) { return SetSize(m_place.Width, New_Width); }
+    bool SetHeight(float New_Height) { return SetSize(m_place.Height, New_Height); }
+
+    [[nodiscard]] const tPlace& Place() const { return m_place; }
+    void SetPlace(const tPlace& New_Place);
+
+    [[nodiscard]] bool Visible() const { return m_bVisible; }
+    void SetVisible(bool New_Visible) { Change(m_bVisible, New_Visible); }
+
+    /// A control that is not enabled takes no input.
+    [[nodiscard]] bool Enabled() const { return m_bEnabled; }
+    void SetEnabled(bool New_Enabled) { Change(m_bEnabled, New_Enabled); }
+
+    /// What holds the control, or null; and the controls that it holds, in the order in which they came.
+    [[nodiscard]] Control* Parent() const { return m_pParent; }
+    [[nodiscard]] const std::vector<Control*>& Children() const { return m_children; }
+
+    /// Moves the control into `pParent`, or out of any with null. Neither owns the other: who ends takes
+    /// itself out first.
+    void SetParent(Control* pParent);
+
+    /// Carries out a message of the system; 0 for one that means nothing to the control.
+    virtual long Message(unsigned nMessage, long wParam, long lParam);
 
     /// The observer is not owned and must outlive the control or be taken off with null.
     void Observe(ControlObserver* pObserver) { m_pObserver = pObserver; }
@@ -46,54 +108,14 @@ protected:
     }
 
 private:
-    ControlObserver* m_pObserver = nullptr;
-};
+    bool SetSize(float& member, float New_Size);
 
-/// A line of text on a form.
-class Label : public Control
-{
-public:
-    [[nodiscard]] const std::string& Caption() const { return m_sCaption; }
-    void SetCaption(std::string_view New_Caption) { Change(m_sCaption, New_Caption); }
-
-private:
-    std::string m_sCaption;
-};
-
-/// An item of a menu.
-class MenuItem : public Control
-{
-public:
-    [[nodiscard]] bool Checked() const { return m_bChecked; }
-    void SetChecked(bool New_Checked) { Change(m_bChecked, New_Checked); }
-
-private:
-    bool m_bChecked = false;
-};
-
-/// A window. While it is not enabled it takes no input and no control of it can get the focus.
-class Form : public Control
-{
-public:
-    [[nodiscard]] bool Enabled() const { return m_bEnabled; }
-    void SetEnabled(bool New_Enabled) { Change(m_bEnabled, New_Enabled); }
-
-    /// The control that has the focus, or null.
-    [[nodiscard]] Control* ActiveControl() const { return m_pActive; }
-
-    /// Gives `control` the focus; false if the form is not enabled.
-    bool SetFocus(Control& control)
-    {
-        if (!m_bEnabled) {
-            return false;
-        }
-        Change(m_pActive, &control);
-        return true;
-    }
-
-private:
+    tPlace m_place;
+    bool m_bVisible = true;
     bool m_bEnabled = true;
-    Control* m_pActive = nullptr;
+    Control* m_pParent = nullptr;
+    std::vector<Control*> m_children;
+    ControlObserver* m_pObserver = nullptr;
 };
 
 } // namespace platform

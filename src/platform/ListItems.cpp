@@ -2,6 +2,9 @@
 
 #include "ListView.h"
 
+#include <algorithm>
+#include <numeric>
+
 namespace platform {
 
 std::string ListItem::Key() const
@@ -46,8 +49,12 @@ bool ListItem::Selected() const
 
 void ListItem::SetSelected(bool New_Selected)
 {
-    m_pItems->m_selected[m_nRow] = New_Selected;
-    m_pItems->m_list.RowChanged(m_nRow);
+    m_pItems->m_list.SelectRow(m_nRow, New_Selected);
+}
+
+void ListItem::EnsureVisible()
+{
+    m_pItems->m_list.ShowRow(m_nRow);
 }
 
 StoredText ListItems::Head(std::string_view sHead)
@@ -81,8 +88,48 @@ std::optional<ListItem> ListItems::Add(std::string_view sKey, std::string_view s
     m_rows.push_back(
         {Head(sHead), m_texts.Add(sText), {}, static_cast<std::uint8_t>(nSmallIcon), bKeyEndsInText});
     m_selected.push_back(false);
-    m_list.RowAdded(nRow);
-    return ListItem(*this, nRow);
+    return ListItem(*this, m_list.RowAdded(nRow));
+}
+
+void ListItems::Remove(std::size_t n)
+{
+    const auto nRow = static_cast<std::ptrdiff_t>(n - 1);
+    m_rows.erase(m_rows.begin() + nRow);
+    m_selected.erase(m_selected.begin() + nRow);
+    IndexKeys();
+    m_list.RowRemoved(n - 1);
+}
+
+std::size_t ListItems::SelectedCount() const
+{
+    return static_cast<std::size_t>(std::count(m_selected.begin(), m_selected.end(), true));
+}
+
+void ListItems::IndexKeys()
+{
+    m_keys.Clear();
+    for (std::size_t n = 0; n < m_rows.size(); ++n) {
+        m_keys.Insert(HashBytes(ListItem(*this, n).Key()), static_cast<std::uint32_t>(n));
+    }
+}
+
+std::vector<std::size_t> ListItems::Sort(bool bDescending)
+{
+    std::vector<std::size_t> order(m_rows.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::stable_sort(order.begin(), order.end(), [&](std::size_t nLeft, std::size_t nRight) {
+        const std::string_view sLeft = m_rows[nLeft].sText.View();
+        const std::string_view sRight = m_rows[nRight].sText.View();
+        return bDescending ? sRight < sLeft : sLeft < sRight;
+    });
+    const auto rows = m_rows;
+    const auto selected = m_selected;
+    for (std::size_t n = 0; n < order.size(); ++n) {
+        m_rows[n] = rows[order[n]];
+        m_selected[n] = selected[order[n]];
+    }
+    IndexKeys();
+    return order;
 }
 
 void ListItems::Clear()

@@ -38,8 +38,12 @@ public:
     [[nodiscard]] int SmallIcon() const;
     void SetSmallIcon(int New_SmallIcon);
 
+    /// In a list of one selected row at a time, selecting a row takes the selection from the others.
     [[nodiscard]] bool Selected() const;
     void SetSelected(bool New_Selected);
+
+    /// Scrolls the list so that the row can be seen.
+    void EnsureVisible();
 
 private:
     ListItems* m_pItems;
@@ -58,8 +62,15 @@ public:
     /// Row `n`, counted from 1.
     [[nodiscard]] ListItem operator()(std::size_t n) { return {*this, n - 1}; }
 
-    /// Adds a row at the end. Refused, with nothing added, if a row has that key already.
+    /// How many rows are selected.
+    [[nodiscard]] std::size_t SelectedCount() const;
+
+    /// Adds a row at the end, or in its place in a sorted list. Refused, with nothing added, if a row has
+    /// that key already.
     std::optional<ListItem> Add(std::string_view sKey, std::string_view sText, int nSmallIcon);
+
+    /// Removes row `n`, counted from 1.
+    void Remove(std::size_t n);
 
     /// Removes all rows.
     void Clear();
@@ -82,6 +93,10 @@ private:
     };
 
     StoredText Head(std::string_view sHead);
+    void IndexKeys();
+
+    /// Orders the rows by their texts; returns for each place the place its row had before.
+    std::vector<std::size_t> Sort(bool bDescending);
 
     ListView& m_list;
     std::vector<tRow> m_rows;

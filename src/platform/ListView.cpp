@@ -1,6 +1,13 @@
 #include "ListView.h"
 
+#include <algorithm>
+
 namespace platform {
+
+void ListView::AddColumn(const std::string& sHeader, Alignment alignment, float width)
+{
+    m_columns.emplace_back(sHeader, alignment, width);
+}
 
 std::optional<ListItem> ListView::SelectedItem()
 {
@@ -10,7 +17,62 @@ std::optional<ListItem> ListView::SelectedItem()
     return ListItem(ListItems, *m_nCurrent);
 }
 
-void ListView::RowAdded(std::size_t nRow)
+void ListView::SetSelectedItem(std::size_t nRow)
+{
+    m_nCurrent = nRow;
+    if (m_pRowObserver != nullptr) {
+        m_pRowObserver->SelectionChanged();
+    }
+}
+
+std::optional<ListItem> ListView::HitTest(float x, float y)
+{
+    if (m_pRowObserver == nullptr) {
+        return std::nullopt;
+    }
+    const auto nRow = m_pRowObserver->RowAt(x, y);
+    return nRow ? std::optional(ListItem(ListItems, *nRow)) : std::nullopt;
+}
+
+void ListView::SetSorted(bool New_Sorted)
+{
+    m_bSorted = New_Sorted;
+    if (m_bSorted) {
+        SortRows(0);
+    }
+}
+
+/// Sorts the rows; returns where the row went that was at `nFollowed`.
+std::size_t ListView::SortRows(std::size_t nFollowed)
+{
+    const auto order = ListItems.Sort(m_nSortOrder != 0);
+    const auto placeOf = [&](std::size_t nRow) {
+        const auto found = std::find(order.begin(), order.end(), nRow);
+        return static_cast<std::size_t>(found - order.begin());
+    };
+    if (m_nCurrent) {
+        m_nCurrent = placeOf(*m_nCurrent);
+    }
+    if (m_pRowObserver != nullptr) {
+        m_pRowObserver->RowsSorted();
+    }
+    return placeOf(nFollowed);
+}
+
+long ListView::Message(unsigned nMessage, long wParam, long lParam)
+{
+    if (nMessage == LVM_GETEXTENDEDLISTVIEWSTYLE) {
+        return m_nExtendedStyle;
+    }
+    if (nMessage == LVM_SETEXTENDEDLISTVIEWSTYLE) {
+        const long nBefore = m_nExtendedStyle;
+        Change(m_nExtendedStyle, lParam);
+        return nBefore;
+    }
+    return Control::Message(nMessage, wParam, lParam);
+}
+
+std::size_t ListView::RowAdded(std::size_t nRow)
 {
     if (!m_nCurrent) {
         m_nCurrent = nRow;
@@ -18,12 +80,46 @@ void ListView::RowAdded(std::size_t nRow)
     if (m_pRowObserver != nullptr) {
         m_pRowObserver->RowAdded(nRow);
     }
+    return m_bSorted ? SortRows(nRow) : nRow;
 }
 
 void ListView::RowChanged(std::size_t nRow)
 {
     if (m_pRowObserver != nullptr) {
         m_pRowObserver->RowChanged(nRow);
+    }
+}
+
+void ListView::ShowRow(std::size_t nRow)
+{
+    if (m_pRowObserver != nullptr) {
+        m_pRowObserver->ShowRow(nRow);
+    }
+}
+
+void ListView::SelectRow(std::size_t nRow, bool bSelected)
+{
+    auto& selected = ListItems.m_selected;
+    if (bSelected && !MultiSelect) {
+        selected.assign(selected.size(), false);
+    }
+    selected[nRow] = bSelected;
+    if (m_pRowObserver != nullptr) {
+        m_pRowObserver->SelectionChanged();
+    }
+}
+
+void ListView::RowRemoved(std::size_t nRow)
+{
+    // The row that takes the place of the current one becomes it, the one before it at the end of the list.
+    const std::size_t nCount = ListItems.Count();
+    if (nCount == 0) {
+        m_nCurrent.reset();
+    } else if (m_nCurrent && (*m_nCurrent > nRow || *m_nCurrent == nCount)) {
+        --*m_nCurrent;
+    }
+    if (m_pRowObserver != nullptr) {
+        m_pRowObserver->RowRemoved(nRow);
     }
 }
 

@@ -1,33 +1,92 @@
 #pragma once
 
-#include "Control.h"
+#include "Form.h"
 #include "ListItems.h"
+#include "Widgets.h"
 
 #include <cstddef>
+#include <deque>
+#include <functional>
 #include <optional>
+#include <string>
+#include <utility>
 
 namespace platform {
 
-/// Whoever shows a list view and wants to hear of its rows.
+/// A column of a list view.
+class ColumnHeader : public Control
+{
+public:
+    ColumnHeader(std::string sHeader, Alignment textAlignment, float width)
+        : sText(std::move(sHeader)), alignment(textAlignment)
+    {
+        SetWidth(width);
+    }
+
+    const std::string sText;
+    const Alignment alignment;
+};
+
+/// Whoever shows a list view and wants to hear of its rows, which are counted from 0 here.
 class ListViewObserver
 {
 public:
     virtual ~ListViewObserver() = default;
-    virtual void RowAdded(std::size_t nRow) = 0;   ///< counted from 0
-    virtual void RowChanged(std::size_t nRow) = 0; ///< texts, picture or selection
+    virtual void RowAdded(std::size_t nRow) = 0;
+    virtual void RowChanged(std::size_t nRow) = 0; ///< its texts or its picture
+    virtual void RowRemoved(std::size_t nRow) = 0;
     virtual void RowsCleared() = 0;
+    virtual void RowsSorted() = 0;
+    virtual void SelectionChanged() = 0; ///< of any rows, or the current row
+    virtual void ShowRow(std::size_t nRow) = 0;
+
+    /// The row at a point of the list, in twips.
+    virtual std::optional<std::size_t> RowAt(float x, float y) = 0;
 };
 
 /// A list of rows in columns. Selected rows and the current row, the one with the focus, are two things.
 class ListView : public Control
 {
 public:
+    static constexpr unsigned LVM_SETEXTENDEDLISTVIEWSTYLE = 4150;
+    static constexpr unsigned LVM_GETEXTENDEDLISTVIEWSTYLE = 4151;
+    static constexpr long LVS_EX_FULLROWSELECT = 32;
+
     explicit ListView(Form& form) : ListItems(*this), m_form(form) {}
+
+    MouseEvent MouseDown;
+    MouseEvent MouseUp;
+    std::function<void()> DblClick;
+    std::function<void(int KeyCode, int Shift)> KeyUp;
+    std::function<void()> ColumnClick;
 
     class ListItems ListItems;
 
+    /// Column `n`, counted from 1. They are fixed from the design on, but for their widths.
+    [[nodiscard]] ColumnHeader& ColumnHeaders(std::size_t n) { return m_columns.at(n - 1); }
+    [[nodiscard]] std::size_t ColumnCount() const { return m_columns.size(); }
+    void AddColumn(const std::string& sHeader, Alignment alignment, float width);
+
+    bool MultiSelect = false;          ///< several rows can be selected at once
+    bool ShowsSelectionAlways = false; ///< also without the focus
+    SystemColor BackColor = SystemColor::WindowBackground;
+
     /// The current row. The first row of an empty list becomes it, without being selected.
     [[nodiscard]] std::optional<ListItem> SelectedItem();
+    void SetSelectedItem(std::size_t nRow); ///< counted from 0
+
+    /// The row at a point of the list, in twips.
+    [[nodiscard]] std::optional<ListItem> HitTest(float x, float y);
+
+    /// Sorts by `Text`, and keeps rows that are added later sorted, from the next SetSorted(true) on.
+    void SetSorted(bool New_Sorted);
+
+    /// 0 for ascending, 1 for descending.
+    [[nodiscard]] int SortOrder() const { return m_nSortOrder; }
+    void SetSortOrder(int New_SortOrder) { m_nSortOrder = New_SortOrder; }
+
+    [[nodiscard]] bool FullRowSelect() const { return (m_nExtendedStyle & LVS_EX_FULLROWSELECT) != 0; }
+    long Message(unsigned nMessage, long wParam, long lParam) override;
 
     /// Gives the list the keyboard focus; false if its form takes no input at the moment.
     bool SetFocus() { return m_form.SetFocus(*this); }
@@ -39,12 +98,20 @@ private:
     friend class ListItem;
     friend class ListItems;
 
-    void RowAdded(std::size_t nRow);
+    std::size_t RowAdded(std::size_t nRow); ///< returns where the row ends up
     void RowChanged(std::size_t nRow);
+    void ShowRow(std::size_t nRow);
+    void SelectRow(std::size_t nRow, bool bSelected);
+    std::size_t SortRows(std::size_t nFollowed);
+    void RowRemoved(std::size_t nRow);
     void RowsCleared();
 
     Form& m_form;
+    std::deque<ColumnHeader> m_columns;
     std::optional<std::size_t> m_nCurrent;
+    bool m_bSorted = false;
+    int m_nSortOrder = 0;
+    long m_nExtendedStyle = 0;
     ListViewObserver* m_pRowObserver = nullptr;
 };
 

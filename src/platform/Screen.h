@@ -11,6 +11,10 @@ class Screen
 public:
     virtual ~Screen() = default;
     virtual void SetMousePointer(MousePointer pointer) = 0;
+
+    /// How many twips a logical pixel is wide and high.
+    virtual float TwipsPerPixelX() { return 15; }
+    virtual float TwipsPerPixelY() { return 15; }
 };
 
 } // namespace platform

@@ -13,6 +13,11 @@ namespace platform {
 class Panel : public Control
 {
 public:
+    std::string sToolTip;                  ///< the blanks at its ends are part of it
+    float MinWidth = 0;                    ///< twips
+    bool bSpring = false;                  ///< takes the room that the others leave; else as wide as its text
+    Alignment alignment = Alignment::Left; ///< of the text in the field
+
     [[nodiscard]] const std::string& Text() const { return m_sText; }
     void SetText(std::string_view New_Text) { Change(m_sText, New_Text); }
 
@@ -28,6 +33,7 @@ public:
 
     /// Panel `n`, counted from 1.
     [[nodiscard]] Panel& Panels(std::size_t n) { return m_panels.at(n - 1); }
+    [[nodiscard]] std::size_t PanelCount() const { return m_panels.size(); }
 
 private:
     std::deque<Panel> m_panels;

@@ -41,6 +41,11 @@ MessageBoxes& Messages()
     return InPlace(g_system.messages);
 }
 
+WindowManager& Windows()
+{
+    return InPlace(g_system.windows);
+}
+
 void DoEvents()
 {
     Events().DoEvents(1);

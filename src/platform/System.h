@@ -4,6 +4,7 @@
 #include "FileSystem.h"
 #include "MessageBoxes.h"
 #include "Screen.h"
+#include "WindowManager.h"
 
 namespace platform {
 
@@ -14,6 +15,7 @@ struct tSystem {
     EventLoop* events = nullptr;
     Screen* screen = nullptr;
     MessageBoxes* messages = nullptr;
+    WindowManager* windows = nullptr;
 };
 
 /// Puts `system` in place for the whole program. Called before anything that needs it.
@@ -23,5 +25,6 @@ FileSystem& Files();
 EventLoop& Events();
 Screen& TheScreen();
 MessageBoxes& Messages();
+WindowManager& Windows();
 
 } // namespace platform

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "Control.h"
+#include "Form.h"
 #include "ListView.h"
+#include "Menu.h"
 #include "StatusBar.h"
 
 #include <string>

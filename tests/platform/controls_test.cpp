@@ -11,7 +11,12 @@ struct Observer final : platform::ListViewObserver {
     std::string sHeard;
     void RowAdded(std::size_t nRow) override { sHeard += "+" + std::to_string(nRow); }
     void RowChanged(std::size_t nRow) override { sHeard += "~" + std::to_string(nRow); }
+    void RowRemoved(std::size_t nRow) override { sHeard += "-" + std::to_string(nRow); }
     void RowsCleared() override { sHeard += "0"; }
+    void RowsSorted() override { sHeard += "s"; }
+    void SelectionChanged() override { sHeard += "*"; }
+    void ShowRow(std::size_t nRow) override { sHeard += "^" + std::to_string(nRow); }
+    std::optional<std::size_t> RowAt(float /*x*/, float y) override { return static_cast<std::size_t>(y); }
 };
 
 TEST(ListView, RefusesAKeyItHolds)
@@ -57,7 +62,7 @@ TEST(ListView, KeepsItsRowsAndTellsOfThem)
     second.SetSubItems(1, "12");
     second.SetSmallIcon(4);
     second.SetSelected(true);
-    EXPECT_EQ(observer.sHeard, "+0+1~1~1~1~1");
+    EXPECT_EQ(observer.sHeard, "+0+1~1~1~1*");
     // The first row became the current one without being selected.
     EXPECT_EQ(list.SelectedItem()->Index(), 1U);
     EXPECT_FALSE(first.Selected());

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "FormMembers.h"
+
+namespace dialogs {
+
+/// What the dialogs use of the main form beyond what the searches do, whoever offers it.
+class MainFormMembers : public search::MainFormMembers
+{
+public:
+    platform::ListView lvFake{form}; ///< covers lvFiles while a search fills it
+};
+
+/// Puts the main form in place for the dialogs; it is not owned here.
+void UseMainForm(MainFormMembers& main);
+
+MainFormMembers& frmMain();
+
+} // namespace dialogs

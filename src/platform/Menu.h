@@ -1,0 +1,33 @@
+#pragma once
+
+#include "Control.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace platform {
+
+/// An item of a menu, a submenu, or a separator line.
+class MenuItem : public Control
+{
+public:
+    std::function<void()> Click;
+
+    /// What the item says; "&" stands before the letter of its access key, and "-" alone is a separator.
+    std::string sCaption;
+
+    /// The key that gives the command, as "F2"; empty for none.
+    std::string sShortcut;
+
+    /// The items of a submenu; not owned.
+    std::vector<MenuItem*> items;
+
+    [[nodiscard]] bool Checked() const { return m_bChecked; }
+    void SetChecked(bool New_Checked) { Change(m_bChecked, New_Checked); }
+
+private:
+    bool m_bChecked = false;
+};
+
+} // namespace platform

@@ -1,0 +1,17 @@
+#include "Toolbar.h"
+
+namespace platform {
+
+long Toolbar::NativeWindow::Message(unsigned nMessage, long wParam, long lParam)
+{
+    if (nMessage == TB_GETSTYLE) {
+        return m_nStyle;
+    }
+    if (nMessage == TB_SETSTYLE) {
+        Change(m_nStyle, lParam);
+        return 0;
+    }
+    return Control::Message(nMessage, wParam, lParam);
+}
+
+} // namespace platform

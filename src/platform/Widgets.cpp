@@ -1,0 +1,17 @@
+#include "Widgets.h"
+
+#include <algorithm>
+
+namespace platform {
+
+long ProgressWindow::Message(unsigned nMessage, long wParam, long lParam)
+{
+    if (nMessage != PBM_SETPOS) {
+        return Control::Message(nMessage, wParam, lParam);
+    }
+    const int nBefore = m_nPosition;
+    Change(m_nPosition, static_cast<int>(std::clamp(wParam, 0L, 100L)));
+    return nBefore;
+}
+
+} // namespace platform

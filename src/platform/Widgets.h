@@ -1,0 +1,99 @@
+#pragma once
+
+#include "Control.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+// The small controls of a form.
+
+namespace platform {
+
+/// The keys held during an event of the mouse or the keyboard, added up.
+inline constexpr int kShiftHeld = 1;
+inline constexpr int kCtrlHeld = 2;
+inline constexpr int kAltHeld = 4;
+
+/// Mouse buttons.
+inline constexpr int kLeftButton = 1;
+inline constexpr int kRightButton = 2;
+
+/// An event of the mouse: the button, the keys held, the place in twips relative to the control.
+using MouseEvent = std::function<void(int Button, int Shift, float X, float Y)>;
+
+/// Text on a form.
+class Label : public Control
+{
+public:
+    [[nodiscard]] const std::string& Caption() const { return m_sCaption; }
+    void SetCaption(std::string_view New_Caption) { Change(m_sCaption, New_Caption); }
+
+private:
+    std::string m_sCaption;
+};
+
+/// A button with a text.
+class CommandButton : public Control
+{
+public:
+    std::function<void()> Click;
+
+    [[nodiscard]] const std::string& Caption() const { return m_sCaption; }
+    void SetCaption(std::string_view New_Caption) { Change(m_sCaption, New_Caption); }
+
+private:
+    std::string m_sCaption;
+};
+
+/// A plain area of one colour that takes the mouse and can hold other controls.
+class PictureBox : public Control
+{
+public:
+    MouseEvent MouseDown;
+    MouseEvent MouseMove;
+    MouseEvent MouseUp;
+
+    [[nodiscard]] SystemColor BackColor() const { return m_backColor; }
+    void SetBackColor(SystemColor New_BackColor) { Change(m_backColor, New_BackColor); }
+
+    /// True for a bar by which the user moves the border between what is above and what is below.
+    [[nodiscard]] bool SizesNorthSouth() const { return m_bSizesNorthSouth; }
+    void SetSizesNorthSouth(bool New_Value) { Change(m_bSizesNorthSouth, New_Value); }
+
+private:
+    SystemColor m_backColor = SystemColor::ButtonFace;
+    bool m_bSizesNorthSouth = false;
+};
+
+/// A picture, by the name of its drawing.
+class Image : public Control
+{
+public:
+    [[nodiscard]] const std::string& Picture() const { return m_sPicture; }
+    void SetPicture(std::string_view New_Picture) { Change(m_sPicture, New_Picture); }
+
+private:
+    std::string m_sPicture;
+};
+
+/// The native progress control: a bar from 0 to 100.
+class ProgressWindow : public Control
+{
+public:
+    static constexpr std::string_view kClass = "msctls_progress32";
+    static constexpr unsigned PBM_SETPOS = 1026;
+
+    [[nodiscard]] std::string_view ClassName() const override { return kClass; }
+
+    /// Where the bar stands, 0 to 100.
+    [[nodiscard]] int Position() const { return m_nPosition; }
+
+    /// PBM_SETPOS moves the bar to `wParam`, or to the end of the range that is nearer.
+    long Message(unsigned nMessage, long wParam, long lParam) override;
+
+private:
+    int m_nPosition = 0;
+};
+
+} // namespace platform
