@@ -55,8 +55,11 @@ public:
         return result;
     }
     void CloseHandle(platform::FileHandle hFile) override { m_files.CloseHandle(hFile); }
-    bool AnnounceRead(const std::string& sPath) override { return m_files.AnnounceRead(sPath); }
-    void Forget() override { m_files.Forget(); }
+    bool AnnounceRead(const std::string& sPath, std::int64_t nBytes) override
+    {
+        return m_files.AnnounceRead(sPath, nBytes);
+    }
+    void SearchEnded() override { m_files.SearchEnded(); }
 
     std::size_t nReads = 0;
     std::size_t nReadBytes = 0;

@@ -79,8 +79,8 @@ public:
         return {true, nBytes, false};
     }
     void CloseHandle(platform::FileHandle /*hFile*/) override {}
-    bool AnnounceRead(const std::string& /*sPath*/) override { return false; }
-    void Forget() override {}
+    bool AnnounceRead(const std::string& /*sPath*/, std::int64_t /*nBytes*/) override { return false; }
+    void SearchEnded() override {}
 
 private:
     static constexpr std::size_t kNumberAt = 6; // behind "/part-"

@@ -46,6 +46,12 @@ error=$("$run" "$tree/gone" "$tree/in" 2>&1 >/dev/null)
 expect 'status of a folder that is gone' 2 "$("$run" "$tree/gone" "$tree/in" >/dev/null 2>&1; echo $?)"
 expect 'its name' 1 "$(grep -c "$tree/gone" <<<"$error")"
 expect 'the others are searched' 1 "$("$run" "$tree/gone" "$tree/in" 2>/dev/null | grep -c 'rows=4')"
+# A folder mounted in two places holds each file once. Only where mounting is allowed.
+if unshare -m true 2>/dev/null; then
+    mkdir "$tree/mounted"
+    expect 'a second mount' 0 "$(unshare -m bash -c 'mount --bind "$2/in/one" "$2/mounted" &&
+        "$1" --hidden "$2/in/one" "$2/mounted"' - "$run" "$tree" | sed 's/.*rows=\([0-9]*\).*/\1/')"
+fi
 for arguments in '' '--unknown /' '--rows'; do
     # shellcheck disable=SC2086
     expect "status of '$arguments'" 64 "$("$run" $arguments >/dev/null 2>&1; echo $?)"

@@ -26,7 +26,7 @@ constexpr unsigned kCalm = 256;
 constexpr std::size_t kEntriesSize = 65'536;
 
 /// Neither follows a link, nor waits for a FIFO's writer, nor is passed on to a program started later.
-constexpr int kOpenFlags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
+constexpr int kOpenFlags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
 
 int OpenAt(int hFolder, const char* pPath, int nFlags)
 {
@@ -35,6 +35,13 @@ int OpenAt(int hFolder, const char* pPath, int nFlags)
         h = openat(hFolder, pPath, nFlags, 0666);
     } while (h < 0 && errno == EINTR);
     return h;
+}
+
+/// The folder that holds `sPath`, as a place to open or look at names in.
+Descriptor OpenFolderOf(const std::string& sPath)
+{
+    const std::string sFolder = sPath.substr(0, sPath.rfind(platform::kSeparator) + 1);
+    return Descriptor(OpenAt(AT_FDCWD, sFolder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
 }
 
 bool IsDots(const char* pName)
@@ -104,8 +111,10 @@ PosixFiles::PosixFiles() : m_entries(std::make_unique_for_overwrite<char[]>(kEnt
 /// limit.
 int PosixFiles::Open(const std::string& sPath, int nFlags)
 {
-    const bool bFolder = sPath.size() > 1 && sPath.ends_with(platform::kSeparator);
-    const std::size_t nName = sPath.rfind(platform::kSeparator, sPath.size() - (bFolder ? 2 : 1)) + 1;
+    const std::size_t nName = sPath.rfind(platform::kSeparator) + 1;
+    if (nName == 0 || nName == sPath.size()) {
+        return OpenAt(AT_FDCWD, sPath.c_str(), nFlags); // no folder, or the root
+    }
     const bool bAgain = m_keptFolder.sPath == std::string_view(sPath).substr(0, nName);
     if (!bAgain) {
         m_keptFolder = {sPath.substr(0, nName), Descriptor()};
@@ -115,8 +124,7 @@ int PosixFiles::Open(const std::string& sPath, int nFlags)
         }
     }
     if (!m_keptFolder.folder.IsOpen()) {
-        m_keptFolder.folder =
-            Descriptor(OpenAt(AT_FDCWD, m_keptFolder.sPath.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+        m_keptFolder.folder = OpenFolderOf(sPath);
     }
     return m_keptFolder.folder.IsOpen() ? OpenAt(m_keptFolder.folder.Get(), sPath.c_str() + nName, nFlags)
                                         : -1;
@@ -125,8 +133,13 @@ int PosixFiles::Open(const std::string& sPath, int nFlags)
 bool PosixFiles::ListFolder(const std::string& sPath, platform::FolderListing& listing)
 {
     listing.Clear();
-    const bool bWithinLimit = sPath.size() < PATH_MAX;
-    const Descriptor folder(bWithinLimit ? Open(sPath, kOpenFlags | O_DIRECTORY) : -1);
+    if (sPath.size() >= PATH_MAX) {
+        return false;
+    }
+    // With a separator at its end a path would be followed through a link.
+    const bool bSeparator = sPath.size() > 1 && sPath.ends_with(platform::kSeparator);
+    const Descriptor folder(
+        Open(sPath.substr(0, sPath.size() - (bSeparator ? 1 : 0)), kOpenFlags | O_DIRECTORY));
     if (!folder.IsOpen()) {
         return false;
     }
@@ -160,7 +173,15 @@ bool PosixFiles::ListOpenFolder(int hFolder, platform::FolderListing& listing)
 bool PosixFiles::PathFound(const std::string& sPath)
 {
     Status status{};
-    return lstat(sPath.c_str(), &status) == 0;
+    if (lstat(sPath.c_str(), &status) == 0) {
+        return true;
+    }
+    if (errno != ENAMETOOLONG) {
+        return false;
+    }
+    const Descriptor folder = OpenFolderOf(sPath);
+    const char* pName = sPath.c_str() + sPath.rfind(platform::kSeparator) + 1;
+    return folder.IsOpen() && fstatat(folder.Get(), pName, &status, AT_SYMLINK_NOFOLLOW) == 0;
 }
 
 std::optional<std::string> PosixFiles::CanonicalFolder(const std::string& sPath)
@@ -182,7 +203,12 @@ platform::FileHandle PosixFiles::CreateFileA(const std::string& sPath)
     // Asking to create only what is missing: where files of others lie in a shared folder such as the
     // temporary one, the system refuses an open that asks to create even if the file is there.
     const int h = Open(sPath, kOpenFlags);
-    return h < 0 && errno == ENOENT ? Open(sPath, kOpenFlags | O_CREAT) : h;
+    if (h >= 0 || errno != ENOENT) {
+        return h;
+    }
+    // The folder kept open may be one that has been replaced meanwhile.
+    m_keptFolder = {};
+    return Open(sPath, kOpenFlags | O_CREAT);
 }
 
 std::int64_t PosixFiles::FileLength(platform::FileHandle hFile)
@@ -207,8 +233,8 @@ platform::tReadResult PosixFiles::ReadFile(platform::FileHandle hFile, void* pBu
         const auto nOffset = static_cast<off_t>(result.nBytes);
         // First what is in memory. A file system that cannot tell counts as having waited.
         ssize_t nRead = bAsk && !result.bWaited ? preadv2(hFile, &rest, 1, nOffset, RWF_NOWAIT) : -1;
-        if (nRead < 0) {
-            result.bWaited = bAsk;
+        if (nRead <= 0) {
+            result.bWaited = result.bWaited || (bAsk && nRead < 0);
             nRead = pread(hFile, rest.iov_base, rest.iov_len, nOffset);
         }
         if (nRead < 0 && errno == EINTR) {
@@ -226,7 +252,7 @@ platform::tReadResult PosixFiles::ReadFile(platform::FileHandle hFile, void* pBu
     return result;
 }
 
-void PosixFiles::Forget()
+void PosixFiles::SearchEnded()
 {
     m_keptFolder = {};
     m_bMountedTwice.reset();
@@ -238,13 +264,13 @@ void PosixFiles::CloseHandle(platform::FileHandle hFile)
     close(hFile);
 }
 
-bool PosixFiles::AnnounceRead(const std::string& sPath)
+bool PosixFiles::AnnounceRead(const std::string& sPath, std::int64_t nBytes)
 {
     const Descriptor file(Open(sPath, kOpenFlags));
     char c = 0;
     const iovec first{&c, 1};
     const bool bNeeded = file.IsOpen() && preadv2(file.Get(), &first, 1, 0, RWF_NOWAIT) < 0;
-    return bNeeded && posix_fadvise(file.Get(), 0, 0, POSIX_FADV_WILLNEED) == 0;
+    return bNeeded && posix_fadvise(file.Get(), 0, nBytes, POSIX_FADV_WILLNEED) == 0;
 }
 
 } // namespace desktop

@@ -21,8 +21,8 @@ public:
     std::int64_t FileLength(platform::FileHandle hFile) override;
     platform::tReadResult ReadFile(platform::FileHandle hFile, void* pBuffer, std::size_t nBytes) override;
     void CloseHandle(platform::FileHandle hFile) override;
-    bool AnnounceRead(const std::string& sPath) override;
-    void Forget() override;
+    bool AnnounceRead(const std::string& sPath, std::int64_t nBytes) override;
+    void SearchEnded() override;
 
 private:
     int Open(const std::string& sPath, int nFlags);

@@ -6,6 +6,25 @@
 
 namespace desktop {
 
+std::string GroupDigits(const std::string& sDigits, const std::string& sSeparator,
+                        const std::string& grouping)
+{
+    std::string sResult;
+    std::size_t nEnd = sDigits.size();
+    std::size_t nSize = 0;
+    for (std::size_t n = 0; n < grouping.size() || nSize > 0; ++n) {
+        if (n < grouping.size()) {
+            nSize = grouping[n] == CHAR_MAX ? 0 : static_cast<std::size_t>(grouping[n]);
+        }
+        if (nSize == 0 || nEnd <= nSize) {
+            break;
+        }
+        nEnd -= nSize;
+        sResult.insert(0, sSeparator + sDigits.substr(nEnd, nSize));
+    }
+    return sDigits.substr(0, nEnd) + sResult;
+}
+
 const UserLocale& UserLocale::Get()
 {
     static const UserLocale locale;
@@ -20,28 +39,13 @@ UserLocale::UserLocale() : m_locale(newlocale(LC_ALL_MASK, "", nullptr))
     }
     const locale_t before = uselocale(m_locale);
     m_sThousandsSeparator = localeconv()->thousands_sep;
-    m_grouping = m_sThousandsSeparator.empty() ? "" : localeconv()->grouping;
+    m_grouping = localeconv()->grouping;
     uselocale(before);
 }
 
 std::string UserLocale::Number(std::int64_t nNumber) const
 {
-    const std::string sDigits = std::to_string(nNumber);
-    // From the right: each size serves one group, the last one all that remain; CHAR_MAX ends the grouping.
-    std::string sResult;
-    std::size_t nEnd = sDigits.size();
-    std::size_t nSize = 0;
-    for (std::size_t n = 0; n < m_grouping.size() || nSize > 0; ++n) {
-        if (n < m_grouping.size()) {
-            nSize = m_grouping[n] == CHAR_MAX ? 0 : static_cast<std::size_t>(m_grouping[n]);
-        }
-        if (nSize == 0 || nEnd <= nSize) {
-            break;
-        }
-        nEnd -= nSize;
-        sResult.insert(0, m_sThousandsSeparator + sDigits.substr(nEnd, nSize));
-    }
-    return sDigits.substr(0, nEnd) + sResult;
+    return GroupDigits(std::to_string(nNumber), m_sThousandsSeparator, m_grouping);
 }
 
 std::string UserLocale::DateTime(const platform::tSystemTime& stTime) const

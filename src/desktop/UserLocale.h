@@ -8,6 +8,12 @@
 
 namespace desktop {
 
+/// The digits of a whole number with `sSeparator` between its groups. `grouping` holds the sizes of the
+/// groups from the right, as struct lconv has them: the last one serves all that remain, CHAR_MAX ends the
+/// grouping.
+std::string GroupDigits(const std::string& sDigits, const std::string& sSeparator,
+                        const std::string& grouping);
+
 /// The user's ways of writing numbers and dates, as the environment names them when the program starts.
 class UserLocale
 {

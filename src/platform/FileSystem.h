@@ -21,7 +21,7 @@ inline constexpr FileHandle INVALID_HANDLE_VALUE = -1;
 struct tReadResult {
     bool bRead = false;     ///< false: the read failed, and the other fields mean nothing
     std::size_t nBytes = 0; ///< bytes delivered; fewer than asked for only at the end of the file
-    bool bWaited = false;   ///< not all of it was in memory, so the disk was waited for
+    bool bWaited = false;   ///< the disk was waited for; while none had to be for long, not all reads tell
 };
 
 /// The files and folders of the machine. Paths are exact bytes. No operation
@@ -56,13 +56,13 @@ public:
 
     virtual void CloseHandle(FileHandle hFile) = 0;
 
-    /// Tells the system that `sPath` will be read whole before long. Returns at once; nothing depends on it.
-    /// False if there was no need: the file is in memory already, or cannot be opened.
-    virtual bool AnnounceRead(const std::string& sPath) = 0;
+    /// Tells the system that the first `nBytes` bytes of `sPath` will be read before long. Returns at once;
+    /// nothing depends on it. False if there was no need: the file is in memory already, or cannot be opened.
+    virtual bool AnnounceRead(const std::string& sPath, std::int64_t nBytes) = 0;
 
     /// A search has ended: lets go of what is kept from one call to the next, so that a volume can be
     /// unmounted and the next search sees what is mounted then.
-    virtual void Forget() = 0;
+    virtual void SearchEnded() = 0;
 };
 
 } // namespace platform

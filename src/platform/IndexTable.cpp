@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <random>
 
 namespace platform {
 namespace {
@@ -16,11 +17,20 @@ std::uint64_t Mix(std::uint64_t n)
     return n ^ (n >> 31);
 }
 
+std::uint64_t Seed()
+{
+    static const std::uint64_t nSeed = [] {
+        std::random_device random;
+        return (std::uint64_t{random()} << 32) | random();
+    }();
+    return nSeed;
+}
+
 } // namespace
 
-std::uint64_t HashBytes(std::string_view sText, std::uint64_t nSeed)
+std::uint64_t HashBytes(std::string_view sText)
 {
-    std::uint64_t nHash = Mix(nSeed + 0x9E3779B97F4A7C15U + sText.size());
+    std::uint64_t nHash = Mix(Seed() + sText.size());
     std::uint64_t nEight = 0;
     for (; sText.size() >= sizeof nEight; sText.remove_prefix(sizeof nEight)) {
         std::memcpy(&nEight, sText.data(), sizeof nEight);
@@ -35,7 +45,7 @@ std::uint64_t HashBytes(std::string_view sText, std::uint64_t nSeed)
 
 std::uint64_t HashNumbers(std::uint64_t nFirst, std::uint64_t nSecond)
 {
-    return Mix(Mix(nFirst + 0x9E3779B97F4A7C15U) ^ nSecond);
+    return Mix(Mix(nFirst + Seed()) ^ nSecond);
 }
 
 void IndexTable::Insert(std::uint64_t nHash, std::uint32_t nNumber)

@@ -7,8 +7,11 @@
 
 namespace platform {
 
-/// A hash of the bytes of `sText`; `nSeed` tells uses apart and chains several texts into one hash.
-std::uint64_t HashBytes(std::string_view sText, std::uint64_t nSeed = 0);
+// Hashes differ from one run of the program to the next, so that nobody can name files such that all of them
+// have one hash.
+
+/// A hash of the bytes of `sText`.
+std::uint64_t HashBytes(std::string_view sText);
 
 /// A hash of a pair of numbers.
 std::uint64_t HashNumbers(std::uint64_t nFirst, std::uint64_t nSecond);

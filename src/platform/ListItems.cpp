@@ -134,11 +134,11 @@ std::vector<std::size_t> ListItems::Sort(bool bDescending)
 
 void ListItems::Clear()
 {
-    m_rows = {};
-    m_selected = {};
+    m_rows = decltype(m_rows)();
+    m_selected = decltype(m_selected)();
     m_keys.Clear();
     m_texts.Clear();
-    m_heads = {};
+    m_heads = decltype(m_heads)();
     m_headsByText.Clear();
     m_list.RowsCleared();
 }

@@ -36,17 +36,13 @@ std::size_t ValidLength(std::string_view sText)
     return 0;
 }
 
-} // namespace
-
+/// The length in bytes of the character at the start of `sText`, which is not empty: 1 to 4.
 std::size_t CharLength(std::string_view sText)
 {
     return std::max<std::size_t>(ValidLength(sText), 1);
 }
 
-bool ValidChar(std::string_view sText)
-{
-    return ValidLength(sText) != 0;
-}
+} // namespace
 
 std::size_t CountChars(std::string_view sText)
 {

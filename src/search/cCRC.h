@@ -70,7 +70,7 @@ public:
     /// Gives back the memory that is kept from file to file.
     void ReleaseBuffer() { buffer.Release(); }
 
-    /// True if the last file that was read was not all in memory, so that the disk was waited for.
+    /// What the last read told of waiting for the disk (tReadResult::bWaited).
     [[nodiscard]] bool LastReadWaited() const { return bLastReadWaited; }
 
 private:

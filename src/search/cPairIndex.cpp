@@ -6,8 +6,6 @@
 #include "mTextCompare.h"
 
 #include <algorithm>
-#include <string>
-#include <unordered_map>
 
 namespace search {
 namespace {
@@ -60,11 +58,11 @@ std::vector<std::uint32_t> ClassesOfNames()
 /// compared by other rules than its parts may be alone, so such paths have classes of their own.
 std::vector<tLikeness> PathLikenesses(const std::vector<std::uint32_t>& classesOfNames)
 {
-    constexpr std::uint64_t nOddPath = 0xFFFFFFFFFFFFFFFF;
+    constexpr std::uint64_t nOddPath = std::uint64_t{1} << 32;
     std::vector<tLikeness> likenesses(Entries());
     cTextClasses folders;
-    std::unordered_map<std::string, std::uint64_t> oddPaths;
-    std::string sFolded;
+    cTextClasses oddFolders(FoldAscii);
+    cTextClasses oddNames(FoldAscii);
 
     platform::StoredText sFolder;
     std::uint32_t nFolderClass = 0;
@@ -80,8 +78,7 @@ std::vector<tLikeness> PathLikenesses(const std::vector<std::uint32_t>& classesO
         if (bFolderValid && (platform::IsAscii(sName) || platform::IsValidUtf8(sName))) {
             likenesses[i] = {nFolderClass, classesOfNames[i]};
         } else {
-            FoldAscii(entry.FullPath(), sFolded);
-            likenesses[i] = {nOddPath, oddPaths.try_emplace(sFolded, oddPaths.size()).first->second};
+            likenesses[i] = {nOddPath | oddFolders.ClassOf(sFolder), oddNames.ClassOf(entry.sName)};
         }
     }
     return likenesses;
@@ -104,24 +101,23 @@ cPairIndex::cPairIndex(PairKey key)
     });
 }
 
-void cPairIndex::Start(std::int32_t i)
+cPairIndex::tPass cPairIndex::Start(std::int32_t i) const
 {
-    m_nPath = m_nextSamePath[static_cast<std::size_t>(i)];
-    m_nKey = m_nextSameKey[static_cast<std::size_t>(i)];
+    return {m_nextSamePath[static_cast<std::size_t>(i)], m_nextSameKey[static_cast<std::size_t>(i)]};
 }
 
-std::optional<tCandidate> cPairIndex::Next()
+std::optional<tCandidate> cPairIndex::Next(tPass& pass) const
 {
-    const std::uint32_t j = std::min(m_nPath, m_nKey);
+    const std::uint32_t j = std::min(pass.nPath, pass.nKey);
     if (j == kNone) {
         return std::nullopt;
     }
-    const tCandidate candidate{static_cast<std::int32_t>(j), j == m_nPath, j == m_nKey};
+    const tCandidate candidate{static_cast<std::int32_t>(j), j == pass.nPath, j == pass.nKey};
     if (candidate.bSamePath) {
-        m_nPath = m_nextSamePath[j];
+        pass.nPath = m_nextSamePath[j];
     }
     if (candidate.bSameKey) {
-        m_nKey = m_nextSameKey[j];
+        pass.nKey = m_nextSameKey[j];
     }
     return candidate;
 }

@@ -24,29 +24,30 @@ struct tCandidate {
 class cPairIndex
 {
 public:
+    static constexpr std::uint32_t kNone = 0xFFFFFFFF;
+
     /// Indexes FileList as it is now; it must not grow while the index is in use.
     explicit cPairIndex(PairKey key);
 
-    /// Begins the pass of entry `i` over the later entries.
-    void Start(std::int32_t i);
+    /// How far the pass of an entry over the later ones has come.
+    struct tPass {
+        std::uint32_t nPath = kNone; ///< the next entry of the same path,
+        std::uint32_t nKey = kNone;  ///< and that of the same key
+    };
+
+    /// Begins the pass of entry `i`.
+    [[nodiscard]] tPass Start(std::int32_t i) const;
 
     /// The next entry of the pass, in ascending order, or none.
-    std::optional<tCandidate> Next();
-
-    /// The next entry of the same key behind entry `n`, or kNone.
-    [[nodiscard]] std::uint32_t NextSameKey(std::uint32_t n) const { return m_nextSameKey[n]; }
+    std::optional<tCandidate> Next(tPass& pass) const;
 
     /// Parts the entries that share the key of `i` and follow it by their checksums, which are all known
     /// now: from here on only those with equal checksums count as having the same key.
     void SplitByChecksum(std::int32_t i);
 
-    static constexpr std::uint32_t kNone = 0xFFFFFFFF;
-
 private:
     std::vector<std::uint32_t> m_nextSamePath;
     std::vector<std::uint32_t> m_nextSameKey;
-    std::uint32_t m_nPath = kNone; ///< the pass: the next entry of the same path,
-    std::uint32_t m_nKey = kNone;  ///< and that of the same key
 };
 
 } // namespace search

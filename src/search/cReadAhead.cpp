@@ -38,7 +38,10 @@ void cReadAhead::FileRead(std::int32_t n, bool bWaited)
         return;
     }
     if (!m_announced[nRead]) {
-        m_nNext = m_index.NextSameKey(nRead);
+        m_ahead.clear();
+        m_nBytesAhead = 0;
+        m_pass = m_index.Start(n);
+        m_nPartner = NextPartner();
     }
     std::size_t nNeeded = 0;
     std::size_t nAnnounced = 0;
@@ -54,12 +57,14 @@ void cReadAhead::FileRead(std::int32_t n, bool bWaited)
         m_announced[nNext] = true;
         m_ahead.push_back(nNext);
         m_nBytesAhead += entry.cySize;
-        nNeeded += platform::Files().AnnounceRead(entry.FullPath()) ? 1U : 0U;
+        nNeeded += platform::Files().AnnounceRead(entry.FullPath(), entry.cySize) ? 1U : 0U;
         ++nAnnounced;
     }
     // 3. Widen it or narrow it.
-    m_nWindow = 2 * nNeeded >= nAnnounced ? std::min(2 * m_nWindow, kMaxFilesAhead)
-                                          : std::max(m_nWindow / 2, kFirstWindow);
+    if (nAnnounced > 0) {
+        m_nWindow = 2 * nNeeded >= nAnnounced ? std::min(2 * m_nWindow, kMaxFilesAhead)
+                                              : std::max(m_nWindow / 2, kFirstWindow);
+    }
 }
 
 bool cReadAhead::ToBeRead(std::uint32_t n) const
@@ -68,22 +73,38 @@ bool cReadAhead::ToBeRead(std::uint32_t n) const
     return !m_announced[n] && !entry.bDone && entry.sCRC.empty() && entry.cySize > 0;
 }
 
-/// The next entry in reading order: each entry that shares its key with later ones, then these, before any
-/// other. Members of a group that was gone through from its first one begin no pass of their own.
+/// The next entry that will be read in the pass looked into, or kNone. Other routes to the entry itself will
+/// not be read, in this pass or in one of their own.
+std::uint32_t cReadAhead::NextPartner()
+{
+    while (const auto candidate = m_index.Next(m_pass)) {
+        const auto n = static_cast<std::uint32_t>(candidate->j);
+        if (candidate->bSamePath) {
+            m_announced[n] = true;
+        } else if (candidate->bSameKey) {
+            return n;
+        }
+    }
+    return cPairIndex::kNone;
+}
+
+/// The next entry in reading order: each entry that has partners, then these, before any other.
 std::uint32_t cReadAhead::NextToRead()
 {
-    if (m_nNext == cPairIndex::kNone) {
-        while (m_nHead < m_announced.size() &&
-               (m_index.NextSameKey(m_nHead) == cPairIndex::kNone || !ToBeRead(m_nHead))) {
-            ++m_nHead;
+    while (m_nPartner == cPairIndex::kNone && m_nHead < m_announced.size()) {
+        const std::uint32_t nHead = m_nHead++;
+        if (ToBeRead(nHead)) {
+            m_pass = m_index.Start(static_cast<std::int32_t>(nHead));
+            m_nPartner = NextPartner();
+            if (m_nPartner != cPairIndex::kNone) {
+                return nHead;
+            }
         }
-        if (m_nHead >= m_announced.size()) {
-            return cPairIndex::kNone;
-        }
-        m_nNext = m_nHead++;
     }
-    const std::uint32_t nResult = m_nNext;
-    m_nNext = m_index.NextSameKey(nResult);
+    const std::uint32_t nResult = m_nPartner;
+    if (nResult != cPairIndex::kNone) {
+        m_nPartner = NextPartner();
+    }
     return nResult;
 }
 

@@ -22,13 +22,15 @@ public:
 
 private:
     [[nodiscard]] bool ToBeRead(std::uint32_t n) const;
+    std::uint32_t NextPartner();
     std::uint32_t NextToRead();
 
     const cPairIndex& m_index;
-    std::uint32_t m_nHead = 0;                 ///< where to look for the next entry that begins a pass
-    std::uint32_t m_nNext = cPairIndex::kNone; ///< the next entry of the pass looked into
-    std::vector<bool> m_announced;             ///< entries ever announced
-    std::deque<std::uint32_t> m_ahead;         ///< entries announced and still to be read
+    std::uint32_t m_nHead = 0;                    ///< where to look for the next entry that begins a pass
+    cPairIndex::tPass m_pass;                     ///< the pass looked into,
+    std::uint32_t m_nPartner = cPairIndex::kNone; ///< and the entry to be read next in it
+    std::vector<bool> m_announced;                ///< entries ever announced
+    std::deque<std::uint32_t> m_ahead;            ///< entries announced and still to be read
     std::int64_t m_nBytesAhead = 0;
     std::size_t m_nWindow; ///< how many files are announced ahead at a wait
 };

@@ -1,19 +1,17 @@
 #include "cTextClasses.h"
 
-#include "mTextCompare.h"
-
 namespace search {
 
 std::uint32_t cTextClasses::ClassOf(platform::StoredText sText)
 {
-    FoldText(sText.View(), m_sFolded);
+    m_fold(sText.View(), m_sFolded);
     const std::uint64_t nHash = platform::HashBytes(m_sFolded);
     const auto isIt = [&](std::uint32_t nClass) {
         const std::string_view sMember = m_members[nClass].View();
         if (sMember == sText.View()) {
             return true;
         }
-        FoldText(sMember, m_sOtherFolded);
+        m_fold(sMember, m_sOtherFolded);
         return m_sOtherFolded == m_sFolded;
     };
     if (const auto* pClass = m_byFoldedText.Find(nHash, isIt)) {

@@ -60,7 +60,7 @@ void EndSearch()
 {
     frmMain().StatusBar1.Panels(2).SetText(std::to_string(frmMain().lvFiles.ListItems.Count()));
     SetWorking(false);
-    platform::Files().Forget();
+    platform::Files().SearchEnded();
     frmProgress().Unload();
 }
 
@@ -68,10 +68,15 @@ void EndSearch()
 class cComparison
 {
 public:
-    explicit cComparison(PairKey key) : m_bContent(key == PairKey::Size), m_index(key)
+    explicit cComparison(PairKey key) : m_bContent(key == PairKey::Size)
     {
+        // After a cancel in the scan the comparison ends at its first step.
+        if (bStopped) {
+            return;
+        }
+        m_index.emplace(key);
         if (m_bContent) {
-            m_readAhead.emplace(m_index);
+            m_readAhead.emplace(*m_index);
         }
     }
 
@@ -115,8 +120,8 @@ private:
         const bool bNotYetRead = Entry(i).sCRC.empty();
         bool bFound = false;
         std::int32_t nLast = i;
-        m_index.Start(i);
-        while (const auto candidate = m_index.Next()) {
+        cPairIndex::tPass pass = m_index->Start(i);
+        while (const auto candidate = m_index->Next(pass)) {
             const std::int32_t j = candidate->j;
             // 1. Yield for this pair and for those passed over, which could come to nothing.
             if (StoppedAfterYield(j - nLast)) {
@@ -148,7 +153,7 @@ private:
         }
         // Now that all files of this size have been read, the later passes need not look at all of them.
         if (m_bContent && bNotYetRead && !Entry(i).sCRC.empty()) {
-            m_index.SplitByChecksum(i);
+            m_index->SplitByChecksum(i);
         }
     }
 
@@ -173,7 +178,7 @@ private:
     }
 
     bool m_bContent;
-    cPairIndex m_index;
+    std::optional<cPairIndex> m_index;
     std::optional<cReadAhead> m_readAhead;
     platform::StoredText m_sShownPath; ///< the folder on the label; none at the start
 };
@@ -217,7 +222,6 @@ void FindDuplicatesByContent()
     cComparison comparison(PairKey::Size);
     comparison.Run();
     comparison.rows.CloseGroup();
-    oCRC().ReleaseBuffer();
     oCRC().ReleaseBuffer();
     EndSearch();
 }

@@ -28,7 +28,7 @@ class PosixFiles : public ::testing::Test
 protected:
     void TearDown() override
     {
-        files.Forget();
+        files.SearchEnded();
         EXPECT_EQ(OpenDescriptors(), m_nBefore);
     }
 
@@ -105,11 +105,46 @@ TEST_F(PosixFiles, ListsNothingOfWhatIsNoFolderToRead)
     fs::permissions(tree.sRoot + "/locked", fs::perms::none);
     platform::FolderListing listing;
     const Unprivileged user;
-    for (const char* pName : {"file", "gone", "link", "locked"}) {
+    for (const char* pName : {"file", "gone", "link", "link/", "locked", "locked/"}) {
         EXPECT_FALSE(files.ListFolder(tree.sRoot + "/" + pName, listing)) << pName;
         EXPECT_EQ(listing.Count(), 0U);
-        EXPECT_FALSE(files.CanonicalFolder(tree.sRoot + "/" + pName)) << pName;
+        EXPECT_EQ(files.CanonicalFolder(tree.sRoot + "/" + pName), std::nullopt) << pName;
     }
+}
+
+TEST_F(PosixFiles, ListsAFolderOfManyEntriesWholeWithTheirTimes)
+{
+    for (int n = 0; n < 5000; ++n) {
+        tree.File(std::to_string(n));
+    }
+    const timespec times[2] = {{0, 0}, {1'000'000'000, 0}};
+    ASSERT_EQ(utimensat(AT_FDCWD, (tree.sRoot + "/77").c_str(), times, 0), 0);
+    platform::FolderListing listing;
+    ASSERT_TRUE(files.ListFolder(tree.sRoot + "/", listing));
+    ASSERT_EQ(listing.Count(), 5000U);
+    std::size_t nOld = 0;
+    for (std::size_t n = 0; n < listing.Count(); ++n) {
+        nOld += listing.Entry(n).ftLastWriteTime.nSeconds == 1'000'000'000 ? 1U : 0U;
+    }
+    EXPECT_EQ(nOld, 1U);
+}
+
+TEST_F(PosixFiles, FindTheirWayWhereverAFolderStands)
+{
+    // The root after something in it, and again; a folder that gives way to another of its name.
+    platform::FolderListing listing;
+    for (const char* pFolder : {"/proc/", "/", "/"}) {
+        EXPECT_TRUE(files.ListFolder(pFolder, listing)) << pFolder;
+        EXPECT_GT(listing.Count(), 0U);
+    }
+    for (const char* pName : {"d/1", "d/2"}) {
+        const auto h = files.CreateFileA(tree.File(pName, "old"));
+        files.CloseHandle(h);
+    }
+    fs::rename(tree.sRoot + "/d", tree.sRoot + "/e");
+    const auto h = files.CreateFileA(tree.File("d/3", "new"));
+    EXPECT_EQ(files.FileLength(h), 3);
+    files.CloseHandle(h);
 }
 
 TEST_F(PosixFiles, NamesAFolderByItsOwnPath)
@@ -155,8 +190,8 @@ TEST_F(PosixFiles, ReadsWhatIsThere)
 {
     const std::string sContent(3'000'000, 'x');
     const std::string sFile = tree.File("file", sContent);
-    files.AnnounceRead(sFile);
-    files.AnnounceRead(tree.sRoot + "/gone");
+    EXPECT_FALSE(files.AnnounceRead(sFile, 3'000'000)); // just written, it is in memory
+    EXPECT_FALSE(files.AnnounceRead(tree.sRoot + "/gone", 1));
     EXPECT_FALSE(files.PathFound(tree.sRoot + "/gone"));
     const auto h = files.CreateFileA(sFile);
     EXPECT_EQ(files.FileLength(h), 3'000'000);
@@ -199,6 +234,8 @@ TEST_F(PosixFiles, AreWalkedToThePlatformsLimit)
     const auto h = files.CreateFileA(sLast);
     EXPECT_NE(h, platform::INVALID_HANDLE_VALUE);
     files.CloseHandle(h);
+    EXPECT_TRUE(files.PathFound(sLast));
+    EXPECT_FALSE(files.PathFound(sLast.substr(0, sLast.size() - 1)));
 }
 
 } // namespace

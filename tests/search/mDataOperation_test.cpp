@@ -37,11 +37,12 @@ TEST(Search, WithoutFoldersSaysSoAndLeavesEverything)
 
 TEST(Search, GoesThroughItsStagesInOrder)
 {
-    const Rows stages{"show",           "menu 1",       "pointer 11", "disabled",  "pointer 0", "Scanning...",
-                      "refresh picked", "Comparing...", "menu 2",     "pointer 0", "enabled",   "unload"};
+    const Rows stages{"show",      "menu 1",      "pointer 11",     "Working...",   "disabled", "0",
+                      "pointer 0", "Scanning...", "refresh picked", "Comparing...", "2",        "menu 2",
+                      "pointer 0", "Done",        "enabled",        "unload"};
+    const std::string sLong = "/a/" + std::string(60, 'b') + "/";
     for (const bool bContent : {true, false}) {
         ScriptedSearch world;
-        world.lvFiles.ListItems.Add("/old/row", "row", 2);
         world.AddFolder("/a");
         AddFile(world, "/a/", "x", "1");
         AddFile(world, "/a/", "X", "1");
@@ -50,15 +51,18 @@ TEST(Search, GoesThroughItsStagesInOrder)
         // Paths that differ only in letter case are one file.
         EXPECT_EQ(world.ShortRows(), Rows{});
         AddFile(world, "/a/", "y", "2");
-        world.files.folders["/a/"].push_back({"b", true});
-        AddFile(world, "/a/b/", "y", "2");
+        world.files.folders["/a/"].push_back({std::string(60, 'b'), true});
+        AddFile(world, sLong, "y", "2");
+        AddFile(world, sLong, "z", "unlike any");
         world.lvFiles.ListItems.Add("/old/row", "row", 2);
+        world.StatusBar1.Panels(2).SetText("7");
         world.log.clear();
         search::mnuSearchFind_Click();
         EXPECT_EQ(world.log, stages);
-        EXPECT_EQ(world.ShortRows(), (Rows{"2 /a/y", "4 /a/b/y"}));
-        EXPECT_EQ(world.StatusBar1.Panels(1).Text() + world.StatusBar1.Panels(2).Text(), "Done2");
-        EXPECT_EQ(world.nBarMax, 4);
+        EXPECT_EQ(world.ShortRows(), (Rows{"2 /a/y", "4 " + sLong + "y"}));
+        EXPECT_EQ(world.nBarMax, 5);
+        EXPECT_EQ(world.nBar, 4);
+        EXPECT_EQ(world.Labels(), "Comparing...|.." + std::string(55, 'b') + "|z");
         EXPECT_EQ(world.lvFiles.SelectedItem()->Selected(), !bContent);
         EXPECT_TRUE(search::bStopped);
     }
@@ -129,23 +133,91 @@ TEST(Search, ByContentTakesUnreadableFilesForZero)
     EXPECT_EQ(world.ShortRows(), (Rows{"2 /a/locked", "4 /a/broken", "2 /a/empty1", "4 /a/empty2"}));
 }
 
+/// `nFiles` files in /a/ or below it, each second one of the same size as one before, on a cold disk or in
+/// memory.
+void AddPairs(ScriptedSearch& world, int nFiles, bool bCold, std::size_t nSize)
+{
+    for (int n = 0; n < nFiles; ++n) {
+        AddFile(world, "/a/", std::to_string(n),
+                std::string(nSize + static_cast<std::size_t>(n % (nFiles / 2)), 'x'));
+    }
+    for (auto& [sPath, file] : world.files.files) {
+        file.bWaits = bCold;
+    }
+}
+
 TEST(Search, AnnouncesWhatItWillReadWhenTheDiskIsCold)
 {
     for (const bool bCold : {true, false}) {
         ScriptedSearch world;
         world.AddFolder("/a");
-        for (int n = 0; n < 3000; ++n) {
-            AddFile(world, "/a/", std::to_string(n),
-                    std::string(static_cast<std::size_t>(1 + n % 1000), 'x'));
-        }
-        for (auto& [sPath, file] : world.files.files) {
-            file.bWaits = bCold;
-        }
+        AddPairs(world, 3000, bCold, 1);
         FindDuplicatesByContent();
         ASSERT_EQ(world.files.opened.size(), 3000U);
-        // All but the first, which was waited for unannounced; in reading order.
+        // All but the first, which was waited for unannounced; in reading order, and not too far ahead.
         const Rows expected(world.files.opened.begin() + 1, world.files.opened.end());
         EXPECT_EQ(world.files.announced, bCold ? expected : Rows{});
+        EXPECT_EQ(world.files.nMostAhead, bCold ? 512U : 0U);
+    }
+    ScriptedSearch large;
+    large.AddFolder("/a");
+    AddPairs(large, 200, true, 1'000'000);
+    FindDuplicatesByContent();
+    EXPECT_GT(large.files.nMostBytesAhead, 64'000'000);
+    EXPECT_LT(large.files.nMostBytesAhead, 66'000'000);
+}
+
+TEST(Search, AnnouncesLittleForALoneColdFile)
+{
+    ScriptedSearch world;
+    world.AddFolder("/a");
+    AddPairs(world, 3000, false, 1);
+    for (const char* pName : {"500", "900", "1300"}) {
+        world.files.files[std::string("/a/") + pName].bWaits = true;
+    }
+    FindDuplicatesByContent();
+    EXPECT_LE(world.files.announced.size(), 3 * 16U);
+}
+
+TEST(Search, AnnouncesNothingThatItReachesTwiceAndNeverReads)
+{
+    ScriptedSearch world;
+    world.AddFolder("/a/twice");
+    world.AddFolder("/a");
+    for (std::size_t n = 0; n < 600; ++n) {
+        AddFile(world, "/a/twice/", std::to_string(n), std::string(2000 + n, 'x'));
+    }
+    world.files.folders["/a/"].push_back({"twice", true});
+    AddPairs(world, 1000, true, 1);
+    FindDuplicatesByContent();
+    EXPECT_EQ(world.files.opened.size(), 1000U);
+    EXPECT_EQ(world.files.announced.size(), 999U);
+}
+
+TEST(Search, LooksAtFewPairsWhateverTheFilesAreLike)
+{
+    const struct {
+        const char* pWhat;
+        std::string (*nameOf)(int n);
+        std::string (*contentOf)(int n);
+    } tables[] = {
+        {"one size", [](int n) { return std::to_string(n); },
+         [](int n) { return std::to_string(10'000 + n); }},
+        {"alike", [](int n) { return std::to_string(n); }, [](int) { return std::string("same"); }},
+        {"two sizes", [](int n) { return std::to_string(n); },
+         [](int n) { return std::string(n % 2 == 0 ? 1U : 2U, 'x'); }},
+    };
+    for (const auto& table : tables) {
+        for (const bool bContent : {true, false}) {
+            ScriptedSearch world;
+            world.AddFolder("/a");
+            for (int n = 0; n < 2000; ++n) {
+                AddFile(world, "/a/", table.nameOf(n), table.contentOf(n));
+            }
+            world.mnuOptionsSearchContent.SetChecked(bContent);
+            search::mnuSearchFind_Click();
+            EXPECT_LT(world.nYields, 2000 * 10) << table.pWhat;
+        }
     }
 }
 
@@ -161,7 +233,7 @@ void MakeWorld(ScriptedSearch& world, unsigned nSeed)
         for (unsigned n = below(7); n > 0; --n) {
             const std::string sName = names[below(static_cast<unsigned>(names.size()))];
             const std::int64_t nSize = below(8) == 0 ? 10'000'001 : below(3);
-            listed.push_back({sName, false, nSize});
+            listed.push_back({sName, false, nSize, static_cast<std::int64_t>(random())});
             world.files.files[sFolder + sName] = {below(2) == 0 ? "xy" : "zw", below(8) != 0, below(8) != 0,
                                                   below(3) == 0};
         }

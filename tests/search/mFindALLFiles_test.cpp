@@ -119,6 +119,10 @@ TEST(FindAllFiles, TakesAFileOnceHoweverManyMountsLeadToIt)
         sDone += search::FileList[n].bDone ? 'x' : '-';
     }
     EXPECT_EQ(sDone, "-x---x"); // a folder listed twice is left to the comparison
+    // The next search knows nothing of it.
+    search::ClearResults();
+    FindAllFiles("/b");
+    EXPECT_FALSE(search::FileList[0].bDone);
 }
 
 TEST(FindAllFiles, EntersAtMost32767SubfoldersOfAFolder)

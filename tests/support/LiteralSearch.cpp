@@ -16,7 +16,7 @@ std::vector<LiteralSearch::tEntry> TableOfProgram()
     for (std::size_t n = 0; n < static_cast<std::size_t>(search::FileCount); ++n) {
         const auto& entry = search::FileList[n];
         table.push_back({std::string(entry.sName.View()), std::string(entry.sPath.View()), entry.cySize,
-                         std::string(entry.sCRC.View()), entry.bDone});
+                         entry.dtDate, std::string(entry.sCRC.View()), entry.bDone});
     }
     return table;
 }
@@ -121,7 +121,8 @@ bool LiteralSearch::AddRow(const tEntry& entry, int nMark)
         return false;
     }
     m_nItem = static_cast<long>(rows.size());
-    rows.push_back({nMark, sKey, entry.sName, platform::FormatNumber(entry.cySize), entry.sPath});
+    rows.push_back({nMark, sKey, entry.sName, platform::FormatNumber(entry.cySize),
+                    platform::FormatDateTime(entry.dtDate), entry.sPath});
     return true;
 }
 

@@ -17,6 +17,7 @@ public:
     struct tEntry {
         std::string sName, sPath;
         std::int64_t cySize = 0;
+        double dtDate = 0;
         std::string sCRC;
         bool bDone = false;
         bool operator==(const tEntry&) const = default;

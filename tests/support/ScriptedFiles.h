@@ -36,6 +36,8 @@ public:
     std::map<std::string, platform::tFolderIdentity> identities;
     std::vector<std::string> opened; ///< the paths given to CreateFileA, in order
     std::vector<std::string> announced;
+    std::size_t nMostAhead = 0; ///< the most files, and bytes, that were announced and not opened at any time
+    std::int64_t nMostBytesAhead = 0;
 
     ~ScriptedFiles() override { EXPECT_TRUE(m_handles.empty()) << "a file was left open"; }
 
@@ -56,16 +58,24 @@ public:
 
     bool PathFound(const std::string& sPath) override { return files.count(sPath) != 0; }
     std::optional<std::string> CanonicalFolder(const std::string&) override { return {}; }
-    bool AnnounceRead(const std::string& sPath) override
+    bool AnnounceRead(const std::string& sPath, std::int64_t nBytes) override
     {
         announced.push_back(sPath);
+        m_ahead[sPath] = nBytes;
+        m_nBytesAhead += nBytes;
+        nMostAhead = std::max(nMostAhead, m_ahead.size());
+        nMostBytesAhead = std::max(nMostBytesAhead, m_nBytesAhead);
         return files[sPath].bWaits;
     }
-    void Forget() override {}
+    void SearchEnded() override {}
 
     platform::FileHandle CreateFileA(const std::string& sPath) override
     {
         opened.push_back(sPath);
+        if (const auto ahead = m_ahead.find(sPath); ahead != m_ahead.end()) {
+            m_nBytesAhead -= ahead->second;
+            m_ahead.erase(ahead);
+        }
         if (sPath.starts_with("/gone/") || !files[sPath].bOpens) {
             return platform::INVALID_HANDLE_VALUE;
         }
@@ -95,6 +105,8 @@ public:
     }
 
 private:
+    std::map<std::string, std::int64_t> m_ahead;
+    std::int64_t m_nBytesAhead = 0;
     std::map<platform::FileHandle, const tFile*> m_handles;
     platform::FileHandle m_nLastHandle = 0;
 };

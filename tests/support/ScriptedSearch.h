@@ -27,13 +27,15 @@ public:
         search::bStopped = false;
         form.Observe(this);
         lblStatus.Observe(this);
+        StatusBar1.Panels(1).Observe(this);
+        StatusBar1.Panels(2).Observe(this);
     }
 
     void AddFolder(const std::string& sPath) { lvFolders.ListItems.Add(sPath, sPath, 1); }
 
     struct tRow {
         int nMark;
-        std::string sKey, sText, sSize, sFolder;
+        std::string sKey, sText, sSize, sDate, sFolder;
         bool operator==(const tRow&) const = default;
     };
 
@@ -43,7 +45,8 @@ public:
         for (std::size_t n = 1; n <= lvFiles.ListItems.Count(); ++n) {
             const auto item = lvFiles.ListItems(n);
             rows.push_back({item.SmallIcon(), item.Key(), std::string(item.Text()),
-                            std::string(item.SubItems(1)), std::string(item.SubItems(3))});
+                            std::string(item.SubItems(1)), std::string(item.SubItems(2)),
+                            std::string(item.SubItems(3))});
         }
         return rows;
     }
@@ -60,6 +63,7 @@ public:
 
     ScriptedFiles files;
     std::int64_t nSteps = 0;      ///< the steps yielded for so far
+    std::int64_t nYields = 0;     ///< in how many calls
     std::int64_t nCancelStep = 0; ///< the step at which Cancel is clicked; 0 for never
     std::vector<std::string> log; ///< what the forms, the screen and the messages saw, in order
     float nBar = -1, nBarMax = -1;
@@ -80,6 +84,7 @@ private:
     {
         const bool bBefore = nSteps < nCancelStep;
         nSteps += nStepsNow;
+        ++nYields;
         if (bBefore && nSteps >= nCancelStep) {
             search::bStopped = true;
         }
@@ -95,7 +100,9 @@ private:
     }
     void ControlChanged(platform::Control& control) override
     {
-        if (&control == &form) {
+        if (auto* pPanel = dynamic_cast<platform::Panel*>(&control)) {
+            log.push_back(pPanel->Text());
+        } else if (&control == &form) {
             log.emplace_back(form.Enabled() ? "enabled" : "disabled");
         } else {
             log.push_back(lblStatus.Caption());
