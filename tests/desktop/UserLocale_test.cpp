@@ -1,7 +1,6 @@
 #include "PacedEventLoop.h"
 #include "UserLocale.h"
 
-#include <chrono>
 #include <climits>
 #include <gtest/gtest.h>
 
@@ -21,7 +20,7 @@ TEST(GroupDigits, GroupsFromTheRightAsTheLocaleSays)
          "345\xE2\x80\xAF"
          "678"}, // a separator of three bytes
         {"123456789", ",", "\3\2", "12,34,56,789"},
-        {"123456789", ",", std::string("\3") + CHAR_MAX, "123456,789"},
+        {"123456789", ",", std::string("\3") + static_cast<char>(CHAR_MAX), "123456,789"},
         {"1234567", "", "", "1234567"},
     };
     for (const auto& each : cases) {
@@ -33,15 +32,12 @@ TEST(PacedEventLoop, RunsNowAndThenHoweverOftenItIsAsked)
 {
     int nRuns = 0;
     desktop::PacedEventLoop loop([&] { ++nRuns; });
-    const auto began = std::chrono::steady_clock::now();
     int nYields = 0;
-    while (nRuns < 4) {
+    while (nRuns < 3) {
         loop.DoEvents(1);
         ++nYields;
     }
-    // Four runs have three pauses between them, each of at least one tick of the coarse clock below 16 ms.
-    EXPECT_GT(std::chrono::steady_clock::now() - began, std::chrono::milliseconds(3 * 11));
-    EXPECT_GT(nYields, 4);
+    EXPECT_GT(nYields, 10 * nRuns);
 }
 
 } // namespace
