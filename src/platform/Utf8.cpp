@@ -36,13 +36,17 @@ std::size_t ValidLength(std::string_view sText)
     return 0;
 }
 
-/// The length in bytes of the character at the start of `sText`, which is not empty: 1 to 4.
+} // namespace
+
 std::size_t CharLength(std::string_view sText)
 {
     return std::max<std::size_t>(ValidLength(sText), 1);
 }
 
-} // namespace
+bool ValidChar(std::string_view sText)
+{
+    return ValidLength(sText) != 0;
+}
 
 std::size_t CountChars(std::string_view sText)
 {

@@ -8,6 +8,12 @@
 
 namespace platform {
 
+/// The length in bytes of the character at the start of `sText`, which is not empty: 1 to 4.
+std::size_t CharLength(std::string_view sText);
+
+/// True if the first byte of `sText`, which is not empty, starts a valid sequence.
+bool ValidChar(std::string_view sText);
+
 /// The number of characters.
 std::size_t CountChars(std::string_view sText);
 
