@@ -42,4 +42,14 @@ long Control::Message(unsigned /*nMessage*/, long /*wParam*/, long /*lParam*/)
     return 0;
 }
 
+long Control::TextMessage(unsigned /*nMessage*/, long /*wParam*/, const std::string& /*sText*/)
+{
+    return 0;
+}
+
+long Control::OwnProcedure(WindowHandle hWnd, unsigned uMsg, long wParam, long lParam)
+{
+    return hWnd->Message(uMsg, wParam, lParam);
+}
+
 } // namespace platform

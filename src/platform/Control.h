@@ -12,6 +12,9 @@ class Control;
 /// A window of the system as the program names it: the control or form that stands for it, or null.
 using WindowHandle = Control*;
 
+/// What carries out the messages that are sent to a window.
+using WindowProcedure = long (*)(WindowHandle hWnd, unsigned uMsg, long wParam, long lParam);
+
 /// A place on a form in twips, 1440 to the inch and 15 to the logical pixel, from the upper left corner of
 /// the inside of what holds the control.
 struct tPlace {
@@ -86,6 +89,13 @@ public:
     /// Carries out a message of the system; 0 for one that means nothing to the control.
     virtual long Message(unsigned nMessage, long wParam, long lParam);
 
+    /// The same for a message that carries a text.
+    virtual long TextMessage(unsigned nMessage, long wParam, const std::string& sText);
+
+    /// Where messages sent to the control go: to `Message`, unless the program has put itself in front.
+    [[nodiscard]] WindowProcedure Procedure() const { return m_procedure; }
+    void SetProcedure(WindowProcedure New_Procedure) { m_procedure = New_Procedure; }
+
     /// The observer is not owned and must outlive the control or be taken off with null.
     void Observe(ControlObserver* pObserver) { m_pObserver = pObserver; }
 
@@ -108,6 +118,7 @@ protected:
     }
 
 private:
+    static long OwnProcedure(WindowHandle hWnd, unsigned uMsg, long wParam, long lParam);
     bool SetSize(float& member, float New_Size);
 
     tPlace m_place;
@@ -116,6 +127,7 @@ private:
     Control* m_pParent = nullptr;
     std::vector<Control*> m_children;
     ControlObserver* m_pObserver = nullptr;
+    WindowProcedure m_procedure = &OwnProcedure;
 };
 
 } // namespace platform

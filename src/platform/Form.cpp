@@ -18,6 +18,7 @@ void Form::Show(bool bModal, Form* pOwner)
 {
     if (!m_bLoaded) {
         m_bLoaded = true;
+        m_pActive = nullptr;
         if (Load) {
             Load();
         }

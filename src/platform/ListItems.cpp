@@ -3,7 +3,9 @@
 #include "ListView.h"
 
 #include <algorithm>
+#include <cassert>
 #include <numeric>
+#include <utility>
 
 namespace platform {
 
@@ -103,6 +105,14 @@ void ListItems::Remove(std::size_t n)
 std::size_t ListItems::SelectedCount() const
 {
     return static_cast<std::size_t>(std::count(m_selected.begin(), m_selected.end(), true));
+}
+
+void ListItems::SetSelection(std::vector<bool> New_Selection)
+{
+    assert(New_Selection.size() == m_rows.size());
+    m_selected = std::move(New_Selection);
+    assert(m_list.MultiSelect || SelectedCount() <= 1);
+    m_list.SelectionChanged();
 }
 
 void ListItems::IndexKeys()

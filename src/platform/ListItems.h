@@ -65,6 +65,11 @@ public:
     /// How many rows are selected.
     [[nodiscard]] std::size_t SelectedCount() const;
 
+    /// Which rows are selected, a bit for each; and the same for all rows at once, of which the list's
+    /// observer hears once. A list of one selected row at a time takes at most one.
+    [[nodiscard]] const std::vector<bool>& Selection() const { return m_selected; }
+    void SetSelection(std::vector<bool> New_Selection);
+
     /// Adds a row at the end, or in its place in a sorted list. Refused, with nothing added, if a row has
     /// that key already.
     std::optional<ListItem> Add(std::string_view sKey, std::string_view sText, int nSmallIcon);

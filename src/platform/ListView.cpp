@@ -20,9 +20,7 @@ std::optional<ListItem> ListView::SelectedItem()
 void ListView::SetSelectedItem(std::size_t nRow)
 {
     m_nCurrent = nRow;
-    if (m_pRowObserver != nullptr) {
-        m_pRowObserver->SelectionChanged();
-    }
+    SelectionChanged();
 }
 
 std::optional<ListItem> ListView::HitTest(float x, float y)
@@ -104,6 +102,11 @@ void ListView::SelectRow(std::size_t nRow, bool bSelected)
         selected.assign(selected.size(), false);
     }
     selected[nRow] = bSelected;
+    SelectionChanged();
+}
+
+void ListView::SelectionChanged()
+{
     if (m_pRowObserver != nullptr) {
         m_pRowObserver->SelectionChanged();
     }

@@ -12,6 +12,9 @@ public:
     virtual ~Screen() = default;
     virtual void SetMousePointer(MousePointer pointer) = 0;
 
+    /// How wide the screen is, in twips; 0 where there is none.
+    virtual float Width() { return 0; }
+
     /// How many twips a logical pixel is wide and high.
     virtual float TwipsPerPixelX() { return 15; }
     virtual float TwipsPerPixelY() { return 15; }

@@ -46,6 +46,11 @@ WindowManager& Windows()
     return InPlace(g_system.windows);
 }
 
+ShellDialogs& Shell()
+{
+    return InPlace(g_system.shell);
+}
+
 void DoEvents()
 {
     Events().DoEvents(1);

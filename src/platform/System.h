@@ -4,6 +4,7 @@
 #include "FileSystem.h"
 #include "MessageBoxes.h"
 #include "Screen.h"
+#include "ShellDialogs.h"
 #include "WindowManager.h"
 
 namespace platform {
@@ -16,6 +17,7 @@ struct tSystem {
     Screen* screen = nullptr;
     MessageBoxes* messages = nullptr;
     WindowManager* windows = nullptr;
+    ShellDialogs* shell = nullptr;
 };
 
 /// Puts `system` in place for the whole program. Called before anything that needs it.
@@ -26,5 +28,6 @@ EventLoop& Events();
 Screen& TheScreen();
 MessageBoxes& Messages();
 WindowManager& Windows();
+ShellDialogs& Shell();
 
 } // namespace platform

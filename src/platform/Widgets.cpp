@@ -1,8 +1,21 @@
 #include "Widgets.h"
 
+#include "System.h"
+
 #include <algorithm>
+#include <cmath>
 
 namespace platform {
+
+int PictureBox::ScaleWidth() const
+{
+    return static_cast<int>(std::lround(Width() / TheScreen().TwipsPerPixelX()));
+}
+
+int PictureBox::ScaleHeight() const
+{
+    return static_cast<int>(std::lround(Height() / TheScreen().TwipsPerPixelY()));
+}
 
 long ProgressWindow::Message(unsigned nMessage, long wParam, long lParam)
 {

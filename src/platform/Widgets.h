@@ -50,6 +50,10 @@ private:
 class PictureBox : public Control
 {
 public:
+    /// The size of its inside, in pixels.
+    [[nodiscard]] int ScaleWidth() const;
+    [[nodiscard]] int ScaleHeight() const;
+
     MouseEvent MouseDown;
     MouseEvent MouseMove;
     MouseEvent MouseUp;

@@ -38,7 +38,62 @@ WindowHandle FindWindowExA(WindowHandle hParent, WindowHandle hChildAfter, std::
 
 long SendMessageA(WindowHandle hWnd, unsigned nMessage, long wParam, long lParam)
 {
-    return hWnd == nullptr ? 0 : hWnd->Message(nMessage, wParam, lParam);
+    return hWnd == nullptr ? 0 : hWnd->Procedure()(hWnd, nMessage, wParam, lParam);
+}
+
+long SendMessageA(WindowHandle hWnd, unsigned nMessage, long wParam, const std::string& sText)
+{
+    return hWnd == nullptr ? 0 : hWnd->TextMessage(nMessage, wParam, sText);
+}
+
+WindowProcedure SetWindowLongA(WindowHandle hWnd, int nIndex, WindowProcedure New_Procedure)
+{
+    if (hWnd == nullptr || nIndex != GWL_WNDPROC) {
+        return nullptr;
+    }
+    const WindowProcedure before = hWnd->Procedure();
+    hWnd->SetProcedure(New_Procedure);
+    return before;
+}
+
+long CallWindowProcA(WindowProcedure lpPrevWndFunc, WindowHandle hWnd, unsigned uMsg, long wParam,
+                     long lParam)
+{
+    return lpPrevWndFunc == nullptr ? 0 : lpPrevWndFunc(hWnd, uMsg, wParam, lParam);
+}
+
+WindowHandle GetWindow(WindowHandle hWnd, unsigned uCmd)
+{
+    if (hWnd == nullptr) {
+        return nullptr;
+    }
+    if (uCmd == GW_CHILD) {
+        return hWnd->Children().empty() ? nullptr : hWnd->Children().front();
+    }
+    if (uCmd != GW_HWNDNEXT || hWnd->Parent() == nullptr) {
+        return nullptr;
+    }
+    const auto& siblings = hWnd->Parent()->Children();
+    const auto next = std::find(siblings.begin(), siblings.end(), hWnd) + 1;
+    return next == siblings.end() ? nullptr : *next;
+}
+
+std::string GetClassNameA(WindowHandle hWnd, std::size_t nMaxCount)
+{
+    return hWnd == nullptr ? std::string() : std::string(hWnd->ClassName().substr(0, nMaxCount - 1));
+}
+
+void SetParent(WindowHandle hWndChild, WindowHandle hWndNewParent)
+{
+    if (hWndChild != nullptr) {
+        hWndChild->SetParent(hWndNewParent);
+    }
+}
+
+WindowHandle GetDesktopWindow()
+{
+    static Control desktop;
+    return &desktop;
 }
 
 WindowHandle CreateWindowExA(std::string_view sClass, int x, int y, int nWidth, int nHeight,
@@ -62,6 +117,7 @@ void MoveWindow(WindowHandle hWnd, int x, int y, int nWidth, int nHeight)
     const float perY = TheScreen().TwipsPerPixelY();
     hWnd->SetPlace({static_cast<float>(x) * perX, static_cast<float>(y) * perY,
                     static_cast<float>(nWidth) * perX, static_cast<float>(nHeight) * perY});
+    SendMessageA(hWnd, WM_MOVE, 0, 0);
 }
 
 void ShowWindow(WindowHandle hWnd, int nCommand)
@@ -79,6 +135,8 @@ void DestroyWindow(WindowHandle hWnd)
     if (found != windows.end()) {
         (*found)->SetParent(nullptr);
         windows.erase(found);
+    } else {
+        SendMessageA(hWnd, WM_DESTROY, 0, 0);
     }
 }
 

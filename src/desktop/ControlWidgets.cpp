@@ -1,0 +1,235 @@
+#include "ControlWidgets.h"
+
+#include "LabelWidget.h"
+#include "ListViewWidget.h"
+#include "Pictures.h"
+#include "ShownText.h"
+#include "StatusBar.h"
+#include "StatusBarWidget.h"
+#include "Toolbar.h"
+#include "ToolbarWidget.h"
+#include "Twips.h"
+#include "Widgets.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QProgressBar>
+#include <QPushButton>
+#include <algorithm>
+
+namespace desktop {
+namespace {
+
+/// What a button's text keeps from its edges.
+constexpr int kButtonMargin = 8;
+
+class ButtonView final : public ControlView
+{
+public:
+    ButtonView(const platform::Form& form, platform::CommandButton& button, QWidget* pParent)
+        : ControlView(form, button, *new QPushButton(pParent)), m_button(button),
+          m_widget(static_cast<QPushButton&>(Widget()))
+    {
+        m_widget.setAutoDefault(true); // Enter presses the button that has the focus
+        connect(&m_widget, &QPushButton::clicked, this, [this] {
+            if (TakesInput() && m_button.Click) {
+                m_button.Click();
+            }
+        });
+    }
+
+    void Follow() override
+    {
+        m_widget.setText(ShownText(m_button.Caption()));
+        ControlView::Follow();
+    }
+
+protected:
+    /// The text needs its room; the button keeps inside what holds it.
+    [[nodiscard]] QRect Place() const override
+    {
+        QRect place = ControlView::Place();
+        const int nText = m_widget.fontMetrics().size(Qt::TextShowMnemonic, m_widget.text()).width();
+        place.setWidth(std::max(place.width(), nText + 2 * kButtonMargin));
+        const int nOutside = place.right() + 1 - m_widget.parentWidget()->width();
+        place.moveLeft(place.left() - std::clamp(nOutside, 0, place.width() - ControlView::Place().width()));
+        return place;
+    }
+
+private:
+    platform::CommandButton& m_button;
+    QPushButton& m_widget;
+};
+
+class PictureBoxView final : public ControlView
+{
+public:
+    PictureBoxView(const platform::Form& form, platform::PictureBox& box, QWidget* pParent)
+        : ControlView(form, box, *new QWidget(pParent)), m_box(box)
+    {
+        Widget().setAutoFillBackground(true);
+        Widget().installEventFilter(this);
+    }
+
+    void Follow() override
+    {
+        Widget().setBackgroundRole(Role(m_box.BackColor()));
+        Widget().setCursor(m_box.SizesNorthSouth() ? Qt::SplitVCursor : Qt::ArrowCursor);
+        ControlView::Follow();
+    }
+
+    bool eventFilter(QObject* /*pWatched*/, QEvent* pEvent) override
+    {
+        switch (pEvent->type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonDblClick:
+            return Tell(m_box.MouseDown, *static_cast<QMouseEvent*>(pEvent));
+        case QEvent::MouseMove:
+            return Tell(m_box.MouseMove, *static_cast<QMouseEvent*>(pEvent));
+        case QEvent::MouseButtonRelease:
+            return Tell(m_box.MouseUp, *static_cast<QMouseEvent*>(pEvent));
+        default:
+            return false;
+        }
+    }
+
+private:
+    static QPalette::ColorRole Role(platform::SystemColor color)
+    {
+        switch (color) {
+        case platform::SystemColor::WindowBackground:
+            return QPalette::Base;
+        case platform::SystemColor::ButtonShadow:
+            return QPalette::Dark;
+        case platform::SystemColor::InfoBackground:
+            return QPalette::ToolTipBase;
+        case platform::SystemColor::ButtonFace:
+            break;
+        }
+        return QPalette::Window; // what the form around it has
+    }
+
+    static bool Tell(const platform::MouseEvent& tell, const QMouseEvent& event)
+    {
+        if (tell) {
+            // A move tells of the buttons held, the others of the one that changed.
+            const Qt::MouseButtons buttons =
+                event.type() == QEvent::MouseMove ? event.buttons() : Qt::MouseButtons(event.button());
+            const Qt::KeyboardModifiers keys = event.modifiers();
+            const QPoint at = event.position().toPoint();
+            tell((buttons.testFlag(Qt::LeftButton) ? platform::kLeftButton : 0) +
+                     (buttons.testFlag(Qt::RightButton) ? platform::kRightButton : 0),
+                 (keys.testFlag(Qt::ShiftModifier) ? platform::kShiftHeld : 0) +
+                     (keys.testFlag(Qt::ControlModifier) ? platform::kCtrlHeld : 0) +
+                     (keys.testFlag(Qt::AltModifier) ? platform::kAltHeld : 0),
+                 Twips(at.x()), Twips(at.y()));
+        }
+        return true;
+    }
+
+    platform::PictureBox& m_box;
+};
+
+class PictureWidget final : public QWidget
+{
+public:
+    using QWidget::QWidget;
+
+    void Show(const QIcon& icon)
+    {
+        m_icon = icon;
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*pEvent*/) override
+    {
+        QPainter painter(this);
+        m_icon.paint(&painter, rect());
+    }
+
+private:
+    QIcon m_icon;
+};
+
+class ImageView final : public ControlView
+{
+public:
+    ImageView(const platform::Form& form, platform::Image& image, QWidget* pParent)
+        : ControlView(form, image, *new PictureWidget(pParent)), m_image(image)
+    {
+    }
+
+    void Follow() override
+    {
+        static_cast<PictureWidget&>(Widget()).Show(Picture(m_image.Picture()));
+        ControlView::Follow();
+    }
+
+private:
+    platform::Image& m_image;
+};
+
+class ProgressView final : public ControlView
+{
+public:
+    ProgressView(const platform::Form& form, platform::ProgressWindow& progress, QWidget* pParent)
+        : ControlView(form, progress, *new QProgressBar(pParent)), m_progress(progress)
+    {
+        auto& bar = static_cast<QProgressBar&>(Widget());
+        bar.setRange(0, 100);
+        bar.setTextVisible(false);
+    }
+
+    void Follow() override
+    {
+        static_cast<QProgressBar&>(Widget()).setValue(m_progress.Position());
+        ControlView::Follow();
+    }
+
+private:
+    platform::ProgressWindow& m_progress;
+};
+
+/// A list shows its rows by itself; here it only gets its place.
+class ListPlaceView final : public ControlView
+{
+public:
+    ListPlaceView(const platform::Form& form, platform::ListView& list, QWidget* pParent)
+        : ControlView(form, list, *new ListViewWidget(list, pParent))
+    {
+    }
+    ~ListPlaceView() override { static_cast<ListViewWidget&>(Widget()).LetGo(); }
+};
+
+template <typename View, typename Kind>
+std::unique_ptr<ControlView> ShowIf(const platform::Form& form, platform::Control& control, QWidget& parent)
+{
+    auto* const pControl = dynamic_cast<Kind*>(&control);
+    return pControl == nullptr ? nullptr : std::make_unique<View>(form, *pControl, &parent);
+}
+
+} // namespace
+
+std::unique_ptr<ControlView> ShowControl(const platform::Form& form, platform::Control& control,
+                                         QWidget& parent)
+{
+    static const auto kWays = {&ShowIf<LabelView, platform::Label>,
+                               &ShowIf<ButtonView, platform::CommandButton>,
+                               &ShowIf<PictureBoxView, platform::PictureBox>,
+                               &ShowIf<ImageView, platform::Image>,
+                               &ShowIf<ProgressView, platform::ProgressWindow>,
+                               &ShowIf<ToolbarView, platform::Toolbar>,
+                               &ShowIf<StatusBarView, platform::StatusBar>,
+                               &ShowIf<ListPlaceView, platform::ListView>};
+    for (const auto show : kWays) {
+        if (auto view = show(form, control, parent)) {
+            view->Follow();
+            view->Flush();
+            return view;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace desktop

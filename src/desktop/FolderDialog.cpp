@@ -1,0 +1,120 @@
+#include "FolderDialog.h"
+
+#include "System.h"
+#include "WidgetOf.h"
+
+#include <cmath>
+#include <utility>
+
+namespace desktop {
+namespace {
+
+QRect InPixels(const platform::tPlace& place)
+{
+    const float perX = platform::TheScreen().TwipsPerPixelX();
+    const float perY = platform::TheScreen().TwipsPerPixelY();
+    const auto pixels = [](float twips, float per) { return static_cast<int>(std::lround(twips / per)); };
+    return {pixels(place.Left, perX), pixels(place.Top, perY), pixels(place.Width, perX),
+            pixels(place.Height, perY)};
+}
+
+} // namespace
+
+FolderDialog::FolderDialog(platform::BROWSEINFO info)
+    : m_info(std::move(info)), m_model(RootFolders()), m_pView(new FolderView(m_model))
+{
+    EnterWidget(m_tree, m_pView);
+    m_tree.SetParent(this);
+    m_tree.Observe(this);
+    QObject::connect(
+        m_pView->selectionModel(), &QItemSelectionModel::currentChanged, &m_loop,
+        [this](const QModelIndex& current) { Tell(platform::BFFM_SELCHANGED, FolderModel::Item(current)); });
+}
+
+FolderDialog::~FolderDialog()
+{
+    m_tree.Observe(nullptr);
+    m_tree.SetParent(nullptr);
+    RemoveWidget(m_tree);
+    delete m_pView;
+}
+
+void FolderDialog::Tell(unsigned uMsg, long lParam)
+{
+    if (m_info.lpfn != nullptr) {
+        m_info.lpfn(this, uMsg, lParam, m_info.lParam);
+    }
+}
+
+void FolderDialog::Run()
+{
+    // 1. The program may change the dialog, its place included, before it is brought to that place.
+    Tell(platform::BFFM_INITIALIZED, 0);
+    const QRect place = InPixels(Place());
+    platform::MoveWindow(this, place.x(), place.y(), place.width(), place.height());
+    // 2. Something is always selected.
+    if (m_pView && !m_pView->currentIndex().isValid()) {
+        m_pView->setCurrentIndex(m_model.index(0, 0));
+        m_pView->expand(m_pView->currentIndex());
+    }
+    // 3. Until it is closed.
+    if (!m_bClosed) {
+        m_loop.exec();
+    }
+}
+
+long FolderDialog::Message(unsigned nMessage, long wParam, long lParam)
+{
+    if (nMessage != platform::WM_CLOSE && nMessage != platform::WM_DESTROY) {
+        return Control::Message(nMessage, wParam, lParam);
+    }
+    m_bClosed = true;
+    m_loop.quit();
+    return 0;
+}
+
+long FolderDialog::TextMessage(unsigned nMessage, long wParam, const std::string& sText)
+{
+    if (nMessage != platform::BFFM_SETSELECTIONA || wParam != 1 || !m_pView) {
+        return Control::TextMessage(nMessage, wParam, sText);
+    }
+    const QModelIndex folder = m_model.Find(sText.substr(0, sText.find('\0')));
+    if (folder.isValid()) {
+        m_pView->setCurrentIndex(folder);
+        m_pView->scrollTo(folder);
+    }
+    return 0;
+}
+
+/// The tree has been moved.
+void FolderDialog::ControlChanged(platform::Control& /*control*/)
+{
+    FolderView* const pView = m_pView;
+    if (pView == nullptr) {
+        return;
+    }
+    QWidget* const pHost = WidgetOf(m_tree.Parent());
+    if (pView->parentWidget() != pHost) {
+        Host(*pView, pHost);
+    }
+    pView->setGeometry(InPixels(m_tree.Place()));
+}
+
+/// Shows the tree in a widget, in whose stead it takes the keyboard, or, with null, nowhere.
+void FolderDialog::Host(FolderView& view, QWidget* pHost)
+{
+    if (QWidget* const pBefore = view.parentWidget()) {
+        pBefore->setFocusPolicy(m_hostsFocusPolicy);
+    }
+    view.setParent(pHost);
+    if (pHost == nullptr) {
+        return;
+    }
+    m_hostsFocusPolicy = pHost->focusPolicy();
+    pHost->setFocusPolicy(Qt::NoFocus);
+    QWidget::setTabOrder(pHost, &view);
+    view.show();
+    view.setFocus();
+}
+
+} // namespace desktop

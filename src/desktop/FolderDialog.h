@@ -1,0 +1,57 @@
+#pragma once
+
+#include "FolderModel.h"
+#include "FolderView.h"
+
+#include <QEventLoop>
+#include <QPointer>
+#include <string>
+#include <string_view>
+
+namespace desktop {
+
+/// The shell's folder dialog. It is never on the screen itself: its tree can be moved into a window of the
+/// program, where it shows.
+class FolderDialog final : public platform::Control, private platform::ControlObserver
+{
+public:
+    explicit FolderDialog(platform::BROWSEINFO info);
+    FolderDialog(const FolderDialog&) = delete;
+    FolderDialog& operator=(const FolderDialog&) = delete;
+    ~FolderDialog() override;
+
+    /// Sets the dialog up, tells the callback, and runs an event loop until the dialog is closed.
+    void Run();
+
+    /// The full path of an item of the tree; empty for what is none.
+    [[nodiscard]] std::string Path(platform::ItemId item) const { return m_model.Path(item); }
+
+    [[nodiscard]] std::string_view ClassName() const override { return "#32770"; }
+    long Message(unsigned nMessage, long wParam, long lParam) override;
+    long TextMessage(unsigned nMessage, long wParam, const std::string& sText) override;
+
+private:
+    /// The tree as the program sees it.
+    class Tree final : public platform::Control
+    {
+    public:
+        [[nodiscard]] std::string_view ClassName() const override
+        {
+            return platform::ShellDialogs::kTreeClass;
+        }
+    };
+
+    void ControlChanged(platform::Control& control) override;
+    void Host(FolderView& view, QWidget* pHost);
+    void Tell(unsigned uMsg, long lParam);
+
+    const platform::BROWSEINFO m_info;
+    FolderModel m_model;
+    Tree m_tree;
+    QPointer<FolderView> m_pView; ///< goes with its host, if that goes first
+    Qt::FocusPolicy m_hostsFocusPolicy = Qt::NoFocus;
+    QEventLoop m_loop;
+    bool m_bClosed = false;
+};
+
+} // namespace desktop

@@ -1,0 +1,287 @@
+#include "FormWindow.h"
+
+#include "ControlWidgets.h"
+#include "DockedView.h"
+#include "ShownText.h"
+#include "Twips.h"
+#include "WidgetOf.h"
+#include "Widgets.h"
+#include "WindowFrame.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QEventLoop>
+#include <QKeyEvent>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QScreen>
+#include <QWindow>
+#include <algorithm>
+
+namespace desktop {
+namespace {
+
+bool TakesFocusByTab(const QWidget& widget)
+{
+    return (widget.focusPolicy() & Qt::TabFocus) != 0 && widget.isVisible() && widget.isEnabled();
+}
+
+} // namespace
+
+FormWindow::FormWindow(platform::Form& form, QWidget* pOwner)
+    : m_pForm(&form), m_pOwner(pOwner), m_pInside(new QWidget(this))
+{
+    setWindowTitle(ShownText(form.design.sCaption));
+    setWindowFlags(FrameOf(form.design));
+    if (m_pOwner != nullptr) {
+        winId(); // makes the system's window, which is what has an owner
+        windowHandle()->setTransientParent(m_pOwner->windowHandle());
+    }
+    if (!form.menus.empty()) {
+        m_pMenuBar = new QMenuBar(this);
+        m_pMenuBar->setNativeMenuBar(false); // its height is part of the layout
+        m_menus = std::make_unique<Menus>(form, *m_pMenuBar);
+    }
+    const QSize inside(Pixels(form.design.ClientWidth), Pixels(form.design.ClientHeight));
+    const QSize whole = inside + QSize(0, MenuHeight(inside.width()));
+    if (form.design.bSizable) {
+        resize(whole.boundedTo(screen()->availableSize()));
+    } else {
+        setFixedSize(whole);
+    }
+    m_pInside->resize(inside);
+    MakeWidgets();
+    EnterWidget(form, this);
+    form.Observe(this);
+    m_inputGate = std::make_unique<InputGate>(form, *this);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* pNow) { FocusMoved(pNow); });
+}
+
+FormWindow::~FormWindow()
+{
+    TakeDown();
+}
+
+void FormWindow::MakeWidgets()
+{
+    for (platform::Control* pControl : m_pForm->controls) {
+        if (auto view = ShowControl(*m_pForm, *pControl, *m_pInside)) {
+            m_views.push_back(std::move(view));
+        }
+    }
+    for (const auto& view : m_views) {
+        if (dynamic_cast<DockedView*>(view.get()) != nullptr) {
+            view->Widget().raise();
+        }
+        view->Follow(); // once more: how far a label may grow depends on its neighbours
+    }
+    if (auto* const pButton = qobject_cast<QPushButton*>(WidgetOf(m_pForm->DefaultButton))) {
+        pButton->setDefault(true);
+    }
+    FollowChildren();
+}
+
+void FormWindow::FollowChildren()
+{
+    // Children come and go while the form shows; its own controls have no parent.
+    const auto& children = m_pForm->Children();
+    std::erase_if(m_views, [&](const auto& view) {
+        const auto& own = m_pForm->controls;
+        const bool bGone = std::find(own.begin(), own.end(), &view->Shown()) == own.end() &&
+                           std::find(children.begin(), children.end(), &view->Shown()) == children.end();
+        if (bGone) {
+            view->Widget().hide();
+            view->Widget().deleteLater();
+        }
+        return bGone;
+    });
+    for (platform::Control* pChild : children) {
+        if (WidgetOf(pChild) == nullptr) {
+            if (auto view = ShowControl(*m_pForm, *pChild, *m_pInside)) {
+                m_views.push_back(std::move(view));
+            }
+        }
+    }
+}
+
+void FormWindow::ShowUp(bool bModal)
+{
+    setWindowModality(bModal ? Qt::ApplicationModal : Qt::NonModal);
+    PlaceOnScreen(*this, m_pForm->design, m_pOwner);
+    TellSize(); // laid out before anybody sees it
+    if (m_pForm == nullptr) {
+        return;
+    }
+    show();
+    activateWindow();
+    const std::vector<QWidget*> order = TabOrder();
+    if (m_pForm->ActiveControl() != nullptr) {
+        ControlChanged(*m_pForm);
+    } else if (!order.empty()) {
+        order.front()->setFocus(Qt::OtherFocusReason);
+    }
+}
+
+void FormWindow::RunUntilDown()
+{
+    QEventLoop loop;
+    m_pLoop = &loop;
+    loop.exec();
+}
+
+void FormWindow::TakeDown()
+{
+    if (m_pForm == nullptr) {
+        return;
+    }
+    m_inputGate.reset();
+    m_views.clear();
+    m_menus.reset();
+    m_pForm->Observe(nullptr);
+    RemoveWidget(*m_pForm);
+    m_pForm = nullptr;
+    hide();
+    if (m_pLoop != nullptr) {
+        m_pLoop->quit();
+    }
+    deleteLater();
+}
+
+void FormWindow::RefreshNow()
+{
+    for (const auto& view : m_views) {
+        view->Flush();
+    }
+    repaint();
+}
+
+void FormWindow::ControlChanged(platform::Control& /*control*/)
+{
+    FollowChildren();
+    QWidget* const pActive = WidgetOf(m_pForm->ActiveControl());
+    if (pActive != nullptr && !pActive->hasFocus() && !pActive->isAncestorOf(focusWidget())) {
+        pActive->setFocus(Qt::OtherFocusReason);
+    }
+}
+
+void FormWindow::FocusMoved(const QWidget* pNow)
+{
+    if (m_pForm == nullptr || pNow == nullptr || !m_pInside->isAncestorOf(pNow)) {
+        return;
+    }
+    for (const auto& view : m_views) {
+        if (&view->Widget() == pNow || view->Widget().isAncestorOf(pNow)) {
+            m_pForm->SetFocus(view->Shown());
+            return;
+        }
+    }
+}
+
+void FormWindow::changeEvent(QEvent* pEvent)
+{
+    QWidget::changeEvent(pEvent);
+    if (pEvent->type() == QEvent::WindowStateChange) {
+        TellSize();
+    }
+}
+
+void FormWindow::closeEvent(QCloseEvent* pEvent)
+{
+    pEvent->ignore(); // the form decides, and takes its window down
+    if (m_pForm != nullptr && m_pForm->Enabled() && m_pForm->design.bControlBox) {
+        m_pForm->UnloadForm();
+    }
+}
+
+void FormWindow::keyPressEvent(QKeyEvent* pEvent)
+{
+    platform::CommandButton* pButton = nullptr;
+    if (m_pForm != nullptr && !pEvent->isAutoRepeat()) {
+        const int nKey = pEvent->key();
+        const bool bPlain = (pEvent->modifiers() & ~Qt::KeypadModifier) == 0;
+        if (bPlain && (nKey == Qt::Key_Return || nKey == Qt::Key_Enter)) {
+            pButton = m_pForm->DefaultButton;
+        } else if (bPlain && nKey == Qt::Key_Escape) {
+            pButton = m_pForm->CancelButton;
+        }
+    }
+    if (pButton == nullptr || !pButton->Enabled() || !pButton->Visible() || !pButton->Click) {
+        QWidget::keyPressEvent(pEvent);
+        return;
+    }
+    pButton->Click();
+}
+
+void FormWindow::resizeEvent(QResizeEvent* pEvent)
+{
+    QWidget::resizeEvent(pEvent);
+    if (m_told) { // else the window is still being made
+        TellSize();
+    }
+}
+
+int FormWindow::MenuHeight(int nWidth) const
+{
+    return m_pMenuBar == nullptr ? 0 : m_pMenuBar->heightForWidth(nWidth);
+}
+
+void FormWindow::TellSize()
+{
+    if (m_pForm == nullptr) {
+        return;
+    }
+    const platform::WindowState state = StateOf(*this);
+    if (state != platform::WindowState::Minimized) {
+        const int nMenu = MenuHeight(width());
+        if (m_pMenuBar != nullptr) {
+            m_pMenuBar->setGeometry(0, 0, width(), nMenu);
+        }
+        m_pInside->setGeometry(0, nMenu, width(), height() - nMenu);
+    }
+    if (m_told == std::tuple(m_pInside->size(), state)) {
+        return;
+    }
+    m_told = {m_pInside->size(), state};
+    for (const auto& view : m_views) {
+        if (auto* const pDocked = dynamic_cast<DockedView*>(view.get())) {
+            pDocked->Dock(m_pInside->size());
+        }
+    }
+    m_pForm->TellSize(Twips(m_pInside->width()), Twips(m_pInside->height()), state);
+}
+
+bool FormWindow::focusNextPrevChild(bool bNext)
+{
+    const std::vector<QWidget*> order = TabOrder();
+    if (order.empty()) {
+        return false;
+    }
+    const auto nCount = static_cast<std::ptrdiff_t>(order.size());
+    const auto found = std::find(order.begin(), order.end(), focusWidget());
+    std::ptrdiff_t n = bNext ? 0 : nCount - 1;
+    if (found != order.end()) {
+        n = (found - order.begin() + (bNext ? 1 : nCount - 1)) % nCount;
+    }
+    order[static_cast<std::size_t>(n)]->setFocus(bNext ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
+}
+
+std::vector<QWidget*> FormWindow::TabOrder() const
+{
+    std::vector<QWidget*> order;
+    for (const auto& view : m_views) {
+        if (TakesFocusByTab(view->Widget())) {
+            order.push_back(&view->Widget());
+            continue;
+        }
+        // A box takes no focus itself; what somebody put into it may.
+        for (QWidget* pGuest : view->Widget().findChildren<QWidget*>()) {
+            if (TakesFocusByTab(*pGuest)) {
+                order.push_back(pGuest);
+            }
+        }
+    }
+    return order;
+}
+
+} // namespace desktop

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <Qt>
+
+class QKeyEvent;
+
+namespace desktop {
+
+/// The number that the program knows a key by, 0 for keys that it does not know.
+int VirtualKey(int nKey);
+
+/// The held keys as the program adds them up.
+int ShiftMask(Qt::KeyboardModifiers modifiers);
+
+/// The same once a key has come up, whether or not its event still counts that key as held.
+int ShiftMaskAfter(const QKeyEvent& released);
+
+} // namespace desktop

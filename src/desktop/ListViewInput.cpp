@@ -1,0 +1,166 @@
+// What the user does in a list: the mouse and the keys.
+
+#include "KeyCodes.h"
+#include "ListViewWidget.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QScrollBar>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace desktop {
+namespace {
+
+constexpr int kScrollInterval = 50; // milliseconds
+
+tHeld Held(Qt::KeyboardModifiers modifiers)
+{
+    return {modifiers.testFlag(Qt::ShiftModifier), modifiers.testFlag(Qt::ControlModifier)};
+}
+
+} // namespace
+
+void ListViewWidget::TellMouse(const platform::MouseEvent& tell, const QMouseEvent& event) const
+{
+    if (tell) {
+        const QPointF pos = viewport()->mapTo(this, event.position());
+        tell(event.button() == Qt::LeftButton ? platform::kLeftButton : platform::kRightButton,
+             ShiftMask(event.modifiers()), static_cast<float>(pos.x()) * kTwips,
+             static_cast<float>(pos.y()) * kTwips);
+    }
+}
+
+void ListViewWidget::mousePressEvent(QMouseEvent* pEvent)
+{
+    const bool bLeft = pEvent->button() == Qt::LeftButton;
+    if (!bLeft && pEvent->button() != Qt::RightButton) {
+        pEvent->ignore();
+        return;
+    }
+    TellMouse(m_list.MouseDown, *pEvent);
+    BringUpToDate();
+    m_pressed = pEvent->position().toPoint();
+    m_bDragBegun = false;
+    const auto row = RowUnder(m_pressed);
+    if (bLeft) {
+        m_picking.Press(row, LineAt(m_pressed.y()), Held(pEvent->modifiers()));
+    } else {
+        m_picking.PressRight(row, Held(pEvent->modifiers()));
+    }
+    BringUpToDate();
+}
+
+void ListViewWidget::mouseMoveEvent(QMouseEvent* pEvent)
+{
+    if (!pEvent->buttons().testFlag(Qt::LeftButton)) {
+        m_picking.Release();
+    }
+    const QPoint pos = pEvent->position().toPoint();
+    m_bDragBegun |= (pos - m_pressed).manhattanLength() >= QApplication::startDragDistance();
+    if (!m_picking.Dragging() || !m_bDragBegun) {
+        return;
+    }
+    m_nDragY = pos.y();
+    if (m_nDragY >= 0 && m_nDragY < viewport()->height()) {
+        m_scrollTimer.stop();
+    } else if (!m_scrollTimer.isActive()) {
+        m_scrollTimer.start(kScrollInterval, this);
+    }
+    DragTo(m_nDragY);
+}
+
+void ListViewWidget::timerEvent(QTimerEvent* pEvent)
+{
+    if (pEvent->timerId() != m_scrollTimer.timerId()) {
+        QTreeView::timerEvent(pEvent);
+        return;
+    }
+    // The further outside, the faster.
+    const int nBeyond = m_nDragY < 0 ? m_nDragY : m_nDragY - viewport()->height() + 1;
+    const int nStep = verticalScrollBar()->singleStep();
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + nStep * (nBeyond < 0 ? -1 : 1) +
+                                  nBeyond / 16);
+    DragTo(m_nDragY);
+}
+
+void ListViewWidget::DragTo(int y)
+{
+    BringUpToDate();
+    m_picking.DragTo(LineAt(y));
+    BringUpToDate();
+}
+
+void ListViewWidget::mouseReleaseEvent(QMouseEvent* pEvent)
+{
+    if (pEvent->button() == Qt::LeftButton) {
+        m_scrollTimer.stop();
+        m_picking.Release();
+    }
+    if (pEvent->button() == Qt::LeftButton || pEvent->button() == Qt::RightButton) {
+        TellMouse(m_list.MouseUp, *pEvent);
+    }
+}
+
+void ListViewWidget::mouseDoubleClickEvent(QMouseEvent* pEvent)
+{
+    if (pEvent->button() != Qt::LeftButton) {
+        mousePressEvent(pEvent);
+    } else if (m_list.DblClick) {
+        m_list.DblClick();
+    }
+}
+
+void ListViewWidget::keyPressEvent(QKeyEvent* pEvent)
+{
+    // Selecting all is the program's, when the keys come up.
+    if (pEvent->matches(QKeySequence::SelectAll)) {
+        pEvent->ignore();
+        return;
+    }
+    constexpr std::array<std::pair<int, CursorAction>, 6> kMoves = {{
+        {Qt::Key_Up, MoveUp},
+        {Qt::Key_Down, MoveDown},
+        {Qt::Key_Home, MoveHome},
+        {Qt::Key_End, MoveEnd},
+        {Qt::Key_PageUp, MovePageUp},
+        {Qt::Key_PageDown, MovePageDown},
+    }};
+    BringUpToDate();
+    const tHeld held = Held(pEvent->modifiers());
+    const auto* const pMove = std::find_if(kMoves.begin(), kMoves.end(),
+                                           [&](const auto& each) { return each.first == pEvent->key(); });
+    if (pMove != kMoves.end()) {
+        const QModelIndex index = moveCursor(pMove->second, pEvent->modifiers());
+        if (index.isValid()) {
+            m_picking.MoveTo(static_cast<std::size_t>(index.row()), held);
+            m_rowToShow = static_cast<std::size_t>(index.row());
+        }
+    } else if (pEvent->key() == Qt::Key_Space) {
+        m_picking.PickCurrent(held);
+    } else {
+        QTreeView::keyPressEvent(pEvent);
+    }
+    BringUpToDate();
+}
+
+void ListViewWidget::keyReleaseEvent(QKeyEvent* pEvent)
+{
+    const int nKeyCode = VirtualKey(pEvent->key());
+    if (nKeyCode != 0 && !pEvent->isAutoRepeat() && m_list.KeyUp) {
+        m_list.KeyUp(nKeyCode, ShiftMaskAfter(*pEvent));
+    }
+}
+
+void ListViewWidget::keyboardSearch(const QString& sTyped)
+{
+    QTreeView::keyboardSearch(sTyped);
+    if (currentIndex().isValid()) {
+        m_picking.SetAnchor(static_cast<std::size_t>(currentIndex().row()));
+        scrollTo(currentIndex());
+    }
+}
+
+} // namespace desktop

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "ListView.h"
+#include "MarkDelegate.h"
+#include "RowModel.h"
+#include "RowPicking.h"
+#include "RowSelection.h"
+
+#include <QBasicTimer>
+#include <QTreeView>
+
+#include <cstddef>
+#include <optional>
+
+namespace desktop {
+
+/// Shows a list view. The list's state is the truth: the user's clicks and keys change it, and what it tells
+/// is shown when the widget is painted next, all at once, so that a list which nobody sees costs nothing but
+/// a mark for each row that is added or changed. Place, visibility and focus are left to who made the widget.
+class ListViewWidget final : public QTreeView,
+                             public platform::ListViewObserver,
+                             public platform::ControlObserver
+{
+public:
+    /// The list must outlive the widget; it has no other row observer, and its columns no other observer.
+    ListViewWidget(platform::ListView& list, QWidget* pParent);
+    ListViewWidget(const ListViewWidget&) = delete;
+    ListViewWidget& operator=(const ListViewWidget&) = delete;
+    ~ListViewWidget() override;
+
+    /// Stops showing the list, which may go before the widget does.
+    void LetGo();
+
+    void RowAdded(std::size_t nRow) override;
+    void RowChanged(std::size_t nRow) override;
+    void RowRemoved(std::size_t nRow) override;
+    void RowsCleared() override;
+    void RowsSorted() override;
+    void SelectionChanged() override;
+    void ShowRow(std::size_t nRow) override;
+    std::optional<std::size_t> RowAt(float x, float y) override;
+
+    /// One of the columns has got another width.
+    void ControlChanged(platform::Control& control) override;
+
+    void keyboardSearch(const QString& sTyped) override;
+
+protected:
+    void paintEvent(QPaintEvent* pEvent) override;
+    void resizeEvent(QResizeEvent* pEvent) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void changeEvent(QEvent* pEvent) override;
+    void focusInEvent(QFocusEvent* pEvent) override;
+    void timerEvent(QTimerEvent* pEvent) override;
+    void mousePressEvent(QMouseEvent* pEvent) override;
+    void mouseMoveEvent(QMouseEvent* pEvent) override;
+    void mouseReleaseEvent(QMouseEvent* pEvent) override;
+    void mouseDoubleClickEvent(QMouseEvent* pEvent) override;
+    void keyPressEvent(QKeyEvent* pEvent) override;
+    void keyReleaseEvent(QKeyEvent* pEvent) override;
+    [[nodiscard]] QRegion visualRegionForSelection(const QItemSelection& selection) const override;
+
+private:
+    static constexpr float kTwips = 15; ///< to the logical pixel
+
+    void SetUpHeader();
+    void ApplyColumnWidths();
+    void ApplyColors();
+
+    void MarkStale();
+    void BringUpToDate();
+    void MirrorRowsInSight();
+
+    [[nodiscard]] std::optional<std::size_t> RowUnder(const QPoint& pos) const;
+    [[nodiscard]] std::size_t LineAt(int y) const;
+    void DragTo(int y);
+    void TellMouse(const platform::MouseEvent& tell, const QMouseEvent& event) const;
+
+    platform::ListView& m_list;
+    RowModel m_model;
+    RowSelection m_selection;
+    RowPicking m_picking;
+    MarkDelegate m_delegate;
+
+    bool m_bStale = true;                   ///< the list has told something that is not shown yet
+    std::optional<std::size_t> m_rowToShow; ///< asked for since
+    bool m_bSetsColumns = false;
+    bool m_bSetsColors = false;
+    QPoint m_pressed;          ///< where the left button went down
+    bool m_bDragBegun = false; ///< the pointer has left that place
+    QBasicTimer m_scrollTimer; ///< runs while a drag is held above or below the rows
+    int m_nDragY = 0;
+};
+
+} // namespace desktop

@@ -1,0 +1,127 @@
+#include "MarkDelegate.h"
+
+#include "RowModel.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QPainter>
+#include <QStyle>
+
+#include <algorithm>
+#include <cmath>
+
+namespace desktop {
+namespace {
+
+constexpr int kFolder = 1;
+constexpr int kFirst = 2;
+constexpr int kLast = 4;
+constexpr int kMarks = 3; ///< of a file that is there, and as many of one that has gone
+
+// A mark as drawn in a square of 16 by 16.
+constexpr int kSide = 16;
+constexpr int kStrokeLeft = 4;
+constexpr int kStrokeWidth = 4;
+constexpr int kArmTop = 6;
+constexpr int kArmHeight = 4;
+
+/// How bright a colour is to the eye, 0 to 1.
+double Luminance(const QColor& color)
+{
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+double Contrast(const QColor& one, const QColor& other)
+{
+    const auto [dark, light] = std::minmax({Luminance(one), Luminance(other)});
+    return (light + 0.05) / (dark + 0.05);
+}
+
+/// The pure colour, or a paler one where that is easier to see.
+QColor MarkColor(bool bGone, const QColor& background)
+{
+    const QColor pure = bGone ? QColor(0xFF, 0, 0) : QColor(0, 0, 0xFF);
+    const QColor pale = bGone ? QColor(0xFF, 0x90, 0x90) : QColor(0x8F, 0xA8, 0xFF);
+    return Contrast(pure, background) >= Contrast(pale, background) ? pure : pale;
+}
+
+void PaintMark(QPainter& painter, const QRect& picture, const QRect& row, int nSmallIcon,
+               const QColor& background)
+{
+    const bool bGone = nSmallIcon > kLast;
+    const int nMark = bGone ? nSmallIcon - kMarks : nSmallIcon;
+    const QColor color = MarkColor(bGone, background);
+    const int nArmTop = row.top() + (row.height() - kSide) / 2 + kArmTop;
+    const int nTop = nMark == kFirst ? nArmTop : row.top();
+    const int nBottom = nMark == kLast ? nArmTop + kArmHeight : row.top() + row.height();
+    painter.fillRect(picture.left() + kStrokeLeft, nTop, kStrokeWidth, nBottom - nTop, color);
+    if (nMark == kFirst || nMark == kLast) {
+        painter.fillRect(picture.left() + kStrokeLeft, nArmTop, kSide - kStrokeLeft, kArmHeight, color);
+    }
+}
+
+QColor Background(const QStyleOptionViewItem& option)
+{
+    const auto group = !(option.state & QStyle::State_Enabled)  ? QPalette::Disabled
+                       : !(option.state & QStyle::State_Active) ? QPalette::Inactive
+                                                                : QPalette::Active;
+    const bool bSelected = option.showDecorationSelected && option.state.testFlag(QStyle::State_Selected);
+    return option.palette.color(group, bSelected ? QPalette::Highlight : QPalette::Base);
+}
+
+QStyle& StyleOf(const QStyleOptionViewItem& option)
+{
+    return option.widget != nullptr ? *option.widget->style() : *QApplication::style();
+}
+
+} // namespace
+
+MarkDelegate::MarkDelegate(platform::ListView& list) : m_list(list)
+{
+    const QString sDrawing = QStringLiteral(":/pictures/folder.svg");
+    m_folder =
+        QFile::exists(sDrawing) ? QIcon(sDrawing) : QApplication::style()->standardIcon(QStyle::SP_DirIcon);
+}
+
+void MarkDelegate::initStyleOption(QStyleOptionViewItem* pOption, const QModelIndex& index) const
+{
+    QStyledItemDelegate::initStyleOption(pOption, index);
+    pOption->showDecorationSelected = m_list.FullRowSelect();
+    const int nSmallIcon = index.data(RowModel::kSmallIconRole).toInt();
+    if (index.column() == 0 && nSmallIcon > 0) {
+        pOption->features |= QStyleOptionViewItem::HasDecoration;
+        pOption->decorationSize = QSize(kSide, kSide);
+        if (nSmallIcon == kFolder) {
+            pOption->icon = m_folder;
+        }
+    }
+}
+
+QRect MarkDelegate::Label(const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    QRect label = option.rect;
+    label.setWidth(std::min(label.width(), sizeHint(option, index).width()));
+    return label;
+}
+
+void MarkDelegate::paint(QPainter* pPainter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const
+{
+    QStyleOptionViewItem cell = option;
+    if (!m_list.FullRowSelect() && index.column() == 0) {
+        cell.rect = Label(option, index);
+    }
+    QStyledItemDelegate::paint(pPainter, cell, index);
+    const int nSmallIcon = index.data(RowModel::kSmallIconRole).toInt();
+    if (index.column() == 0 && nSmallIcon > kFolder) {
+        initStyleOption(&cell, index);
+        const QRect picture =
+            StyleOf(cell).subElementRect(QStyle::SE_ItemViewItemDecoration, &cell, cell.widget);
+        PaintMark(*pPainter, picture, option.rect, nSmallIcon, Background(cell));
+    }
+}
+
+} // namespace desktop

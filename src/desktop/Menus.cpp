@@ -1,0 +1,83 @@
+#include "Menus.h"
+
+#include "Form.h"
+#include "Menu.h"
+#include "ShownText.h"
+#include "WidgetOf.h"
+
+#include <QKeySequence>
+#include <QMenu>
+#include <QMenuBar>
+
+namespace desktop {
+
+/// Keeps one item and its action in step. A submenu's widget is entered as that of its item.
+class Menus::Item final : public QObject, public platform::ControlObserver
+{
+public:
+    Item(platform::MenuItem& item, QAction& action) : m_item(item), m_action(action)
+    {
+        if (m_action.menu() != nullptr) {
+            EnterWidget(m_item, m_action.menu());
+        }
+        m_item.Observe(this);
+        ControlChanged(m_item);
+    }
+    ~Item() override
+    {
+        m_item.Observe(nullptr);
+        RemoveWidget(m_item);
+    }
+
+    void ControlChanged(platform::Control& /*control*/) override
+    {
+        m_action.setEnabled(m_item.Enabled());
+        m_action.setVisible(m_item.Visible());
+        // An item that is not checked looks like any other, without an empty box for the mark.
+        m_action.setChecked(m_item.Checked());
+        m_action.setCheckable(m_item.Checked());
+        m_action.setChecked(m_item.Checked());
+    }
+
+private:
+    platform::MenuItem& m_item;
+    QAction& m_action;
+};
+
+Menus::Menus(platform::Form& form, QMenuBar& bar) : m_form(form)
+{
+    for (platform::MenuItem* pItem : form.menus) {
+        bar.addAction(Add(*pItem, bar));
+    }
+}
+
+Menus::~Menus() = default;
+
+QAction* Menus::Add(platform::MenuItem& item, QWidget& parent)
+{
+    if (!item.items.empty()) {
+        auto* const pMenu = new QMenu(ShownText(item.sCaption), &parent);
+        for (platform::MenuItem* pItem : item.items) {
+            pMenu->addAction(Add(*pItem, *pMenu));
+        }
+        m_items.push_back(std::make_unique<Item>(item, *pMenu->menuAction()));
+        return pMenu->menuAction();
+    }
+    auto* const pAction = new QAction(ShownText(item.sCaption), &parent);
+    if (item.sCaption == "-") {
+        pAction->setSeparator(true);
+        return pAction;
+    }
+    pAction->setShortcut(QKeySequence(QString::fromStdString(item.sShortcut)));
+    m_items.push_back(std::make_unique<Item>(item, *pAction));
+    Item* const pShown = m_items.back().get();
+    QObject::connect(pAction, &QAction::triggered, pShown, [this, pShown, &item] {
+        pShown->ControlChanged(item); // takes back what the action did to its own check mark
+        if (m_form.Enabled() && item.Click) {
+            item.Click();
+        }
+    });
+    return pAction;
+}
+
+} // namespace desktop

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "ShellDialogs.h"
+
+namespace desktop {
+
+class FolderDialog;
+
+/// The shell's dialogs, made with Qt.
+class QtShell final : public platform::ShellDialogs
+{
+public:
+    platform::ItemId SHBrowseForFolder(const platform::BROWSEINFO& info) override;
+    bool SHGetPathFromIDList(platform::ItemId pidl, std::string& sBuffer) override;
+    platform::tVolumeLabel VolumeLabel(const std::string& sFolder) override;
+
+private:
+    FolderDialog* m_pDialog = nullptr; ///< the one that runs
+};
+
+} // namespace desktop

@@ -1,0 +1,130 @@
+#include "QtWindows.h"
+
+#include "FormWindow.h"
+#include "Menu.h"
+#include "ShownLines.h"
+#include "Twips.h"
+#include "WidgetOf.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QMenu>
+#include <QMessageBox>
+#include <QScreen>
+
+namespace desktop {
+
+QtWindows::~QtWindows()
+{
+    while (!m_windows.empty()) {
+        delete m_windows.begin()->second;
+        m_windows.erase(m_windows.begin());
+    }
+}
+
+QWidget* QtWindows::WindowOf(const platform::Form* pForm) const
+{
+    const auto found = m_windows.find(pForm);
+    return found == m_windows.end() ? nullptr : found->second;
+}
+
+void QtWindows::ShowForm(platform::Form& form, bool bModal, platform::Form* pOwner)
+{
+    if (QWidget* const pShown = WindowOf(&form)) {
+        pShown->show();
+        SetForegroundWindow(form.hWnd());
+        return;
+    }
+    // A modal form without an owner of its own stays over the window from which it was opened.
+    QWidget* const pOver = bModal && pOwner == nullptr ? QApplication::activeWindow() : WindowOf(pOwner);
+    auto* const pWindow = new FormWindow(form, pOver);
+    m_windows[&form] = pWindow;
+    pWindow->ShowUp(bModal);
+    if (bModal && WindowOf(&form) == pWindow) {
+        pWindow->RunUntilDown();
+    }
+}
+
+void QtWindows::TakeDownForm(platform::Form& form)
+{
+    const auto found = m_windows.find(&form);
+    if (found == m_windows.end()) {
+        return;
+    }
+    FormWindow* const pWindow = found->second;
+    m_windows.erase(found);
+    pWindow->TakeDown();
+    if (m_windows.empty()) {
+        QApplication::quit();
+    }
+}
+
+void QtWindows::RefreshForm(platform::Form& form)
+{
+    const auto found = m_windows.find(&form);
+    if (found != m_windows.end()) {
+        found->second->RefreshNow();
+    }
+}
+
+void QtWindows::PopupMenu(platform::MenuItem& menu)
+{
+    if (auto* const pMenu = qobject_cast<QMenu*>(WidgetOf(&menu))) {
+        pMenu->exec(QCursor::pos());
+    }
+}
+
+void QtWindows::SetForegroundWindow(platform::WindowHandle hWnd)
+{
+    if (QWidget* const pWidget = WidgetOf(hWnd)) {
+        pWidget->window()->raise();
+        pWidget->window()->activateWindow();
+    }
+}
+
+void QtWindows::LockWindowUpdate(platform::WindowHandle hWnd)
+{
+    if (m_locked != nullptr) {
+        m_locked->setUpdatesEnabled(true);
+    }
+    m_locked = WidgetOf(hWnd);
+    if (m_locked != nullptr) {
+        m_locked->setUpdatesEnabled(false);
+    }
+}
+
+void QtWindows::SetMousePointer(platform::MousePointer pointer)
+{
+    QApplication::restoreOverrideCursor();
+    if (pointer == platform::MousePointer::Hourglass) {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    }
+}
+
+float QtWindows::Width()
+{
+    return Twips(QGuiApplication::primaryScreen()->size().width());
+}
+
+float QtWindows::TwipsPerPixelX()
+{
+    return kTwipsPerPixel;
+}
+
+float QtWindows::TwipsPerPixelY()
+{
+    return kTwipsPerPixel;
+}
+
+void QtWindows::Show(std::string_view sText, platform::MessageIcon icon)
+{
+    QMessageBox box(QApplication::activeWindow());
+    box.setIcon(icon == platform::MessageIcon::Stop ? QMessageBox::Critical : QMessageBox::Warning);
+    box.setWindowTitle(QStringLiteral("Tallyfen"));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(ShownLines(sText));
+    box.setStandardButtons(QMessageBox::Ok);
+    box.exec();
+}
+
+} // namespace desktop

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "MessageBoxes.h"
+#include "Screen.h"
+#include "WindowManager.h"
+
+#include <QPointer>
+#include <QWidget>
+#include <map>
+
+namespace desktop {
+
+class FormWindow;
+
+/// Forms, message boxes and the mouse pointer on the screen. When the last form has been taken down, the
+/// application's event loop ends. What still shows at the end of this object is taken down.
+class QtWindows final : public platform::WindowManager, public platform::Screen, public platform::MessageBoxes
+{
+public:
+    QtWindows() = default;
+    QtWindows(const QtWindows&) = delete;
+    QtWindows& operator=(const QtWindows&) = delete;
+    ~QtWindows() override;
+
+    void ShowForm(platform::Form& form, bool bModal, platform::Form* pOwner) override;
+    void TakeDownForm(platform::Form& form) override;
+    void RefreshForm(platform::Form& form) override;
+    void PopupMenu(platform::MenuItem& menu) override;
+    void SetForegroundWindow(platform::WindowHandle hWnd) override;
+    void LockWindowUpdate(platform::WindowHandle hWnd) override;
+
+    void SetMousePointer(platform::MousePointer pointer) override;
+    float Width() override;
+    float TwipsPerPixelX() override;
+    float TwipsPerPixelY() override;
+
+    void Show(std::string_view sText, platform::MessageIcon icon) override;
+
+private:
+    [[nodiscard]] QWidget* WindowOf(const platform::Form* pForm) const;
+
+    std::map<const platform::Form*, FormWindow*> m_windows;
+    QPointer<QWidget> m_locked; ///< the widget in which all drawing is stopped
+};
+
+} // namespace desktop

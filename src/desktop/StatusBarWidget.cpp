@@ -1,0 +1,84 @@
+#include "StatusBarWidget.h"
+
+#include "ShownText.h"
+#include "StatusBar.h"
+#include "Twips.h"
+#include "WidgetOf.h"
+
+#include <QHBoxLayout>
+
+namespace desktop {
+namespace {
+
+constexpr int kGap = 2;
+constexpr int kTextMargin = 3;
+
+Qt::Alignment AlignmentOf(platform::Alignment alignment)
+{
+    switch (alignment) {
+    case platform::Alignment::Right:
+        return Qt::AlignRight | Qt::AlignVCenter;
+    case platform::Alignment::Center:
+        return Qt::AlignCenter;
+    case platform::Alignment::Left:
+        break;
+    }
+    return Qt::AlignLeft | Qt::AlignVCenter;
+}
+
+} // namespace
+
+/// Shows one panel; the bar places it.
+class StatusBarView::PanelView final : public platform::ControlObserver
+{
+public:
+    PanelView(platform::Panel& panel, QWidget* pParent) : m_panel(panel), m_label(*new QLabel(pParent))
+    {
+        m_label.setTextFormat(Qt::PlainText);
+        m_label.setFrameStyle(QFrame::Panel | QFrame::Sunken);
+        m_label.setContentsMargins(kTextMargin, 0, kTextMargin, 0);
+        m_label.setAlignment(AlignmentOf(m_panel.alignment));
+        m_label.setMinimumWidth(Pixels(m_panel.MinWidth));
+        m_label.setSizePolicy(m_panel.bSpring ? QSizePolicy::Ignored : QSizePolicy::Minimum,
+                              QSizePolicy::Preferred);
+        // As plain text a tool tip loses nothing of the blanks at its ends.
+        m_label.setToolTip(ShownText(m_panel.sToolTip));
+        EnterWidget(m_panel, &m_label);
+        m_panel.Observe(this);
+        ControlChanged(m_panel);
+    }
+    PanelView(const PanelView&) = delete;
+    PanelView& operator=(const PanelView&) = delete;
+    ~PanelView() override
+    {
+        m_panel.Observe(nullptr);
+        RemoveWidget(m_panel);
+    }
+
+    [[nodiscard]] QLabel& Widget() const { return m_label; }
+
+    void ControlChanged(platform::Control& /*control*/) override
+    {
+        m_label.setText(ShownText(m_panel.Text()));
+    }
+
+private:
+    platform::Panel& m_panel;
+    QLabel& m_label;
+};
+
+StatusBarView::StatusBarView(const platform::Form& form, platform::StatusBar& bar, QWidget* pParent)
+    : DockedView(form, bar, *new QWidget(pParent))
+{
+    auto* const pRow = new QHBoxLayout(&Widget());
+    pRow->setContentsMargins(0, kGap, 0, 0);
+    pRow->setSpacing(kGap);
+    for (std::size_t n = 1; n <= bar.PanelCount(); ++n) {
+        m_panels.push_back(std::make_unique<PanelView>(bar.Panels(n), &Widget()));
+        pRow->addWidget(&m_panels.back()->Widget(), bar.Panels(n).bSpring ? 1 : 0);
+    }
+}
+
+StatusBarView::~StatusBarView() = default;
+
+} // namespace desktop

@@ -1,0 +1,76 @@
+#include "Subfolders.h"
+
+#include <cstring>
+#include <dirent.h>
+#include <fcntl.h>
+#include <memory>
+#include <sys/stat.h>
+
+namespace desktop {
+namespace {
+
+/// How many entries a look reads at most.
+constexpr int kLook = 4'000;
+
+struct CloseFolder {
+    void operator()(DIR* pFolder) const { closedir(pFolder); }
+};
+using Folder = std::unique_ptr<DIR, CloseFolder>;
+
+bool IsFolder(DIR* pFolder, const dirent64& entry)
+{
+    if (std::strcmp(entry.d_name, ".") == 0 || std::strcmp(entry.d_name, "..") == 0) {
+        return false;
+    }
+    if (entry.d_type != DT_UNKNOWN) {
+        return entry.d_type == DT_DIR;
+    }
+    struct stat status {
+    };
+    return fstatat(dirfd(pFolder), entry.d_name, &status, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT) == 0 &&
+           S_ISDIR(status.st_mode);
+}
+
+/// True if another file system is mounted at the folder, or would be by a look into it.
+bool IsMountPoint(const std::string& sPath)
+{
+    struct statx status {
+    };
+    constexpr int nFlags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT;
+    return statx(AT_FDCWD, sPath.c_str(), nFlags, STATX_TYPE, &status) == 0 &&
+           (status.stx_attributes & (STATX_ATTR_AUTOMOUNT | STATX_ATTR_MOUNT_ROOT)) != 0;
+}
+
+} // namespace
+
+std::vector<std::string> Subfolders(const std::string& sPath)
+{
+    std::vector<std::string> names;
+    const Folder folder(opendir(sPath.c_str()));
+    while (const dirent64* pEntry = folder ? readdir64(folder.get()) : nullptr) {
+        if (IsFolder(folder.get(), *pEntry)) {
+            names.emplace_back(pEntry->d_name);
+        }
+    }
+    return names;
+}
+
+bool MayHaveSubfolders(const std::string& sPath)
+{
+    if (IsMountPoint(sPath)) {
+        return true;
+    }
+    const Folder folder(opendir(sPath.c_str()));
+    for (int n = 0; n < kLook; ++n) {
+        const dirent64* pEntry = folder ? readdir64(folder.get()) : nullptr;
+        if (pEntry == nullptr) {
+            return false;
+        }
+        if (IsFolder(folder.get(), *pEntry)) {
+            return true;
+        }
+    }
+    return true;
+}
+
+} // namespace desktop

@@ -1,0 +1,67 @@
+#include "ToolbarWidget.h"
+
+#include "Pictures.h"
+#include "ShownText.h"
+#include "Toolbar.h"
+#include "WidgetOf.h"
+
+#include <QLayout>
+#include <QToolButton>
+
+namespace desktop {
+namespace {
+
+constexpr QSize kPicture(24, 24);
+constexpr QSize kButton(56, 44); // 840 by 660 twips
+
+} // namespace
+
+ToolbarView::ToolbarView(const platform::Form& form, platform::Toolbar& toolbar, QWidget* pParent)
+    : DockedView(form, toolbar, *new QToolBar(pParent)), m_toolbar(toolbar),
+      m_widget(static_cast<QToolBar&>(Widget()))
+{
+    m_widget.setMovable(false);
+    m_widget.setIconSize(kPicture);
+    m_widget.setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    m_widget.layout()->setContentsMargins(0, 0, 0, 0);
+    m_widget.layout()->setSpacing(0);
+    for (std::size_t n = 0; n < m_toolbar.buttons.size(); ++n) {
+        AddButton(n);
+    }
+    EnterWidget(m_toolbar.native, &m_widget);
+    m_toolbar.native.Observe(this);
+}
+
+ToolbarView::~ToolbarView()
+{
+    m_toolbar.native.Observe(nullptr);
+    RemoveWidget(m_toolbar.native);
+}
+
+void ToolbarView::AddButton(std::size_t n)
+{
+    const platform::tToolbarButton& button = m_toolbar.buttons[n];
+    if (button.sKey.empty()) {
+        m_widget.addSeparator();
+        return;
+    }
+    QAction* const pAction = m_widget.addAction(Picture(button.sPicture), ShownText(button.sCaption));
+    pAction->setToolTip(ShownText(button.sToolTip));
+    m_widget.widgetForAction(pAction)->setMinimumSize(kButton);
+    m_widget.widgetForAction(pAction)->setFocusPolicy(Qt::NoFocus);
+    connect(pAction, &QAction::triggered, this, [this, n] {
+        if (TakesInput() && m_toolbar.ButtonClick) {
+            m_toolbar.ButtonClick(m_toolbar.buttons[n].sKey);
+        }
+    });
+}
+
+void ToolbarView::Follow()
+{
+    for (QToolButton* pButton : m_widget.findChildren<QToolButton*>()) {
+        pButton->setAutoRaise(m_toolbar.native.IsFlat());
+    }
+    DockedView::Follow();
+}
+
+} // namespace desktop

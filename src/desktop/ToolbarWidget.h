@@ -1,0 +1,32 @@
+#pragma once
+
+#include "DockedView.h"
+
+#include <QToolBar>
+
+namespace platform {
+class Toolbar;
+}
+
+namespace desktop {
+
+/// Shows a toolbar along the top of its form, its buttons flat if the native window's style says so.
+class ToolbarView final : public DockedView
+{
+public:
+    ToolbarView(const platform::Form& form, platform::Toolbar& toolbar, QWidget* pParent);
+    ~ToolbarView() override;
+
+    void Follow() override;
+
+protected:
+    [[nodiscard]] bool AtBottom() const override { return false; }
+
+private:
+    void AddButton(std::size_t n);
+
+    platform::Toolbar& m_toolbar;
+    QToolBar& m_widget;
+};
+
+} // namespace desktop

@@ -1,0 +1,46 @@
+#include "UserInterface.h"
+
+#include "Pictures.h"
+
+#include <QFont>
+
+namespace desktop {
+namespace {
+
+constexpr double kFontPoints = 8.25;
+
+} // namespace
+
+void PutOnFace()
+{
+    QApplication::setApplicationName(QStringLiteral("tallyfen"));
+    QApplication::setDesktopFileName(QStringLiteral("tallyfen"));
+    QApplication::setWindowIcon(Picture("tallyfen"));
+    QApplication::setQuitOnLastWindowClosed(false);
+    QFont font;
+    font.setFamilies(
+        {QStringLiteral("Tahoma"), QStringLiteral("DejaVu Sans Condensed"), QStringLiteral("DejaVu Sans")});
+    font.setPointSizeF(kFontPoints);
+    QApplication::setFont(font);
+}
+
+UserInterface::UserInterface(int& argc, char* argv[])
+    : m_application(argc, argv), m_events([] { QApplication::processEvents(); })
+{
+    PutOnFace();
+}
+
+void UserInterface::EnterInto(platform::tSystem& system)
+{
+    system.events = &m_events;
+    system.screen = &m_windows;
+    system.messages = &m_windows;
+    system.windows = &m_windows;
+}
+
+int UserInterface::Run()
+{
+    return QApplication::exec();
+}
+
+} // namespace desktop

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "ShellDialogs.h"
+
+#include <string>
+
+namespace desktop {
+
+/// The label of the file system that holds folder `sFolder`, by what an ordinary user may ask: the file
+/// system itself, then the labels that the system has found on the disks.
+platform::tVolumeLabel VolumeLabel(const std::string& sFolder);
+
+} // namespace desktop

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "Widgets.h"
+
+#include <string_view>
+
+namespace dialogs {
+
+/// Gives a control with a caption what the design of its form says.
+template <typename T>
+void Design(T& control, const platform::tPlace& place, std::string_view sCaption)
+{
+    control.SetPlace(place);
+    control.SetCaption(sCaption);
+}
+
+/// The same for a picture of 32 by 32 pixels.
+inline void Design(platform::Image& image, float left, float top, std::string_view sPicture)
+{
+    image.SetPlace({left, top, 480, 480});
+    image.SetPicture(sPicture);
+}
+
+} // namespace dialogs

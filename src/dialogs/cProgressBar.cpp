@@ -1,0 +1,133 @@
+#include "cProgressBar.h"
+
+#include "System.h"
+#include "Widgets.h"
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <stdexcept>
+
+namespace dialogs {
+namespace {
+
+float PerX()
+{
+    return platform::TheScreen().TwipsPerPixelX();
+}
+
+float PerY()
+{
+    return platform::TheScreen().TwipsPerPixelY();
+}
+
+/// `number`, refused if the arithmetic that led to it has left the range of its type.
+float Checked(float number)
+{
+    if (!std::isfinite(number)) {
+        throw std::overflow_error("Overflow");
+    }
+    return number;
+}
+
+/// The nearest whole number, of two equally near the even one.
+std::int32_t Rounded(float number)
+{
+    const double rounded = std::nearbyint(static_cast<double>(Checked(number)));
+    if (rounded < std::numeric_limits<std::int32_t>::min() ||
+        rounded > std::numeric_limits<std::int32_t>::max()) {
+        throw std::overflow_error("Overflow");
+    }
+    return static_cast<std::int32_t>(rounded);
+}
+
+} // namespace
+
+cProgressBar::~cProgressBar()
+{
+    platform::DestroyWindow(hWnd);
+}
+
+float cProgressBar::Left() const
+{
+    return sngLeft * PerX();
+}
+
+void cProgressBar::SetLeft(float New_Left)
+{
+    sngLeft = New_Left / PerX();
+    if (hWnd != nullptr) {
+        UpdateRect();
+    }
+}
+
+float cProgressBar::Top() const
+{
+    return sngTop * PerY();
+}
+
+void cProgressBar::SetTop(float New_Top)
+{
+    sngTop = New_Top / PerY();
+    if (hWnd != nullptr) {
+        UpdateRect();
+    }
+}
+
+float cProgressBar::Width() const
+{
+    return sngWidth * PerX();
+}
+
+void cProgressBar::SetWidth(float New_Width)
+{
+    sngWidth = New_Width / PerX();
+}
+
+float cProgressBar::Height() const
+{
+    return sngHeight * PerY();
+}
+
+void cProgressBar::SetHeight(float New_Height)
+{
+    sngHeight = New_Height / PerY();
+}
+
+float cProgressBar::Value() const
+{
+    return Checked((sngMax - sngMin) * sngPercent / 100);
+}
+
+void cProgressBar::SetValue(float New_Value)
+{
+    // 1. and 2. Never a division by 0.
+    const bool bAsItIs = !(New_Value > 0) || !(sngMax > sngMin);
+    sngPercent = bAsItIs ? New_Value : Checked(New_Value / Checked(sngMax - sngMin) * 100);
+    // 3. Show it.
+    UpdatePosition();
+}
+
+void cProgressBar::SetVisible(bool New_Visible)
+{
+    platform::ShowWindow(hWnd, New_Visible ? platform::SW_SHOW : platform::SW_HIDE);
+}
+
+void cProgressBar::Create(const platform::WindowHandle& hParent)
+{
+    platform::InitCommonControls();
+    hWnd = platform::CreateWindowExA(platform::ProgressWindow::kClass, Rounded(sngLeft), Rounded(sngTop),
+                                     Rounded(sngWidth), Rounded(sngHeight), hParent);
+}
+
+void cProgressBar::UpdatePosition()
+{
+    platform::SendMessageA(hWnd, platform::ProgressWindow::PBM_SETPOS, Rounded(sngPercent), 0);
+}
+
+void cProgressBar::UpdateRect()
+{
+    platform::MoveWindow(hWnd, Rounded(sngLeft), Rounded(sngTop), Rounded(sngWidth), Rounded(sngHeight));
+}
+
+} // namespace dialogs

@@ -1,0 +1,90 @@
+#include "frmBrowse.h"
+
+#include "FormDesign.h"
+#include "MainForm.h"
+#include "System.h"
+#include "mSysTree.h"
+
+#include <string>
+
+namespace dialogs {
+namespace {
+
+/// Adds the folder to the list with the label of its volume. Returns what went wrong, without a full stop;
+/// empty if nothing did.
+std::string AddFolder(const std::string& sFolder)
+{
+    auto row = frmMain().lvFolders.ListItems.Add(sFolder, sFolder, 1);
+    if (!row) {
+        return "This folder is already in the list";
+    }
+    const auto volume = platform::Shell().VolumeLabel(sFolder);
+    if (volume.sError.empty()) {
+        row->SetSubItems(1, volume.sLabel);
+    }
+    return volume.sError;
+}
+
+} // namespace
+
+frmBrowse::frmBrowse()
+{
+    form.design = {.sCaption = "Browse for Folder", .ClientWidth = 4755, .ClientHeight = 4575};
+    form.controls = {&picBrowse, &cmdAdd, &cmdClose, &Label1};
+    form.DefaultButton = &cmdAdd;
+    form.CancelButton = &cmdClose;
+    form.Load = [this] {
+        RestoreDesign();
+        Form_Load();
+    };
+    form.Unload = [this] { Form_Unload(); };
+    cmdAdd.Click = [this] { cmdAdd_Click(); };
+    cmdClose.Click = [this] { cmdClose_Click(); };
+    RestoreDesign();
+}
+
+void frmBrowse::RestoreDesign()
+{
+    picBrowse.SetPlace({210, 735, 4320, 3165});
+    picBrowse.SetBackColor(platform::SystemColor::WindowBackground);
+    Design(cmdAdd, {2100, 4095, 1140, 330}, "Add");
+    cmdAdd.SetEnabled(true);
+    Design(cmdClose, {3360, 4095, 1140, 330}, "Close");
+    Design(Label1, {210, 210, 4215, 405}, "Select the folder that you want to search for duplicated files.");
+}
+
+void frmBrowse::Form_Load()
+{
+    frmMain().form.SetEnabled(false);
+}
+
+void frmBrowse::Form_Unload()
+{
+    frmMain().form.SetEnabled(true);
+    CloseSysTree();
+    platform::SetForegroundWindow(frmMain().form.hWnd());
+}
+
+void frmBrowse::cmdAdd_Click()
+{
+    if (sSelectedFolder.empty()) {
+        return;
+    }
+    const std::string sError = AddFolder(sSelectedFolder);
+    if (!sError.empty()) {
+        platform::Messages().Show(sError + ".", platform::MessageIcon::Exclamation);
+    }
+}
+
+void frmBrowse::cmdClose_Click()
+{
+    form.UnloadForm();
+}
+
+frmBrowse& theBrowseForm()
+{
+    static frmBrowse form;
+    return form;
+}
+
+} // namespace dialogs

@@ -1,0 +1,104 @@
+#include "frmProgress.h"
+
+#include "FormDesign.h"
+#include "MainForm.h"
+#include "System.h"
+#include "mCommon.h"
+
+namespace dialogs {
+
+frmProgress::frmProgress()
+{
+    form.design = {.sCaption = "Progress", .ClientWidth = 5415, .ClientHeight = 2640, .bControlBox = false};
+    form.controls = {&Label1, &lblStatus, &cmdCancel, &lblFolder, &lblFile, &Image1};
+    form.Load = [this] {
+        RestoreDesign();
+        Form_Load();
+    };
+    form.Unload = [this] { Form_Unload(); };
+    cmdCancel.Click = [this] { cmdCancel_Click(); };
+    RestoreDesign();
+}
+
+/// Each load shows the window as designed, whatever the search before has left in it.
+void frmProgress::RestoreDesign()
+{
+    Design(Label1, {1155, 210, 4005, 435}, "Please wait while Tallyfen is performing requested operation.");
+    Design(lblStatus, {210, 945, 5055, 225}, "Initializing...");
+    Design(cmdCancel, {4200, 2100, 1065, 345}, "Cancel");
+    Design(lblFolder, {315, 1260, 4950, 225}, "");
+    Design(lblFile, {315, 1575, 4950, 225}, "");
+    Design(Image1, 315, 210, "working");
+}
+
+cProgressBar& frmProgress::pbProgress()
+{
+    return m_pbProgress ? *m_pbProgress : m_pbProgress.emplace();
+}
+
+void frmProgress::Show()
+{
+    form.Show(false, &frmMain().form);
+}
+
+void frmProgress::Unload()
+{
+    form.UnloadForm();
+    m_pbProgress.reset();
+}
+
+void frmProgress::Form_Load()
+{
+    ShowCoverList();
+    InitProgressBar();
+    platform::TheScreen().SetMousePointer(platform::MousePointer::Default);
+}
+
+void frmProgress::Form_Unload()
+{
+    // 1. Uncover the rows.
+    frmMain().lvFake.SetVisible(false);
+    // 2. Back to the main form.
+    platform::SetForegroundWindow(frmMain().form.hWnd());
+}
+
+void frmProgress::cmdCancel_Click()
+{
+    search::bStopped = true;
+}
+
+/// Covers the result list with an empty list of the same shape.
+void frmProgress::ShowCoverList()
+{
+    auto& lvFiles = frmMain().lvFiles;
+    auto& lvFake = frmMain().lvFake;
+    // 1. The place.
+    lvFake.SetLeft(lvFiles.Left());
+    lvFake.SetTop(lvFiles.Top());
+    lvFake.SetWidth(lvFiles.Width());
+    lvFake.SetHeight(lvFiles.Height());
+    // 2. The columns, which the user may have dragged.
+    for (std::size_t n = 1; n <= lvFiles.ColumnCount(); ++n) {
+        lvFake.ColumnHeaders(n).SetWidth(lvFiles.ColumnHeaders(n).Width());
+    }
+    // 3. Show it.
+    lvFake.SetVisible(true);
+}
+
+void frmProgress::InitProgressBar()
+{
+    auto& bar = pbProgress();
+    bar.SetLeft(210);
+    bar.SetTop(2100);
+    bar.SetHeight(225);
+    bar.SetWidth(3795);
+    bar.Create(form.hWnd());
+}
+
+frmProgress& theProgressForm()
+{
+    static frmProgress form;
+    return form;
+}
+
+} // namespace dialogs

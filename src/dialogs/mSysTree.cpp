@@ -1,0 +1,117 @@
+#include "mSysTree.h"
+
+#include "System.h"
+#include "frmBrowse.h"
+
+namespace dialogs {
+
+std::string sSelectedFolder;
+platform::PictureBox* oHost = nullptr;
+
+namespace {
+
+platform::WindowProcedure lpPrevWndProc = nullptr;
+platform::WindowHandle hBrowse = nullptr;
+platform::WindowHandle hTree = nullptr;
+
+void UnhookBrowse()
+{
+    platform::SetWindowLongA(hBrowse, platform::GWL_WNDPROC, lpPrevWndProc);
+}
+
+void HideBrowse()
+{
+    platform::ShowWindow(hBrowse, platform::SW_HIDE);
+    UnhookBrowse();
+}
+
+/// Stands in for the dialog's own procedure up to its first move, by which the shell brings the dialog to its
+/// place when the callback has returned: from then on it is to be hidden.
+long BrowseWndProc(platform::WindowHandle hWnd, unsigned uMsg, long wParam, long lParam)
+{
+    if (uMsg == platform::WM_MOVE) {
+        HideBrowse();
+    }
+    return platform::CallWindowProcA(lpPrevWndProc, hWnd, uMsg, wParam, lParam);
+}
+
+void HookBrowse()
+{
+    lpPrevWndProc = platform::SetWindowLongA(hBrowse, platform::GWL_WNDPROC, &BrowseWndProc);
+}
+
+void HostTree(platform::PictureBox& host)
+{
+    platform::SetParent(hTree, host.hWnd());
+    platform::MoveWindow(hTree, 0, 0, host.ScaleWidth(), host.ScaleHeight());
+    HookBrowse();
+}
+
+/// The dialog has been set up.
+void BrowseInitialized()
+{
+    // 1. Off the screen, at any resolution.
+    platform::MoveWindow(hBrowse, -static_cast<int>(platform::TheScreen().Width()), 0, 480, 480);
+    // 2. The start folder.
+    platform::SendMessageA(hBrowse, platform::BFFM_SETSELECTIONA, 1, sSelectedFolder);
+    // 3. The tree.
+    for (auto hChild = platform::GetWindow(hBrowse, platform::GW_CHILD); hChild != nullptr;
+         hChild = platform::GetWindow(hChild, platform::GW_HWNDNEXT)) {
+        constexpr std::size_t nBuffer = platform::ShellDialogs::kTreeClass.size() + 1;
+        if (platform::GetClassNameA(hChild, nBuffer) == platform::ShellDialogs::kTreeClass) {
+            hTree = hChild;
+        }
+    }
+    // 4. Into its host.
+    HostTree(*oHost);
+}
+
+void SelectionChanged(platform::ItemId pidl)
+{
+    // 1. and 2. The selected item's path, unless the shell gives none.
+    std::string sBuffer(260, ' ');
+    platform::Shell().SHGetPathFromIDList(pidl, sBuffer);
+    const std::size_t nEnd = sBuffer.find('\0');
+    if (nEnd != std::string::npos) {
+        sSelectedFolder = sBuffer.substr(0, nEnd);
+    }
+    // 3. Only a folder can be added.
+    theBrowseForm().cmdAdd.SetEnabled(!sSelectedFolder.empty());
+}
+
+int SysTreeCallback(platform::WindowHandle hWnd, unsigned uMsg, long lParam, long /*lpData*/)
+{
+    hBrowse = hWnd;
+    if (uMsg == platform::BFFM_INITIALIZED) {
+        BrowseInitialized();
+    } else if (uMsg == platform::BFFM_SELCHANGED) {
+        SelectionChanged(lParam);
+    }
+    return 0;
+}
+
+} // namespace
+
+void ShowSysTree(const std::string& sStart)
+{
+    // 1. What the tree starts from, as the shell reads it.
+    sSelectedFolder = sStart + '\0';
+    // 2. and 3. Its answer is of no interest: folders have been added meanwhile.
+    platform::Shell().SHBrowseForFolder({.hwndOwner = platform::GetDesktopWindow(),
+                                         .lpszTitle = {},
+                                         .ulFlags = platform::BIF_RETURNONLYFSDIRS | platform::BIF_STATUSTEXT,
+                                         .lpfn = &SysTreeCallback,
+                                         .lParam = 0});
+    // The windows have gone, and what is gone must not be named.
+    hBrowse = nullptr;
+    hTree = nullptr;
+}
+
+void CloseSysTree()
+{
+    platform::SetParent(hTree, hBrowse);
+    platform::SendMessageA(hBrowse, platform::WM_CLOSE, 1, 0);
+    platform::DestroyWindow(hBrowse);
+}
+
+} // namespace dialogs

@@ -1,0 +1,115 @@
+#include "frmMain.h"
+
+// What stands where in the main form, and how it keeps in order when the window or the bar between the lists
+// is moved. A size below 0 is refused by its control, which then keeps the one it has; nobody is told.
+
+namespace mainwindow {
+namespace {
+
+constexpr float kVolumeWidth = 1440;   ///< of the second column of lvFolders, which keeps it
+constexpr float kFoldersMargin = 880;  ///< what the columns of lvFolders leave free
+constexpr float kFilesMargin = 1450;   ///< what those of lvFiles leave free
+constexpr float kLeastListRoom = 1000; ///< between the bar and what is beyond the list next to it
+
+} // namespace
+
+void frmMain::DesignControls()
+{
+    const struct {
+        platform::Control& control;
+        platform::tPlace place;
+    } kInTabOrder[] = {
+        {StatusBar1, {0, 5160, 8085, 330}}, {Toolbar1, {0, 0, 8085, 720}}, {lvFolders, {0, 735, 8100, 1485}},
+        {lvFiles, {0, 2310, 8100, 2010}},   {picSep, {0, 2205, 8100, 30}}, {lvFake, {5565, 2940, 2325, 2010}},
+    };
+    for (const auto& [control, place] : kInTabOrder) {
+        control.SetPlace(place);
+        form.controls.push_back(&control);
+    }
+    lvFolders.ShowsSelectionAlways = true;
+    lvFolders.BackColor = platform::SystemColor::InfoBackground;
+    lvFiles.ShowsSelectionAlways = true;
+    lvFiles.MultiSelect = true;
+    lvFake.SetVisible(false);
+    picSep.SetSizesNorthSouth(true);
+}
+
+void frmMain::DesignColumns()
+{
+    using platform::Alignment;
+    lvFolders.AddColumn("Folders to Compare", Alignment::Left, 5000);
+    lvFolders.AddColumn("Volume", Alignment::Center, kVolumeWidth);
+    for (platform::ListView* pList : {&lvFiles, &lvFake}) {
+        pList->AddColumn("Name", Alignment::Left, 2000);
+        pList->AddColumn("Size", Alignment::Right, 1000);
+        pList->AddColumn("Date", Alignment::Left, 1440);
+        pList->AddColumn("Path", Alignment::Left, 5000);
+    }
+}
+
+void frmMain::DesignStatusBar()
+{
+    platform::Panel& state = StatusBar1.Panels(1);
+    state.sToolTip = " Status ";
+    state.MinWidth = 1440;
+    state.bSpring = true;
+    state.SetText("Add at least one folder");
+    platform::Panel& count = StatusBar1.Panels(2);
+    count.sToolTip = " Duplicated Files Found ";
+    count.MinWidth = 1000;
+    count.alignment = platform::Alignment::Center;
+    count.SetText("0");
+}
+
+void frmMain::Form_Resize()
+{
+    // 1. A minimised window has no room to share out.
+    if (form.WindowState() == platform::WindowState::Minimized) {
+        return;
+    }
+    // 2. to 4. The upper list and the bar: the folders' column takes the room.
+    static_cast<void>(lvFolders.SetWidth(form.ScaleWidth()));
+    static_cast<void>(picSep.SetWidth(form.ScaleWidth()));
+    static_cast<void>(lvFolders.ColumnHeaders(1).SetWidth(lvFolders.Width() - kFoldersMargin - kVolumeWidth));
+    // 5. to 7. The lower list, which takes all of a change in height.
+    lvFiles.SetTop(picSep.Top() + picSep.Height());
+    static_cast<void>(lvFiles.SetWidth(form.ScaleWidth()));
+    static_cast<void>(lvFiles.SetHeight(form.ScaleHeight() - lvFiles.Top() - StatusBar1.Height()));
+    // 8. The paths' column takes what the three others leave.
+    const float others = lvFiles.ColumnHeaders(1).Width() + lvFiles.ColumnHeaders(2).Width() +
+                         lvFiles.ColumnHeaders(3).Width();
+    static_cast<void>(lvFiles.ColumnHeaders(4).SetWidth(lvFiles.Width() - (others + kFilesMargin)));
+}
+
+void frmMain::picSep_MouseDown(int Button)
+{
+    if (Button == platform::kLeftButton) {
+        picSep.SetBackColor(platform::SystemColor::ButtonShadow);
+    }
+}
+
+void frmMain::picSep_MouseMove(int Button, float Y)
+{
+    if (Button != platform::kLeftButton) {
+        return;
+    }
+    // Y counts from the bar itself. Beyond the limits the bar stays where it last was.
+    const float top = picSep.Top() + Y;
+    if (top > lvFolders.Top() + kLeastListRoom && top < StatusBar1.Top() - kLeastListRoom) {
+        picSep.SetTop(top);
+    }
+}
+
+void frmMain::picSep_MouseUp(int Button)
+{
+    if (Button != platform::kLeftButton) {
+        return;
+    }
+    picSep.SetBackColor(platform::SystemColor::ButtonFace);
+    // The list starts a pixel below the toolbar, and so reaches a pixel under the bar.
+    static_cast<void>(lvFolders.SetHeight(picSep.Top() - Toolbar1.Height()));
+    lvFiles.SetTop(picSep.Top() + picSep.Height());
+    static_cast<void>(lvFiles.SetHeight(form.ScaleHeight() - lvFiles.Top() - StatusBar1.Height()));
+}
+
+} // namespace mainwindow

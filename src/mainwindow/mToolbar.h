@@ -1,0 +1,10 @@
+#pragma once
+
+#include "Toolbar.h"
+
+namespace mainwindow {
+
+/// Turns the buttons of a toolbar from raised to flat, or back.
+void FlatToolbar(platform::Toolbar& toolbar);
+
+} // namespace mainwindow

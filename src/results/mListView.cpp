@@ -1,0 +1,53 @@
+#include "mListView.h"
+
+#include "WindowManager.h"
+
+namespace results {
+namespace {
+
+using platform::ListView;
+
+/// Removes the first selected row. True if another one may be selected behind it.
+bool RemoveFirstSelected(ListView& lv)
+{
+    const std::size_t nCount = lv.ListItems.Count();
+    for (std::size_t n = 1; n <= nCount; ++n) {
+        if (lv.ListItems(n).Selected()) {
+            lv.ListItems.Remove(n);
+            return n < nCount;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
+void SetFullRowSelect(ListView& lv, bool bOn)
+{
+    const long nBefore = platform::SendMessageA(lv.hWnd(), ListView::LVM_GETEXTENDEDLISTVIEWSTYLE, 0, 0);
+    const long nAfter =
+        bOn ? nBefore | ListView::LVS_EX_FULLROWSELECT : nBefore & ~ListView::LVS_EX_FULLROWSELECT;
+    platform::SendMessageA(lv.hWnd(), ListView::LVM_SETEXTENDEDLISTVIEWSTYLE, 0, nAfter);
+}
+
+void SelectAllItems(ListView& lv)
+{
+    const std::size_t nCount = lv.ListItems.Count();
+    for (std::size_t n = 1; n <= nCount; ++n) {
+        lv.ListItems(n).SetSelected(true);
+    }
+}
+
+void RemoveSelectedItems(ListView& lv)
+{
+    // 1. and 2. Each scan starts over, since a removal moves the rows behind it.
+    while (RemoveFirstSelected(lv)) {
+    }
+    // 3. The user is not left without a selection.
+    if (auto current = lv.SelectedItem()) {
+        current->SetSelected(true);
+        current->EnsureVisible();
+    }
+}
+
+} // namespace results

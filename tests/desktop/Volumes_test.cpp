@@ -1,0 +1,40 @@
+#include "RootFolders.h"
+#include "TempTree.h"
+#include "VolumeLabel.h"
+
+#include <sstream>
+
+namespace {
+
+TEST(Volumes, AreThoseAPersonMounts)
+{
+    std::istringstream mountInfo(
+        "22 1 8:2 / / rw,relatime shared:1 - ext4 /dev/sda2 rw\n"
+        "23 22 0:21 / /proc rw - proc proc rw\n"
+        "24 22 8:1 / /boot/efi rw - vfat /dev/sda1 rw\n"
+        "25 22 8:17 / /media/me/My\\040Disk\\134x rw shared:2 master:3 - vfat /dev/sdb1 rw\n"
+        "26 22 8:18 / /mnt rw - ext4 /dev/sdb2 rw\n"
+        "27 22 8:18 / /mnt rw - ext4 /dev/sdb2 rw\n"           // mounted over itself
+        "28 22 8:2 /home/me/x /srv/x rw - ext4 /dev/sda2 rw\n" // a folder seen twice
+        "29 22 0:40 /@data /data rw - btrfs /dev/sdc1 rw\n"
+        "30 22 7:0 / /snap/core/1 ro - squashfs /dev/loop0 ro\n"
+        "31 22 0:50 / /net/box rw - nfs4 box:/export rw\n"
+        "32 22 0:51 / /net/share rw - cifs //box/share rw\n"
+        "33 22 0:52 / /tmp rw - tmpfs tmpfs rw\n"
+        "34 22 0:53 / /bootleg rw - ext4 /dev/sdd1 rw\n"
+        "a line cut sho");
+    EXPECT_EQ(desktop::MountedVolumes(mountInfo),
+              (std::vector<std::string>{"/bootleg", "/data", "/media/me/My Disk\\x", "/mnt", "/net/box",
+                                        "/net/share"}));
+}
+
+TEST(Volumes, HaveALabelUnlessTheyHaveGone)
+{
+    const support::TempTree tree;
+    EXPECT_EQ(desktop::VolumeLabel(tree.sRoot).sError, "");
+    const auto gone = desktop::VolumeLabel(tree.sRoot + "/go\nne");
+    EXPECT_EQ(gone.sError, "Cannot read " + tree.sRoot + "/go\\x0Ane: No such file or directory");
+    EXPECT_EQ(desktop::VolumeLabel(tree.File("file")).sError.empty(), false);
+}
+
+} // namespace
