@@ -19,6 +19,8 @@ class ControlView : public QObject, public platform::ControlObserver
 public:
     /// `form` is the one that holds the control.
     ControlView(const platform::Form& form, platform::Control& control, QWidget& widget);
+    ControlView(const ControlView&) = delete;
+    ControlView& operator=(const ControlView&) = delete;
     ~ControlView() override;
 
     [[nodiscard]] platform::Control& Shown() const { return m_control; }

@@ -199,6 +199,8 @@ public:
         : ControlView(form, list, *new ListViewWidget(list, pParent))
     {
     }
+    ListPlaceView(const ListPlaceView&) = delete;
+    ListPlaceView& operator=(const ListPlaceView&) = delete;
     ~ListPlaceView() override { static_cast<ListViewWidget&>(Widget()).LetGo(); }
 };
 

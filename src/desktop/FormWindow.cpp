@@ -54,7 +54,8 @@ FormWindow::FormWindow(platform::Form& form, QWidget* pOwner)
     EnterWidget(form, this);
     form.Observe(this);
     m_inputGate = std::make_unique<InputGate>(form, *this);
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* pNow) { FocusMoved(pNow); });
+    connect(qApp, &QApplication::focusChanged, m_inputGate.get(),
+            [this](QWidget*, QWidget* pNow) { FocusMoved(pNow); });
 }
 
 FormWindow::~FormWindow()
@@ -166,7 +167,7 @@ void FormWindow::ControlChanged(platform::Control& /*control*/)
 
 void FormWindow::FocusMoved(const QWidget* pNow)
 {
-    if (m_pForm == nullptr || pNow == nullptr || !m_pInside->isAncestorOf(pNow)) {
+    if (pNow == nullptr || !m_pInside->isAncestorOf(pNow)) {
         return;
     }
     for (const auto& view : m_views) {

@@ -26,6 +26,8 @@ class FormWindow final : public QWidget, public platform::ControlObserver
 public:
     /// `pOwner` is the window over which this one stays, or null.
     FormWindow(platform::Form& form, QWidget* pOwner);
+    FormWindow(const FormWindow&) = delete;
+    FormWindow& operator=(const FormWindow&) = delete;
     ~FormWindow() override;
 
     /// Brings the window to the screen.

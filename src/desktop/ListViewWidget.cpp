@@ -41,6 +41,7 @@ void ListViewWidget::LetGo()
     if (model() == nullptr) {
         return;
     }
+    m_scrollTimer.stop();
     m_list.ObserveRows(nullptr);
     for (std::size_t n = 1; n <= m_list.ColumnCount(); ++n) {
         m_list.ColumnHeaders(n).Observe(nullptr);

@@ -23,6 +23,8 @@ public:
         m_item.Observe(this);
         ControlChanged(m_item);
     }
+    Item(const Item&) = delete;
+    Item& operator=(const Item&) = delete;
     ~Item() override
     {
         m_item.Observe(nullptr);

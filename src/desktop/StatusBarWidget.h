@@ -18,6 +18,8 @@ class StatusBarView final : public DockedView
 {
 public:
     StatusBarView(const platform::Form& form, platform::StatusBar& bar, QWidget* pParent);
+    StatusBarView(const StatusBarView&) = delete;
+    StatusBarView& operator=(const StatusBarView&) = delete;
     ~StatusBarView() override;
 
 protected:

@@ -15,6 +15,8 @@ class ToolbarView final : public DockedView
 {
 public:
     ToolbarView(const platform::Form& form, platform::Toolbar& toolbar, QWidget* pParent);
+    ToolbarView(const ToolbarView&) = delete;
+    ToolbarView& operator=(const ToolbarView&) = delete;
     ~ToolbarView() override;
 
     void Follow() override;

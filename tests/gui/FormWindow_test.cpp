@@ -255,9 +255,10 @@ TEST_F(FormWindow, ADisabledFormTakesNoInputButTheOneItOwnsDoes)
 
     one.Window()->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(one.Window()));
-    QTest::mouseClick(WidgetOf(&one.add), Qt::LeftButton);
     QTest::mouseClick(one.Window()->windowHandle(), Qt::LeftButton, {},
                       WidgetOf(&one.close)->mapTo(one.Window(), QPoint(5, 5)));
+    EXPECT_TRUE(WidgetOf(&one.list)->hasFocus()) << "a click that does not count moves no focus";
+    QTest::mouseClick(WidgetOf(&one.add), Qt::LeftButton);
     QTest::mouseClick(one.Tool("New"), Qt::LeftButton);
     QTest::keyClick(WidgetOf(&one.list), Qt::Key_Return);
     QTest::keyClick(one.Window(), Qt::Key_F3);
@@ -314,6 +315,8 @@ TEST_F(FormWindow, EnterAndEscPressTheirButtons)
         QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(each.nKey), each.held);
         EXPECT_EQ(one.Heard(), each.pHeard) << each.nKey;
     }
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, {}, true);
+    QApplication::sendEvent(WidgetOf(&one.list), &held);
     one.close.SetEnabled(false);
     QTest::keyClick(WidgetOf(&one.list), Qt::Key_Escape);
     EXPECT_EQ(one.Heard(), "");
