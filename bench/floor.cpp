@@ -46,19 +46,22 @@ struct Walk {
         const std::size_t length = path.size();
         while (const dirent* const entry = ::readdir(listing)) {
             const char* const name = entry->d_name;
-            if (std::strcmp(name, ".") == 0 || std::strcmp(name, "..") == 0)
+            if (std::strcmp(name, ".") == 0 || std::strcmp(name, "..") == 0) {
                 continue;
+            }
             unsigned char type = entry->d_type;
             struct stat status;
             if (type == DT_REG || type == DT_UNKNOWN) {
-                if (::fstatat(fd, name, &status, AT_SYMLINK_NOFOLLOW) != 0)
+                if (::fstatat(fd, name, &status, AT_SYMLINK_NOFOLLOW) != 0) {
                     continue;
+                }
                 type = S_ISREG(status.st_mode) ? DT_REG : S_ISDIR(status.st_mode) ? DT_DIR : DT_UNKNOWN;
             }
             if (type == DT_DIR) {
                 const int below = ::openat(fd, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-                if (below < 0)
+                if (below < 0) {
                     continue;
+                }
                 path.append(name).push_back('/');
                 folder(below, path);
                 path.resize(length);
@@ -78,8 +81,9 @@ void eachGroup(std::vector<File*>& sorted, Alike alike, What what)
     for (auto first = sorted.begin(); first != sorted.end();) {
         auto last =
             std::find_if_not(first, sorted.end(), [&](const File* file) { return alike(*file, **first); });
-        if (last - first > 1)
+        if (last - first > 1) {
             what(first, last);
+        }
         first = last;
     }
 }
@@ -111,15 +115,17 @@ int main(int argc, char** argv)
             std::perror(argv[i]);
             return 2;
         }
-        if (path.back() != '/')
+        if (path.back() != '/') {
             path.push_back('/');
+        }
         walk.folder(fd, path);
     }
 
     std::vector<File*> sorted;
     sorted.reserve(walk.files.size());
-    for (File& file : walk.files)
+    for (File& file : walk.files) {
         sorted.push_back(&file);
+    }
     std::sort(sorted.begin(), sorted.end(), [](const File* a, const File* b) {
         return std::tie(a->size, a->path) < std::tie(b->size, b->path);
     });
@@ -131,19 +137,22 @@ int main(int argc, char** argv)
     constexpr std::size_t kPage = std::size_t{2} << 20;
     constexpr std::size_t kBuffer = (kLargestSize / kPage + 1) * kPage;
     const std::unique_ptr<void, Free> buffer(std::aligned_alloc(kPage, kBuffer));
-    if (!buffer)
+    if (!buffer) {
         return 1;
+    }
     ::madvise(buffer.get(), kBuffer, MADV_HUGEPAGE);
 
     std::size_t reads = 0;
     for (File* const file : wanted) {
         const int fd = ::open(walk.paths.data() + file->path, O_RDONLY | O_NOFOLLOW | O_CLOEXEC);
-        if (fd < 0)
+        if (fd < 0) {
             continue;
+        }
         const ssize_t got = ::read(fd, buffer.get(), file->size);
         ::close(fd);
-        if (got < 0)
+        if (got < 0) {
             continue;
+        }
         file->crc = libdeflate_crc32(0, buffer.get(), static_cast<std::size_t>(got));
         file->read = true;
         ++reads;

@@ -48,13 +48,14 @@ class Tree
 public:
     explicit Tree(std::string root) : m_root(std::move(root))
     {
-        if (std::filesystem::exists(std::filesystem::symlink_status(m_root)))
+        if (std::filesystem::exists(std::filesystem::symlink_status(m_root))) {
             throw std::runtime_error(m_root + ": exists already");
+        }
         std::filesystem::create_directories(m_root);
     }
 
     // Makes the folder, and those above it, and returns its path with a slash at its end.
-    std::string folder(const std::string& relative) const
+    [[nodiscard]] std::string folder(const std::string& relative) const
     {
         std::string path = m_root + '/' + relative;
         std::filesystem::create_directories(path);
@@ -80,8 +81,9 @@ public:
     {
         Random source(seed);
         m_words.resize(size / sizeof(std::uint64_t) + 1);
-        for (std::uint64_t& word : m_words)
+        for (std::uint64_t& word : m_words) {
             word = source();
+        }
         file(path, m_words.data(), size);
     }
 
@@ -89,16 +91,18 @@ private:
     static int create(const std::string& path)
     {
         const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644);
-        if (fd < 0)
+        if (fd < 0) {
             throw std::system_error(errno, std::generic_category(), path);
+        }
         return fd;
     }
 
     static void finish(int fd, const std::string& path, bool good)
     {
         const int error = errno;
-        if (::close(fd) != 0 || !good)
+        if (::close(fd) != 0 || !good) {
             throw std::system_error(good ? errno : error, std::generic_category(), path);
+        }
     }
 
     std::string m_root;
@@ -121,8 +125,9 @@ public:
 
     Original next()
     {
-        if (!m_originals.empty() && between(m_random, 0, 99) < m_percent)
+        if (!m_originals.empty() && between(m_random, 0, 99) < m_percent) {
             return m_originals[between(m_random, 0, m_originals.size() - 1)];
+        }
         m_originals.push_back({m_random(), between(m_random, m_smallest, m_largest)});
         return m_originals.back();
     }
@@ -141,8 +146,9 @@ void spread(const Tree& tree, std::uint64_t n, std::uint64_t each, Make make)
 {
     std::string folder;
     for (std::uint64_t i = 0; i < n; ++i) {
-        if (i % each == 0)
+        if (i % each == 0) {
             folder = tree.folder(numbered("section-", i / each / 40, 3) + numbered("/part-", i / each, 4));
+        }
         make(folder, i);
     }
 }
@@ -152,13 +158,14 @@ void spread(const Tree& tree, std::uint64_t n, std::uint64_t each, Make make)
 template <typename Make>
 void spreadOneName(const Tree& tree, std::uint64_t n, Make make)
 {
-    for (std::uint64_t i = 0; i < n; ++i)
+    for (std::uint64_t i = 0; i < n; ++i) {
         make(tree.folder(numbered("section-", i / 1000, 3) + numbered("/place-", i, 6)) + "name.dat", i);
+    }
 }
 
 void makeSmall(Tree& tree, std::uint64_t n)
 {
-    Contents contents(11, 30, 100, 16 * 1024);
+    Contents contents(11, 30, 100, 16'384);
     spread(tree, n, 50, [&](const std::string& folder, std::uint64_t i) {
         const Original what = contents.next();
         // Some are hidden, and some empty: a program that leaves either out is found out by its count.
@@ -202,7 +209,7 @@ void makeEmpty(Tree& tree, std::uint64_t n)
 
 void makeDeep(Tree& tree, std::uint64_t n)
 {
-    Contents contents(16, 30, 100, 16 * 1024);
+    Contents contents(16, 30, 100, 16'384);
     std::string below;
     for (std::uint64_t level = 0; level < n; ++level) {
         below += numbered(level == 0 ? "at" : "/at", level, 3);
@@ -265,9 +272,10 @@ constexpr Corpus kCorpora[] = {
 int usage()
 {
     std::fputs("usage: makecorpus version | makecorpus CORPUS FOLDER [N]\n", stderr);
-    for (const Corpus& corpus : kCorpora)
+    for (const Corpus& corpus : kCorpora) {
         std::fprintf(stderr, "  %-20s %6llu  %s\n", corpus.name.data(),
                      static_cast<unsigned long long>(corpus.defaultCount), corpus.what.data());
+    }
     return 64;
 }
 
@@ -279,17 +287,20 @@ int main(int argc, char** argv)
         std::printf("%d\n", kVersion);
         return 0;
     }
-    if (argc != 3 && argc != 4)
+    if (argc != 3 && argc != 4) {
         return usage();
+    }
     for (const Corpus& corpus : kCorpora) {
-        if (corpus.name != argv[1])
+        if (corpus.name != argv[1]) {
             continue;
+        }
         std::uint64_t n = corpus.defaultCount;
         if (argc == 4) {
             const char* end = argv[3] + std::strlen(argv[3]);
             const auto [stop, error] = std::from_chars(argv[3], end, n);
-            if (error != std::errc() || stop != end || n == 0 || n > kLargestSize)
+            if (error != std::errc() || stop != end || n == 0 || n > kLargestSize) {
                 return usage();
+            }
         }
         try {
             Tree tree(argv[2]);
