@@ -12,8 +12,10 @@ namespace {
 
 /// Adds the folder to the list with the label of its volume. Returns what went wrong, without a full stop;
 /// empty if nothing did.
-std::string AddFolder(const std::string& sFolder)
+std::string AddFolder(const std::string& sSelected)
 {
+    // By its own path, so that a link to a folder, a home for one, does not list it a second time.
+    const std::string sFolder = platform::Files().CanonicalFolder(sSelected).value_or(sSelected);
     auto row = frmMain().lvFolders.ListItems.Add(sFolder, sFolder, 1);
     if (!row) {
         return "This folder is already in the list";

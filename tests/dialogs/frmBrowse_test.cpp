@@ -77,6 +77,11 @@ TEST_F(Browse, AddsTheSelectedFolderAsOftenAsAsked)
         // Again: refused, and said.
         addOf(1);
         EXPECT_EQ(shell.log, Log{"48 This folder is already in the list."});
+        // Neither can it come in again by a link.
+        shell.files.links = {{"/c", "/a"}};
+        addOf(5);
+        EXPECT_EQ(shell.log, Log{"48 This folder is already in the list."});
+        shell.files.links.clear();
         // What is no folder cannot be added.
         addOf(2);
         EXPECT_FALSE(form.cmdAdd.Enabled());

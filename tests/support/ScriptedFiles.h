@@ -34,7 +34,8 @@ public:
     std::map<std::string, tFile> files;
     std::map<std::string, std::vector<tListed>> folders; ///< by path with a separator at the end
     std::map<std::string, platform::tFolderIdentity> identities;
-    std::vector<std::string> opened; ///< the paths given to CreateFileA, in order
+    std::vector<std::string> opened;          ///< the paths given to CreateFileA, in order
+    std::map<std::string, std::string> links; ///< where links to folders lead
     std::vector<std::string> announced;
     std::size_t nMostAhead = 0; ///< the most files, and bytes, that were announced and not opened at any time
     std::int64_t nMostBytesAhead = 0;
@@ -57,7 +58,11 @@ public:
     }
 
     bool PathFound(const std::string& sPath) override { return files.count(sPath) != 0; }
-    std::optional<std::string> CanonicalFolder(const std::string&) override { return {}; }
+    std::optional<std::string> CanonicalFolder(const std::string& sPath) override
+    {
+        const auto link = links.find(sPath);
+        return link == links.end() ? std::nullopt : std::optional(link->second);
+    }
     bool AnnounceRead(const std::string& sPath, std::int64_t nBytes) override
     {
         announced.push_back(sPath);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MainForm.h"
+#include "ScriptedFiles.h"
 #include "System.h"
 
 #include <functional>
@@ -56,9 +57,10 @@ public:
     }
     void UseShell(platform::ShellDialogs& shell, platform::FileSystem* pFiles = nullptr)
     {
-        platform::UseSystem({pFiles, nullptr, this, this, this, &shell});
+        platform::UseSystem({pFiles != nullptr ? pFiles : &files, nullptr, this, this, this, &shell});
     }
 
+    ScriptedFiles files;
     std::vector<std::string> log; ///< what windows, screen and messages saw, in order
     float perPixel = 15;
 
