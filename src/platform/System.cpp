@@ -51,6 +51,26 @@ ShellDialogs& Shell()
     return InPlace(g_system.shell);
 }
 
+ShellFiles& TheShellFiles()
+{
+    return InPlace(g_system.shellFiles);
+}
+
+Launcher& TheLauncher()
+{
+    return InPlace(g_system.launcher);
+}
+
+FileDialogs& TheFileDialogs()
+{
+    return InPlace(g_system.fileDialogs);
+}
+
+TextFiles& TheTextFiles()
+{
+    return InPlace(g_system.textFiles);
+}
+
 void DoEvents()
 {
     Events().DoEvents(1);

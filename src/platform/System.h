@@ -1,10 +1,14 @@
 #pragma once
 
 #include "EventLoop.h"
+#include "FileDialogs.h"
 #include "FileSystem.h"
+#include "Launching.h"
 #include "MessageBoxes.h"
 #include "Screen.h"
 #include "ShellDialogs.h"
+#include "ShellFiles.h"
+#include "TextFiles.h"
 #include "WindowManager.h"
 
 namespace platform {
@@ -18,6 +22,10 @@ struct tSystem {
     MessageBoxes* messages = nullptr;
     WindowManager* windows = nullptr;
     ShellDialogs* shell = nullptr;
+    ShellFiles* shellFiles = nullptr;
+    Launcher* launcher = nullptr;
+    FileDialogs* fileDialogs = nullptr;
+    TextFiles* textFiles = nullptr;
 };
 
 /// Puts `system` in place for the whole program. Called before anything that needs it.
@@ -29,5 +37,9 @@ Screen& TheScreen();
 MessageBoxes& Messages();
 WindowManager& Windows();
 ShellDialogs& Shell();
+ShellFiles& TheShellFiles();
+Launcher& TheLauncher();
+FileDialogs& TheFileDialogs();
+TextFiles& TheTextFiles();
 
 } // namespace platform
