@@ -4,6 +4,7 @@
 #include "FormMembers.h"
 #include "MainForm.h"
 #include "PosixFiles.h"
+#include "PosixVolumes.h"
 #include "QtShell.h"
 #include "System.h"
 #include "UserInterface.h"
@@ -14,10 +15,12 @@ int main(int argc, char* argv[])
 {
     desktop::UserInterface userInterface(argc, argv);
     desktop::PosixFiles files;
+    desktop::PosixVolumes volumes;
     desktop::QtShell shell;
     platform::tSystem system;
     system.files = &files;
     system.shell = &shell;
+    system.volumes = &volumes;
     userInterface.EnterInto(system);
     platform::UseSystem(system);
 

@@ -44,6 +44,17 @@ private:
     /// Says in the first panel whether there are folders to search.
     void CheckStatus();
 
+    /// Turns the marks of selected rows whose files have gone from blue to red.
+    void MarkMissingFiles();
+
+    /// The file and the folder of the current row of lvFiles; empty without one.
+    std::string CurrentKey();
+    std::string CurrentFolder();
+
+    /// Asks for a folder, under `sTitle`, and has the files of the selected rows moved or copied there.
+    void SendSelectedToFolder(const std::string& sTitle,
+                              bool (*operation)(const std::string& sFrom, const std::string& sTo));
+
     void DesignControls();
     void DesignColumns();
     void DesignStatusBar();

@@ -1,6 +1,8 @@
+#include "SaveResults.h"
 #include "frmAbout.h"
 #include "frmMain.h"
 #include "mDataOperation.h"
+#include "mSelect.h"
 
 namespace mainwindow {
 
@@ -19,24 +21,44 @@ void frmMain::mnuHelpAbout_Click()
     dialogs::theAboutForm().form.Show(true);
 }
 
-// The commands from here on are still to come. Their items and buttons are in place and do nothing yet.
+void frmMain::mnuSelectDuplicatedFiles_Click()
+{
+    results::SelectDuplicatedFiles(lvFiles);
+}
 
-void frmMain::mnuFileOpen_Click() {}
-void frmMain::mnuFileExplore_Click() {}
-void frmMain::mnuFileNotepad_Click() {}
-void frmMain::mnuFileWordpad_Click() {}
-void frmMain::mnuFileChooseProgram_Click() {}
-void frmMain::mnuSelectDuplicatedFiles_Click() {}
-void frmMain::mnuSelectEmptyFiles_Click() {}
-void frmMain::mnuSelectDrive_Click() {}
-void frmMain::mnuSelectPath_Click() {}
-void frmMain::mnuSelectAll_Click() {}
-void frmMain::mnuSelectInvert_Click() {}
-void frmMain::mnuSelectNone_Click() {}
-void frmMain::mnuFileMoveTo_Click() {}
-void frmMain::mnuFileCopyTo_Click() {}
-void frmMain::mnuFileDelete_Click() {}
-void frmMain::mnuFileProperties_Click() {}
-void frmMain::mnuSearchSaveResults_Click() {}
+void frmMain::mnuSelectEmptyFiles_Click()
+{
+    results::SelectEmptyFiles(lvFiles);
+}
+
+void frmMain::mnuSelectDrive_Click()
+{
+    results::SelectSameDrive(lvFiles);
+}
+
+void frmMain::mnuSelectPath_Click()
+{
+    results::SelectSamePath(lvFiles);
+}
+
+void frmMain::mnuSelectAll_Click()
+{
+    results::SelectAll(lvFiles);
+}
+
+void frmMain::mnuSelectInvert_Click()
+{
+    results::SelectInvert(lvFiles);
+}
+
+void frmMain::mnuSelectNone_Click()
+{
+    results::SelectNone(lvFiles);
+}
+
+void frmMain::mnuSearchSaveResults_Click()
+{
+    results::SaveResults();
+}
 
 } // namespace mainwindow

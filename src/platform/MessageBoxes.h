@@ -13,7 +13,8 @@ class MessageBoxes
 public:
     virtual ~MessageBoxes() = default;
 
-    /// Shows `sText` with an icon, an OK button and the program's title; returns when it is closed.
+    /// Shows `sText` with an icon, an OK button and the program's title; returns when it is closed. Lines end
+    /// in CR LF; names in the text stand escaped.
     virtual void Show(std::string_view sText, MessageIcon icon) = 0;
 };
 

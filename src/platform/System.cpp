@@ -71,6 +71,11 @@ TextFiles& TheTextFiles()
     return InPlace(g_system.textFiles);
 }
 
+Volumes& TheVolumes()
+{
+    return InPlace(g_system.volumes);
+}
+
 void DoEvents()
 {
     Events().DoEvents(1);

@@ -9,6 +9,7 @@
 #include "ShellDialogs.h"
 #include "ShellFiles.h"
 #include "TextFiles.h"
+#include "Volumes.h"
 #include "WindowManager.h"
 
 namespace platform {
@@ -26,6 +27,7 @@ struct tSystem {
     Launcher* launcher = nullptr;
     FileDialogs* fileDialogs = nullptr;
     TextFiles* textFiles = nullptr;
+    Volumes* volumes = nullptr;
 };
 
 /// Puts `system` in place for the whole program. Called before anything that needs it.
@@ -41,5 +43,6 @@ ShellFiles& TheShellFiles();
 Launcher& TheLauncher();
 FileDialogs& TheFileDialogs();
 TextFiles& TheTextFiles();
+Volumes& TheVolumes();
 
 } // namespace platform

@@ -30,9 +30,9 @@ bool cGroupRows::AddRow(const tFileEntry& entry, int nMark)
         return false;
     }
     m_oItem = item;
-    item->SetSubItems(1, platform::FormatNumber(entry.cySize));
-    item->SetSubItems(2, platform::FormatDateTime(entry.dtDate));
-    item->SetSubItems(3, entry.sPath.View());
+    item->SetSubItems(kSizeColumn, platform::FormatNumber(entry.cySize));
+    item->SetSubItems(kDateColumn, platform::FormatDateTime(entry.dtDate));
+    item->SetSubItems(kFolderColumn, entry.sPath.View());
     return true;
 }
 

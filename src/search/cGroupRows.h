@@ -12,6 +12,14 @@ inline constexpr int kMarkFirst = 2;
 inline constexpr int kMarkMiddle = 3;
 inline constexpr int kMarkLast = 4;
 
+/// How far behind each of them lies its picture for a file that has gone.
+inline constexpr int kMarksGone = 3;
+
+/// The columns behind the file's name, as ListItem::SubItems counts them.
+inline constexpr std::size_t kSizeColumn = 1;
+inline constexpr std::size_t kDateColumn = 2;
+inline constexpr std::size_t kFolderColumn = 3;
+
 /// Writes the groups that a search finds to lvFiles, as adjacent rows with their marks.
 class cGroupRows
 {

@@ -1,3 +1,4 @@
+#include "PosixVolumes.h"
 #include "RootFolders.h"
 #include "TempTree.h"
 #include "VolumeLabel.h"
@@ -35,6 +36,17 @@ TEST(Volumes, HaveALabelUnlessTheyHaveGone)
     const auto gone = desktop::VolumeLabel(tree.sRoot + "/go\nne");
     EXPECT_EQ(gone.sError, "Cannot read " + tree.sRoot + "/go\\x0Ane: No such file or directory");
     EXPECT_EQ(desktop::VolumeLabel(tree.File("file")).sError.empty(), false);
+}
+
+TEST(Volumes, AreToldApartByTheirFileSystem)
+{
+    desktop::PosixVolumes volumes;
+    const support::TempTree tree;
+    const std::string sHere = volumes.FileSystemOf(tree.sRoot + "/");
+    EXPECT_NE(sHere, "");
+    EXPECT_EQ(volumes.FileSystemOf(tree.sRoot + "/gone/deeper/"), sHere);
+    EXPECT_NE(volumes.FileSystemOf("/proc/self/"), volumes.FileSystemOf("/"));
+    EXPECT_EQ(volumes.FileSystemOf("/process/"), volumes.FileSystemOf("/"));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ScriptedDesktop.h"
 #include "ScriptedWindows.h"
 #include "System.h"
 #include "frmBrowse.h"
@@ -18,7 +19,9 @@ class MainWindow : public testing::Test,
 protected:
     MainWindow()
     {
-        platform::UseSystem({nullptr, nullptr, this, this, &windows, this});
+        platform::tSystem system{nullptr, nullptr, this, this, &windows, this};
+        desktop.EnterInto(system);
+        platform::UseSystem(system);
         search::UseForms(main, dialogs::theProgressForm());
         dialogs::UseMainForm(main);
         main.form.Show();
@@ -55,6 +58,7 @@ protected:
     }
 
     support::ScriptedWindows windows;
+    support::ScriptedDesktop desktop;
     mainwindow::frmMain main;
     std::function<void()> whileBrowsing = [] {}; ///< what the user does before closing the Add Folder window
 

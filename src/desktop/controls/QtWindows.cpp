@@ -2,7 +2,6 @@
 
 #include "FormWindow.h"
 #include "Menu.h"
-#include "ShownLines.h"
 #include "Twips.h"
 #include "WidgetOf.h"
 
@@ -122,7 +121,7 @@ void QtWindows::Show(std::string_view sText, platform::MessageIcon icon)
     box.setIcon(icon == platform::MessageIcon::Stop ? QMessageBox::Critical : QMessageBox::Warning);
     box.setWindowTitle(QStringLiteral("Tallyfen"));
     box.setTextFormat(Qt::PlainText);
-    box.setText(ShownLines(sText));
+    box.setText(QString::fromUtf8(sText.data(), static_cast<qsizetype>(sText.size())));
     box.setStandardButtons(QMessageBox::Ok);
     box.exec();
 }

@@ -1,8 +1,8 @@
 #include "RootFolders.h"
 
 #include "Escaped.h"
+#include "MountTable.h"
 #include "System.h"
-#include "Unescaped.h"
 
 #include <algorithm>
 #include <array>
@@ -11,17 +11,11 @@
 #include <istream>
 #include <pwd.h>
 #include <set>
-#include <sstream>
 #include <string_view>
 #include <unistd.h>
 
 namespace desktop {
 namespace {
-
-bool IsIn(std::string_view sPath, std::string_view sFolder)
-{
-    return sPath == sFolder || (sPath.starts_with(sFolder) && sPath[sFolder.size()] == '/');
-}
 
 /// Mounted by the system for itself.
 bool IsSystems(std::string_view sMountPoint)
@@ -55,23 +49,11 @@ std::string HomeFolder()
 std::vector<std::string> MountedVolumes(std::istream& mountInfo)
 {
     std::set<std::string> volumes;
-    std::string sLine;
-    while (std::getline(mountInfo, sLine)) {
-        // Number, parent, device, folder of the device, mount point, options, tags up to "-", type, source.
-        std::istringstream fields(sLine);
-        std::string sSkipped;
-        std::string sFolder;
-        std::string sMountPoint;
-        std::string sType;
-        std::string sSource;
-        fields >> sSkipped >> sSkipped >> sSkipped >> sFolder >> sMountPoint;
-        while (fields >> sSkipped && sSkipped != "-") {
-        }
-        fields >> sType >> sSource;
+    for (const tMount& mount : ReadMountTable(mountInfo)) {
         // A part of a volume is mounted where the volume is seen anyway; with btrfs parts are volumes.
-        const bool bWhole = sFolder == "/" || sType == "btrfs";
-        if (fields && bWhole && IsVolume(sSource, sType) && !IsSystems(sMountPoint)) {
-            volumes.insert(Unescaped(sMountPoint));
+        const bool bWhole = mount.sFolder == "/" || mount.sType == "btrfs";
+        if (bWhole && IsVolume(mount.sSource, mount.sType) && !IsSystems(mount.sPoint)) {
+            volumes.insert(mount.sPoint);
         }
     }
     return {volumes.begin(), volumes.end()};

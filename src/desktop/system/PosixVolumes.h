@@ -1,0 +1,25 @@
+#pragma once
+
+#include "Descriptor.h"
+#include "MountTable.h"
+#include "Volumes.h"
+
+#include <string>
+#include <vector>
+
+namespace desktop {
+
+/// The mounted file systems as the kernel lists them. The list is read again only after it has changed.
+class PosixVolumes final : public platform::Volumes
+{
+public:
+    std::string FileSystemOf(const std::string& sFolder) override;
+
+private:
+    void ReadIfChanged();
+
+    Descriptor m_table;
+    std::vector<tMount> m_mounts;
+};
+
+} // namespace desktop

@@ -1,0 +1,49 @@
+#include "mBrowseForFolder.h"
+
+#include "System.h"
+#include "WindowManager.h"
+#include "mFileDialog.h"
+
+namespace dialogs {
+namespace {
+
+std::string sBrowseStart; ///< the folder to select when the dialog opens, and a NUL
+
+int BrowseCallback(platform::WindowHandle hWnd, unsigned uMsg, long /*lParam*/, long /*lpData*/)
+{
+    if (uMsg == platform::BFFM_INITIALIZED) {
+        platform::SendMessageA(hWnd, platform::BFFM_SETSELECTIONA, 1, sBrowseStart);
+    }
+    return 0;
+}
+
+} // namespace
+
+std::string BrowseForFolder(platform::WindowHandle hOwner, const std::string& sTitle,
+                            const std::string& sStart)
+{
+    // 1. and 2. The callback is only there to select a folder.
+    platform::BROWSEINFO info;
+    info.hwndOwner = hOwner;
+    info.lpszTitle = sTitle;
+    info.ulFlags = platform::BIF_RETURNONLYFSDIRS;
+    if (!sStart.empty()) {
+        sBrowseStart = sStart + '\0';
+        info.lpfn = &BrowseCallback;
+    }
+    // 3. to 5. On Cancel there is no item, and the buffer stays as it is.
+    const platform::ItemId pidl = platform::TheFileDialogs().SHBrowseForFolderA(info);
+    std::string sBuffer(266, '\0');
+    platform::TheFileDialogs().SHGetPathFromIDListA(pidl, sBuffer);
+    std::string sFolder = StripNull(sBuffer);
+    // 6.
+    platform::TheFileDialogs().CoTaskMemFree(pidl);
+    return sFolder;
+}
+
+std::string StripNull(const std::string& sText)
+{
+    return results::CutAtNull(sText);
+}
+
+} // namespace dialogs

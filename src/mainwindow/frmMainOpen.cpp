@@ -1,0 +1,71 @@
+#include "Launching.h"
+#include "cGroupRows.h"
+#include "frmMain.h"
+#include "mFileOperation.h"
+
+// The commands that look at one file, that of the current row, however many rows are selected. Most act only
+// if the last mouse press in the list was on a row. What they start lives on its own.
+
+namespace mainwindow {
+namespace {
+
+std::string Quoted(const std::string& sText)
+{
+    return '"' + sText + '"';
+}
+
+} // namespace
+
+std::string frmMain::CurrentKey()
+{
+    const auto current = lvFiles.SelectedItem();
+    return current ? current->Key() : std::string();
+}
+
+std::string frmMain::CurrentFolder()
+{
+    const auto current = lvFiles.SelectedItem();
+    return current ? std::string(current->SubItems(search::kFolderColumn)) : std::string();
+}
+
+void frmMain::mnuFileOpen_Click()
+{
+    if (bItemHit) {
+        results::OpenDocument(Quoted(CurrentKey()), "", "", platform::SW_SHOWNORMAL);
+    }
+}
+
+void frmMain::mnuFileExplore_Click()
+{
+    if (bItemHit) {
+        results::ExploreFolder(nullptr, CurrentFolder());
+    }
+}
+
+void frmMain::mnuFileNotepad_Click()
+{
+    if (bItemHit) {
+        results::RunProgram("Notepad.exe", Quoted(CurrentKey()), "", platform::SW_SHOWNORMAL);
+    }
+}
+
+void frmMain::mnuFileWordpad_Click()
+{
+    if (bItemHit) {
+        results::RunProgram("Wordpad.exe", Quoted(CurrentKey()), "", platform::SW_SHOWNORMAL);
+    }
+}
+
+void frmMain::mnuFileChooseProgram_Click()
+{
+    results::OpenWithDialog(CurrentKey());
+}
+
+void frmMain::mnuFileProperties_Click()
+{
+    if (bItemHit) {
+        results::ShowProperties(form.hWnd(), Quoted(CurrentKey()));
+    }
+}
+
+} // namespace mainwindow

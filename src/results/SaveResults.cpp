@@ -1,0 +1,106 @@
+#include "SaveResults.h"
+
+#include "Escaped.h"
+#include "FormMembers.h"
+#include "System.h"
+#include "Texts.h"
+#include "cGroupRows.h"
+#include "mCommon.h"
+#include "mFileDialog.h"
+#include "mFileOperation.h"
+
+#include <string>
+#include <string_view>
+
+namespace results {
+namespace {
+
+/// The report as it is written, line by line. After a line that cannot be written no other one is.
+class Report
+{
+public:
+    explicit Report(const std::string& sPath)
+        : m_hFile(platform::TheTextFiles().OpenForOutput(sPath)),
+          m_bWritten(m_hFile != platform::INVALID_HANDLE_VALUE)
+    {
+    }
+    Report(const Report&) = delete;
+    Report& operator=(const Report&) = delete;
+    ~Report()
+    {
+        if (m_hFile != platform::INVALID_HANDLE_VALUE) {
+            platform::TheTextFiles().CloseOutput(m_hFile);
+        }
+    }
+
+    void Line(std::string_view sLine)
+    {
+        m_bWritten = m_bWritten && platform::TheTextFiles().PrintLine(m_hFile, sLine);
+    }
+
+private:
+    platform::FileHandle m_hFile;
+    bool m_bWritten;
+};
+
+/// A row's lines tell its place in its group, whether or not its file has gone.
+void WriteRow(Report& report, const platform::ListItem& row)
+{
+    const std::string sName = platform::Escaped(row.Key());
+    switch (row.SmallIcon()) {
+    case search::kMarkFirst:
+    case search::kMarkFirst + search::kMarksGone:
+        report.Line("");
+        report.Line("+ " + sName);
+        break;
+    case search::kMarkMiddle:
+    case search::kMarkMiddle + search::kMarksGone:
+        report.Line("| " + sName);
+        break;
+    case search::kMarkLast:
+    case search::kMarkLast + search::kMarksGone:
+        report.Line("+ " + sName);
+        break;
+    default:
+        break;
+    }
+}
+
+void WriteReport(const std::string& sPath, platform::ListItems& rows)
+{
+    Report report(sPath);
+    report.Line("Tallyfen Report");
+    report.Line("Genereted on " + platform::FormatDateTime(platform::Now()));
+    const std::size_t nCount = rows.Count();
+    for (std::size_t n = 1; n <= nCount; ++n) {
+        WriteRow(report, rows(n));
+    }
+    report.Line("");
+    report.Line("-->");
+}
+
+} // namespace
+
+void SaveResults()
+{
+    search::MainFormMembers& main = search::frmMain();
+    // 1. Nothing to save.
+    if (main.lvFiles.ListItems.Count() == 0) {
+        return;
+    }
+    // 2. Where to.
+    std::string sInitDir;
+    const std::string sPath =
+        ShowSaveDialog(main.form.hWnd(), "Text Document (*.txt)|*.txt", "", sInitDir, "Save As");
+    if (sPath.empty()) {
+        return;
+    }
+    // 3. to 9. The dialog has asked about a file that is there.
+    search::SetWorking(true);
+    WriteReport(sPath, main.lvFiles.ListItems);
+    search::SetWorking(false);
+    // 10. The new report, or the reason why there is none, comes to the screen.
+    RunProgram(sPath, "", "", platform::SW_SHOWNORMAL);
+}
+
+} // namespace results

@@ -1,0 +1,15 @@
+#include "mAPIError.h"
+
+#include "Texts.h"
+
+namespace results {
+
+std::string GetErrorText(long nCode)
+{
+    std::string sBuffer(255, '\0');
+    platform::FormatMessageA(platform::FORMAT_MESSAGE_FROM_SYSTEM, nCode, 0, sBuffer);
+    const std::string sText = sBuffer.substr(0, sBuffer.find('\0'));
+    return sText.empty() ? "Unknown error." : sText;
+}
+
+} // namespace results
