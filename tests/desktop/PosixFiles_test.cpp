@@ -112,6 +112,16 @@ TEST_F(PosixFiles, ListsNothingOfWhatIsNoFolderToRead)
     }
 }
 
+TEST_F(PosixFiles, ListsNothingThroughALink)
+{
+    tree.File("folder/inside");
+    fs::create_symlink("folder", tree.sRoot + "/link");
+    platform::FolderListing listing;
+    EXPECT_TRUE(files.ListFolder(tree.sRoot + "/folder/", listing));
+    EXPECT_FALSE(files.ListFolder(tree.sRoot + "/link", listing));
+    EXPECT_FALSE(files.ListFolder(tree.sRoot + "/link/", listing));
+}
+
 TEST_F(PosixFiles, ListsAFolderOfManyEntriesWholeWithTheirTimes)
 {
     for (int n = 0; n < 5000; ++n) {
