@@ -6,7 +6,7 @@
 
 namespace platform {
 
-/// Full Unicode case folding of a valid UTF-8 text: two texts that differ only in letter case fold to the
+/// Full Unicode case folding of a valid UTF-8 text without NULs: two texts that differ only in letter case fold to the
 /// same text.
 std::string FoldCase(std::string_view sText);
 

@@ -58,19 +58,25 @@ std::vector<std::string> MountedVolumes(std::istream& mountInfo)
     std::string sLine;
     while (std::getline(mountInfo, sLine)) {
         // Number, parent, device, folder of the device, mount point, options, tags up to "-", type, source.
+        // One blank stands between two fields; what else could be taken for one may be part of a name.
         std::istringstream fields(sLine);
+        const auto next = [&fields](std::string& sField) -> bool {
+            return static_cast<bool>(std::getline(fields, sField, ' '));
+        };
         std::string sSkipped;
         std::string sFolder;
         std::string sMountPoint;
         std::string sType;
         std::string sSource;
-        fields >> sSkipped >> sSkipped >> sSkipped >> sFolder >> sMountPoint;
-        while (fields >> sSkipped && sSkipped != "-") {
+        for (std::string* pField : {&sSkipped, &sSkipped, &sSkipped, &sFolder, &sMountPoint}) {
+            next(*pField);
         }
-        fields >> sType >> sSource;
+        while (next(sSkipped) && sSkipped != "-") {
+        }
+        const bool bComplete = next(sType) && next(sSource);
         // A part of a volume is mounted where the volume is seen anyway; with btrfs parts are volumes.
         const bool bWhole = sFolder == "/" || sType == "btrfs";
-        if (fields && bWhole && IsVolume(sSource, sType) && !IsSystems(sMountPoint)) {
+        if (bComplete && bWhole && IsVolume(sSource, sType) && !IsSystems(sMountPoint)) {
             volumes.insert(Unescaped(sMountPoint));
         }
     }
