@@ -1,6 +1,7 @@
 # The flags that every target of ours shares; link tallyfen_flags to have them.
 option(TALLYFEN_WERROR "Treat warnings as errors" OFF)
 option(TALLYFEN_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+option(TALLYFEN_FUZZ "Build the fuzz targets; needs clang" OFF)
 
 add_library(tallyfen_flags INTERFACE)
 target_compile_options(tallyfen_flags INTERFACE
@@ -18,6 +19,9 @@ if(TALLYFEN_SANITIZE)
   target_compile_options(tallyfen_flags INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(tallyfen_flags INTERFACE -fsanitize=address,undefined)
+endif()
+if(TALLYFEN_FUZZ)
+  target_compile_options(tallyfen_flags INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 # A driver that needs no window then does not load the window's libraries.
 target_link_options(tallyfen_flags INTERFACE -Wl,--as-needed)
