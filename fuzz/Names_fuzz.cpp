@@ -76,14 +76,25 @@ void CheckMounts(const tNames& names)
     Require(desktop::MountedVolumes(input) == expected, "the mount points are the volumes'");
 }
 
-void CheckSubfolders(const tNames& names)
-{
-    static const std::filesystem::path work = [] {
+/// An empty folder that goes with the program.
+struct tWorkFolder {
+    tWorkFolder()
+    {
         std::string sFolder = std::filesystem::temp_directory_path() / "tallyfen-fuzz-XXXXXX";
         Require(mkdtemp(sFolder.data()) != nullptr, "there is a folder to work in");
-        std::atexit([] { std::filesystem::remove_all(work); });
-        return std::filesystem::path(sFolder);
-    }();
+        path = sFolder;
+    }
+    ~tWorkFolder() { std::filesystem::remove_all(path); }
+    tWorkFolder(const tWorkFolder&) = delete;
+    tWorkFolder& operator=(const tWorkFolder&) = delete;
+
+    std::filesystem::path path;
+};
+
+void CheckSubfolders(const tNames& names)
+{
+    static const tWorkFolder workFolder;
+    const std::filesystem::path& work = workFolder.path;
     const std::filesystem::path folder = work / "all";
     std::filesystem::create_directory(folder);
     for (const std::string& sName : names) {
