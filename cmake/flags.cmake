@@ -1,6 +1,8 @@
 # The flags that every target of ours shares; link tallyfen_flags to have them.
 option(TALLYFEN_WERROR "Treat warnings as errors" OFF)
 option(TALLYFEN_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+option(TALLYFEN_HARDEN "Build with what Debian's packages are hardened with" OFF)
+option(TALLYFEN_FUZZ "Build the fuzz targets; needs clang" OFF)
 
 add_library(tallyfen_flags INTERFACE)
 target_compile_options(tallyfen_flags INTERFACE
@@ -18,6 +20,17 @@ if(TALLYFEN_SANITIZE)
   target_compile_options(tallyfen_flags INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(tallyfen_flags INTERFACE -fsanitize=address,undefined)
+endif()
+if(TALLYFEN_HARDEN)
+  include(CheckPIESupported)
+  check_pie_supported()
+  set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+  target_compile_options(tallyfen_flags INTERFACE
+    -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -fstack-protector-strong -Werror=format-security)
+  target_link_options(tallyfen_flags INTERFACE -Wl,-z,relro -Wl,-z,now)
+endif()
+if(TALLYFEN_FUZZ)
+  target_compile_options(tallyfen_flags INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 # A driver that needs no window then does not load the window's libraries.
 target_link_options(tallyfen_flags INTERFACE -Wl,--as-needed)

@@ -23,7 +23,7 @@ std::string CompactPath(std::string_view sPath, std::int16_t nWidth, bool bTrail
         sBase.remove_suffix(1);
     }
     // 3. it may fit after all.
-    if (nWanted >= CountChars(sBase)) {
+    if (nWidth >= 0 && nWanted >= CountChars(sBase)) {
         return std::string(sBase) + sSeparator;
     }
     // 4. No room, no text.

@@ -1,6 +1,7 @@
 #include "PosixVolumes.h"
 #include "RootFolders.h"
 #include "TempTree.h"
+#include "Unescaped.h"
 #include "VolumeLabel.h"
 
 #include <sstream>
@@ -22,11 +23,27 @@ TEST(Volumes, AreThoseAPersonMounts)
         "31 22 0:50 / /net/box rw - nfs4 box:/export rw\n"
         "32 22 0:51 / /net/share rw - cifs //box/share rw\n"
         "33 22 0:52 / /tmp rw - tmpfs tmpfs rw\n"
+        "35 22 8:33 / /media/a\rb rw - ext4 /dev/sde1 rw\n" // ends of words elsewhere, letters here
         "34 22 0:53 / /bootleg rw - ext4 /dev/sdd1 rw\n"
         "a line cut sho");
     EXPECT_EQ(desktop::MountedVolumes(mountInfo),
-              (std::vector<std::string>{"/bootleg", "/data", "/media/me/My Disk\\x", "/mnt", "/net/box",
-                                        "/net/share"}));
+              (std::vector<std::string>{"/bootleg", "/data", "/media/a\rb", "/media/me/My Disk\\x", "/mnt",
+                                        "/net/box", "/net/share"}));
+}
+
+TEST(Unescaped, GivesBackTheBytes)
+{
+    const struct {
+        const char* pWritten;
+        const char* pBytes;
+    } cases[] = {
+        {R"(My\040Disk\x2fa\x5Cb)", R"(My Disk/a\b)"},
+        {R"(\134040)", R"(\040)"},
+        {R"(\777\04\x2)", R"(\777\04\x2)"}, // no byte, and cut short
+    };
+    for (const auto& each : cases) {
+        EXPECT_EQ(desktop::Unescaped(each.pWritten), each.pBytes);
+    }
 }
 
 TEST(Volumes, HaveALabelUnlessTheyHaveGone)

@@ -55,12 +55,18 @@ TEST(TextCompare, IgnoresLetterCase)
         {"\xE4", "\xC4", false},                                        // Latin-1 bytes are no letters
         {"A\xE4", "a\xE4", true},
         {"\xC3\x84\xFF", "\xC3\xA4\xFF", false}, // invalid as a whole: ASCII rules
+        {"\uAB70\u13F8", "\u13A0\u13F0", true},  // Cherokee folds to its capitals
         {"a[", "a{", false},
         {"ab", "abc", false},
     };
     for (const auto& each : cases) {
         EXPECT_EQ(search::TextEqual(each.sLeft, each.sRight), each.bEqual)
             << each.sLeft << " " << each.sRight;
+        std::string sFolded;
+        std::string sFoldedAgain;
+        search::FoldText(each.sLeft, sFolded);
+        search::FoldText(sFolded, sFoldedAgain);
+        EXPECT_EQ(sFoldedAgain, sFolded);
     }
 }
 

@@ -28,6 +28,8 @@ TEST(CompactPath, ShortensAsTheTableSays)
         {R"(C:\Docs\report.txt)", 2, false, "xt"},
         {R"(C:\Docs\report.txt)", 0, false, ""},
         {R"(C:\Docs\report.txt)", -5, true, ""},
+        {R"(\)", 0, true, R"(\)"},
+        {R"(\)", -1, true, ""},
         {"", 0, true, ""},
         {"no-separator-at-all", 17, false, "..eparator-at-all"},
         {"abcdefgh", 6, false, "..efgh"},

@@ -21,7 +21,7 @@ std::vector<LiteralSearch::tEntry> TableOfProgram()
     return table;
 }
 
-LiteralSearch::LiteralSearch(ScriptedSearch& world, Mode mode) : m_world(world), m_mode(mode)
+LiteralSearch::LiteralSearch(ScriptedSearch& world, Mode mode) : m_mode(mode)
 {
     search::ClearResults();
     for (std::size_t n = 1; n <= world.lvFolders.ListItems.Count(); ++n) {

@@ -38,7 +38,6 @@ private:
     void FillChecksum(tEntry& entry);
     bool AddRow(const tEntry& entry, int nMark);
 
-    ScriptedSearch& m_world;
     Mode m_mode;
     long m_nItem = -1; ///< the row last added
 };

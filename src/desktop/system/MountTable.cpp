@@ -13,14 +13,19 @@ std::vector<tMount> ReadMountTable(std::istream& mountInfo)
     std::string sLine;
     while (std::getline(mountInfo, sLine)) {
         // Number, parent, device, folder of the device, mount point, options, tags up to "-", type, source.
+        // One blank stands between two fields; what else could be taken for one may be part of a name.
         std::istringstream fields(sLine);
+        const auto next = [&fields](std::string& sField) -> bool {
+            return static_cast<bool>(std::getline(fields, sField, ' '));
+        };
         std::string sSkipped;
         tMount mount;
-        fields >> sSkipped >> sSkipped >> mount.sDevice >> mount.sFolder >> mount.sPoint;
-        while (fields >> sSkipped && sSkipped != "-") {
+        for (std::string* pField : {&sSkipped, &sSkipped, &mount.sDevice, &mount.sFolder, &mount.sPoint}) {
+            next(*pField);
         }
-        fields >> mount.sType >> mount.sSource;
-        if (fields) {
+        while (next(sSkipped) && sSkipped != "-") {
+        }
+        if (next(mount.sType) && next(mount.sSource)) {
             mount.sPoint = Unescaped(mount.sPoint);
             mounts.push_back(std::move(mount));
         }

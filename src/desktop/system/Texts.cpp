@@ -1,22 +1,47 @@
 #include "Texts.h"
 
 #include "FileTime.h"
-#include "Launching.h"
 #include "UserLocale.h"
 
-#include <algorithm>
-#include <cstring>
-#include <ctime>
+#include <array>
 #include <glib.h>
 #include <memory>
 
 namespace platform {
+namespace {
+
+/// A small letter of Cherokee, the one script whose small letters fold to the capitals.
+bool IsSmallCherokee(gunichar nChar)
+{
+    return (nChar >= 0x13F8 && nChar <= 0x13FD) || (nChar >= 0xAB70 && nChar <= 0xABBF);
+}
+
+/// GLib folds these to capitals but, unaware of the exception, the capitals to small letters.
+std::string FoldSmallCherokee(const gchar* pText)
+{
+    std::string sFolded;
+    for (const gchar* p = pText; *p != 0;) {
+        const gunichar nChar = g_utf8_get_char(p);
+        const gchar* const pNext = p + g_utf8_skip[static_cast<unsigned char>(*p)];
+        if (IsSmallCherokee(nChar)) {
+            std::array<gchar, 6> aCapital{};
+            const gint nBytes = g_unichar_to_utf8(g_unichar_toupper(nChar), aCapital.data());
+            sFolded.append(aCapital.data(), static_cast<std::size_t>(nBytes));
+        } else {
+            sFolded.append(p, pNext);
+        }
+        p = pNext;
+    }
+    return sFolded;
+}
+
+} // namespace
 
 std::string FoldCase(std::string_view sText)
 {
     const std::unique_ptr<gchar, decltype(&g_free)> pFolded(
         g_utf8_casefold(sText.data(), static_cast<gssize>(sText.size())), &g_free);
-    return pFolded.get();
+    return FoldSmallCherokee(pFolded.get());
 }
 
 std::string FormatNumber(std::int64_t nNumber)
@@ -27,29 +52,6 @@ std::string FormatNumber(std::int64_t nNumber)
 std::string FormatDateTime(double dtDate)
 {
     return desktop::UserLocale::Get().DateTime(SplitDateValue(dtDate));
-}
-
-double Now()
-{
-    tFileTime ftNow{std::time(nullptr)};
-    tSystemTime stNow;
-    FileTimeToLocalFileTime(ftNow);
-    FileTimeToSystemTime(ftNow, stNow);
-    return DateValue(stNow);
-}
-
-void FormatMessageA(unsigned /*dwFlags*/, long dwMessageId, unsigned /*dwLanguageId*/, std::string& sBuffer)
-{
-    // The one code of the shell that is none of the kernel's; the kernel's 31 never gets here.
-    const bool bNoProgram = dwMessageId == SE_ERR_NOASSOC;
-    const int nCode = static_cast<int>(dwMessageId);
-    if (!bNoProgram && (nCode != dwMessageId || strerrordesc_np(nCode) == nullptr)) {
-        return;
-    }
-    std::string sText =
-        bNoProgram ? "No application is registered for files of this kind." : std::strerror(nCode);
-    sText += '\0';
-    sBuffer.replace(0, std::min(sText.size(), sBuffer.size()), sText, 0, sBuffer.size());
 }
 
 } // namespace platform

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <climits>
-#include <ctime>
 
 namespace desktop {
 
@@ -45,10 +44,12 @@ UserLocale::UserLocale() : m_locale(newlocale(LC_ALL_MASK, "", nullptr))
 
 std::string UserLocale::Number(std::int64_t nNumber) const
 {
-    return GroupDigits(std::to_string(nNumber), m_sThousandsSeparator, m_grouping);
+    const std::string sNumber = std::to_string(nNumber);
+    const std::size_t nSign = nNumber < 0 ? 1 : 0;
+    return sNumber.substr(0, nSign) + GroupDigits(sNumber.substr(nSign), m_sThousandsSeparator, m_grouping);
 }
 
-std::string UserLocale::DateTime(const platform::tSystemTime& stTime) const
+std::tm CalendarTime(const platform::tSystemTime& stTime)
 {
     std::tm time{};
     time.tm_year = stTime.wYear - 1900;
@@ -57,6 +58,17 @@ std::string UserLocale::DateTime(const platform::tSystemTime& stTime) const
     time.tm_hour = stTime.wHour;
     time.tm_min = stTime.wMinute;
     time.tm_sec = stTime.wSecond;
+    // The rest of what the library works out, it works out for another time zone.
+    std::tm calendar = time;
+    timegm(&calendar);
+    time.tm_wday = calendar.tm_wday;
+    time.tm_yday = calendar.tm_yday;
+    return time;
+}
+
+std::string UserLocale::DateTime(const platform::tSystemTime& stTime) const
+{
+    const std::tm time = CalendarTime(stTime);
     std::array<char, 256> text{};
     const std::size_t nLength = strftime_l(text.data(), text.size(), "%x %X", &time, m_locale);
     return {text.data(), nLength};

@@ -3,6 +3,7 @@
 #include "FileTime.h"
 
 #include <cstdint>
+#include <ctime>
 #include <locale.h> // NOLINT(modernize-deprecated-headers): locale_t is not in <clocale>
 #include <string>
 
@@ -13,6 +14,9 @@ namespace desktop {
 /// grouping.
 std::string GroupDigits(const std::string& sDigits, const std::string& sSeparator,
                         const std::string& grouping);
+
+/// A moment as the C library has it, the days of the week and of the year included.
+std::tm CalendarTime(const platform::tSystemTime& stTime);
 
 /// The user's ways of writing numbers and dates, as the environment names them when the program starts.
 class UserLocale
