@@ -4,7 +4,9 @@
 #include "FormMembers.h"
 #include "MainForm.h"
 #include "PosixFiles.h"
+#include "PosixTextFiles.h"
 #include "QtShell.h"
+#include "SessionBus.h"
 #include "System.h"
 #include "UserInterface.h"
 #include "frmMain.h"
@@ -12,12 +14,15 @@
 
 int main(int argc, char* argv[])
 {
+    desktop::StartNoSessionBus();
     desktop::UserInterface userInterface(argc, argv);
     desktop::PosixFiles files;
     desktop::QtShell shell;
+    desktop::PosixTextFiles textFiles;
     platform::tSystem system;
     system.files = &files;
     system.shell = &shell;
+    system.textFiles = &textFiles;
     userInterface.EnterInto(system);
     platform::UseSystem(system);
 
