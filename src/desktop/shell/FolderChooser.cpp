@@ -36,7 +36,6 @@ FolderChooser::FolderChooser(const platform::BROWSEINFO& info)
     pButtons->addButton(&m_pPane->NewFolderButton(), QDialogButtonBox::ActionRole);
     QPushButton* const pOk =
         AddButton(*pButtons, QStringLiteral("OK"), QDialogButtonBox::AcceptRole, QStringLiteral("ok"));
-    pOk->setDefault(true);
     AddButton(*pButtons, QStringLiteral("Cancel"), QDialogButtonBox::RejectRole, QStringLiteral("cancel"));
     connect(pButtons, &QDialogButtonBox::accepted, this, &FolderChooser::accept);
     connect(pButtons, &QDialogButtonBox::rejected, this, &FolderChooser::reject);
@@ -45,6 +44,7 @@ FolderChooser::FolderChooser(const platform::BROWSEINFO& info)
     pLayout->addWidget(pTitle);
     pLayout->addWidget(m_pPane, 1);
     pLayout->addWidget(pButtons);
+    pOk->setDefault(true);
     SizeFor(kSize);
     m_pPane->View().setFocus();
 }

@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <sys/stat.h>
@@ -59,12 +60,14 @@ std::string FolderPane::Folder() const
 
 void FolderPane::Select(const std::string& sPath)
 {
+    if (!sPath.starts_with('/')) {
+        return;
+    }
     std::string sFolder = sPath;
-    QModelIndex found;
-    while (!found.isValid() && sFolder.starts_with('/')) {
+    QModelIndex found = m_model.Find(sFolder);
+    while (!found.isValid() && sFolder.size() > 1) {
+        sFolder.resize(std::max<std::size_t>(sFolder.rfind('/'), 1));
         found = m_model.Find(sFolder);
-        // Up to the separator; the root is found with nothing before it.
-        sFolder.resize(sFolder.rfind('/'));
     }
     if (found.isValid()) {
         SelectItem(found);

@@ -85,7 +85,6 @@ OutcomeSummary::OutcomeSummary(QWidget* pOwner, const tOperation& operation, con
     auto* const pButtons = new QDialogButtonBox;
     QPushButton* const pClose =
         AddButton(*pButtons, QStringLiteral("Close"), QDialogButtonBox::RejectRole, QStringLiteral("close"));
-    pClose->setDefault(true);
     connect(pClose, &QPushButton::clicked, this, &OutcomeSummary::reject);
 
     auto* const pLayout = new QVBoxLayout(this);
@@ -108,6 +107,7 @@ OutcomeSummary::OutcomeSummary(QWidget* pOwner, const tOperation& operation, con
         });
     }
     pLayout->addWidget(pButtons);
+    pClose->setDefault(true);
     SizeFor(outcome.notDone.empty() ? QSize(kSize.width() / 2, 0) : kSize);
     pClose->setFocus();
 }

@@ -85,7 +85,6 @@ ProgramChooser::ProgramChooser(QWidget* pOwner, const std::string& sPath, const 
     auto* const pButtons = new QDialogButtonBox;
     m_pOpen =
         AddButton(*pButtons, QStringLiteral("&Open"), QDialogButtonBox::AcceptRole, QStringLiteral("open"));
-    m_pOpen->setDefault(true);
     AddButton(*pButtons, QStringLiteral("Cancel"), QDialogButtonBox::RejectRole, QStringLiteral("cancel"));
 
     auto* const pFind = new QHBoxLayout;
@@ -97,6 +96,7 @@ ProgramChooser::ProgramChooser(QWidget* pOwner, const std::string& sPath, const 
     pLayout->addWidget(m_pList, 1);
     pLayout->addWidget(m_pSaid);
     pLayout->addWidget(pButtons);
+    m_pOpen->setDefault(true);
 
     AddApplications(applications.fitting);
     if (!applications.fitting.empty() && !applications.others.empty()) {

@@ -131,11 +131,11 @@ PropertySheet::PropertySheet(QWidget* pOwner, const tProperties& properties)
     auto* const pButtons = new QDialogButtonBox;
     QPushButton* const pClose =
         AddButton(*pButtons, QStringLiteral("Close"), QDialogButtonBox::RejectRole, QStringLiteral("close"));
-    pClose->setDefault(true);
     connect(pClose, &QPushButton::clicked, this, &PropertySheet::close);
     auto* const pLayout = new QVBoxLayout(this);
     pLayout->addWidget(pArea, 1);
     pLayout->addWidget(pButtons);
+    pClose->setDefault(true);
     SizeFor(kSize);
     pClose->setFocus();
 }

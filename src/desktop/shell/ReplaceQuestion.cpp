@@ -61,9 +61,8 @@ ReplaceQuestion::ReplaceQuestion(QWidget* pOwner, const tFileFacts& source, cons
     auto* const pButtons = new QDialogButtonBox;
     AddChoice(*pButtons, QStringLiteral("&Replace"), QDialogButtonBox::AcceptRole, QStringLiteral("replace"),
               tReplaceAnswer::Choice::Replace);
-    AddChoice(*pButtons, QStringLiteral("&Skip"), QDialogButtonBox::NoRole, QStringLiteral("skip"),
-              tReplaceAnswer::Choice::Skip)
-        ->setDefault(true);
+    QPushButton* const pSkip = AddChoice(*pButtons, QStringLiteral("&Skip"), QDialogButtonBox::NoRole,
+                                         QStringLiteral("skip"), tReplaceAnswer::Choice::Skip);
     AddChoice(*pButtons, QStringLiteral("Cancel"), QDialogButtonBox::RejectRole, QStringLiteral("cancel"),
               tReplaceAnswer::Choice::Cancel);
 
@@ -78,6 +77,7 @@ ReplaceQuestion::ReplaceQuestion(QWidget* pOwner, const tFileFacts& source, cons
     pLayout->addWidget(m_pForAll);
     pLayout->addStretch();
     pLayout->addWidget(pButtons);
+    pSkip->setDefault(true);
     SizeFor(kSize);
 }
 

@@ -110,8 +110,8 @@ SaveChooser::SaveChooser(const platform::OPENFILENAME& request)
     m_pFault->hide();
     auto* const pButtons = new QDialogButtonBox;
     pButtons->addButton(&m_pPane->NewFolderButton(), QDialogButtonBox::ActionRole);
-    AddButton(*pButtons, QStringLiteral("&Save"), QDialogButtonBox::AcceptRole, QStringLiteral("save"))
-        ->setDefault(true);
+    QPushButton* const pSave =
+        AddButton(*pButtons, QStringLiteral("&Save"), QDialogButtonBox::AcceptRole, QStringLiteral("save"));
     AddButton(*pButtons, QStringLiteral("Cancel"), QDialogButtonBox::RejectRole, QStringLiteral("cancel"));
 
     auto* const pPlaces = new QHBoxLayout;
@@ -125,6 +125,7 @@ SaveChooser::SaveChooser(const platform::OPENFILENAME& request)
     pLayout->addLayout(pAnswer);
     pLayout->addWidget(m_pFault);
     pLayout->addWidget(pButtons);
+    pSave->setDefault(true);
 
     connect(pButtons, &QDialogButtonBox::accepted, this, &SaveChooser::accept);
     connect(pButtons, &QDialogButtonBox::rejected, this, &SaveChooser::reject);
