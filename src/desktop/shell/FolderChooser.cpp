@@ -33,7 +33,6 @@ FolderChooser::FolderChooser(const platform::BROWSEINFO& info)
     pTitle->setTextFormat(Qt::PlainText);
     pTitle->setWordWrap(true);
     auto* const pButtons = new QDialogButtonBox;
-    pButtons->addButton(&m_pPane->NewFolderButton(), QDialogButtonBox::ActionRole);
     QPushButton* const pOk =
         AddButton(*pButtons, QStringLiteral("OK"), QDialogButtonBox::AcceptRole, QStringLiteral("ok"));
     AddButton(*pButtons, QStringLiteral("Cancel"), QDialogButtonBox::RejectRole, QStringLiteral("cancel"));
@@ -43,7 +42,10 @@ FolderChooser::FolderChooser(const platform::BROWSEINFO& info)
     auto* const pLayout = new QVBoxLayout(this);
     pLayout->addWidget(pTitle);
     pLayout->addWidget(m_pPane, 1);
-    pLayout->addWidget(pButtons);
+    auto* const pBottom = new QHBoxLayout;
+    pBottom->addWidget(&m_pPane->NewFolderButton());
+    pBottom->addWidget(pButtons, 1);
+    pLayout->addLayout(pBottom);
     pOk->setDefault(true);
     SizeFor(kSize);
     m_pPane->View().setFocus();

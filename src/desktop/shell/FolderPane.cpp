@@ -34,12 +34,11 @@ QString WhyNotMade(int nError)
 
 FolderPane::FolderPane()
     : m_model(RootFolders()), m_pView(new FolderView(m_model)), m_pPath(new PathLabel),
-      m_pNewFolder(new QPushButton(QStringLiteral("&New Folder")))
+      m_pNewFolder(new QPushButton(QStringLiteral("Ne&w Folder")))
 {
     m_pView->setObjectName(QStringLiteral("folders"));
     m_pView->setAccessibleName(QStringLiteral("Folders"));
     m_pPath->setObjectName(QStringLiteral("folder"));
-    m_pPath->setAccessibleName(QStringLiteral("Folder"));
     m_pNewFolder->setObjectName(QStringLiteral("newFolder"));
     m_pNewFolder->setAutoDefault(false);
     auto* const pLayout = new QVBoxLayout(this);

@@ -102,6 +102,10 @@ ProgramChooser::ProgramChooser(QWidget* pOwner, const std::string& sPath, const 
     if (!applications.fitting.empty() && !applications.others.empty()) {
         m_pHeading = new QListWidgetItem(QStringLiteral("Other applications"), m_pList);
         m_pHeading->setFlags(Qt::NoItemFlags);
+        m_pHeading->setForeground(palette().brush(QPalette::Active, QPalette::Text));
+        QFont bold = m_pList->font();
+        bold.setBold(true);
+        m_pHeading->setFont(bold);
     }
     AddApplications(applications.others);
     connect(pButtons, &QDialogButtonBox::accepted, this, &ProgramChooser::accept);

@@ -44,7 +44,6 @@ ProgressWindow::ProgressWindow(QWidget* pOwner, const tOperation& operation)
       m_pCancel(nullptr)
 {
     m_pPath->setObjectName(QStringLiteral("path"));
-    m_pPath->setAccessibleName(QStringLiteral("File"));
     m_pCount->setObjectName(QStringLiteral("count"));
     m_pCount->setTextFormat(Qt::PlainText);
     m_pBar->setObjectName(QStringLiteral("bar"));

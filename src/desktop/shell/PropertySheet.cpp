@@ -118,10 +118,10 @@ PropertySheet::PropertySheet(QWidget* pOwner, const tProperties& properties)
     for (const auto& [sWhat, sIs] : properties) {
         auto* const pValue = new QLabel(sIs);
         pValue->setObjectName(sWhat);
-        pValue->setAccessibleName(sWhat);
         pValue->setTextFormat(Qt::PlainText);
         pValue->setWordWrap(true);
         pValue->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+        pValue->setFocusPolicy(Qt::StrongFocus);
         pLines->addRow(sWhat + QLatin1Char(':'), pValue);
     }
     auto* const pArea = new QScrollArea;

@@ -109,7 +109,6 @@ SaveChooser::SaveChooser(const platform::OPENFILENAME& request)
     m_pFault->setWordWrap(true);
     m_pFault->hide();
     auto* const pButtons = new QDialogButtonBox;
-    pButtons->addButton(&m_pPane->NewFolderButton(), QDialogButtonBox::ActionRole);
     QPushButton* const pSave =
         AddButton(*pButtons, QStringLiteral("&Save"), QDialogButtonBox::AcceptRole, QStringLiteral("save"));
     AddButton(*pButtons, QStringLiteral("Cancel"), QDialogButtonBox::RejectRole, QStringLiteral("cancel"));
@@ -124,7 +123,10 @@ SaveChooser::SaveChooser(const platform::OPENFILENAME& request)
     pLayout->addLayout(pPlaces, 1);
     pLayout->addLayout(pAnswer);
     pLayout->addWidget(m_pFault);
-    pLayout->addWidget(pButtons);
+    auto* const pBottom = new QHBoxLayout;
+    pBottom->addWidget(&m_pPane->NewFolderButton());
+    pBottom->addWidget(pButtons, 1);
+    pLayout->addLayout(pBottom);
     pSave->setDefault(true);
 
     connect(pButtons, &QDialogButtonBox::accepted, this, &SaveChooser::accept);
