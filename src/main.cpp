@@ -4,8 +4,10 @@
 #include "FormMembers.h"
 #include "MainForm.h"
 #include "PosixFiles.h"
+#include "PosixTextFiles.h"
 #include "PosixVolumes.h"
 #include "QtShell.h"
+#include "SessionBus.h"
 #include "System.h"
 #include "UserInterface.h"
 #include "frmMain.h"
@@ -13,14 +15,17 @@
 
 int main(int argc, char* argv[])
 {
+    desktop::StartNoSessionBus();
     desktop::UserInterface userInterface(argc, argv);
     desktop::PosixFiles files;
+    desktop::PosixTextFiles textFiles;
     desktop::PosixVolumes volumes;
     desktop::QtShell shell;
     platform::tSystem system;
     system.files = &files;
     system.shell = &shell;
     system.volumes = &volumes;
+    system.textFiles = &textFiles;
     userInterface.EnterInto(system);
     platform::UseSystem(system);
 

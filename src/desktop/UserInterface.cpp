@@ -36,6 +36,8 @@ void UserInterface::EnterInto(platform::tSystem& system)
     system.screen = &m_windows;
     system.messages = &m_windows;
     system.windows = &m_windows;
+    system.fileDialogs = &m_fileDialogs;
+    system.launcher = &m_launcher;
 }
 
 int UserInterface::Run()

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "GioLauncher.h"
 #include "PacedEventLoop.h"
+#include "QtFileDialogs.h"
+#include "QtOperationDialogs.h"
 #include "QtWindows.h"
 #include "System.h"
 
@@ -19,8 +22,12 @@ class UserInterface
 public:
     UserInterface(int& argc, char* argv[]);
 
-    /// Puts the event loop, the screen, the message boxes and the windows into `system`.
+    /// Puts the event loop, the screen, the message boxes, the windows, the file dialogs and the launcher
+    /// into `system`.
     void EnterInto(platform::tSystem& system);
+
+    /// The user, for the operations on files.
+    OperationDialogs& Operations() { return m_operations; }
 
     /// Delivers the user's input until the last form has been taken down; returns the program's result.
     int Run();
@@ -29,6 +36,9 @@ private:
     QApplication m_application;
     QtWindows m_windows;
     PacedEventLoop m_events;
+    QtFileDialogs m_fileDialogs;
+    QtOperationDialogs m_operations;
+    GioLauncher m_launcher;
 };
 
 } // namespace desktop

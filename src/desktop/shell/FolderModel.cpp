@@ -8,7 +8,6 @@
 #include <QPalette>
 #include <QStyle>
 #include <algorithm>
-#include <iterator>
 #include <string_view>
 #include <tuple>
 #include <utility>
@@ -21,13 +20,21 @@ bool IsHidden(std::string_view sName)
     return sName.starts_with('.');
 }
 
-/// Orders names as they are shown, whatever their letter case, hidden ones last.
+/// What names are ordered by: as they are shown, whatever their letter case, hidden ones last.
+using tKeyedName = std::tuple<bool, std::string, std::string>;
+
+tKeyedName Keyed(std::string sName)
+{
+    std::string sFolded = platform::FoldCase(platform::Escaped(sName));
+    return {IsHidden(sName), std::move(sFolded), std::move(sName)};
+}
+
 void SortNames(std::vector<std::string>& names)
 {
-    std::vector<std::tuple<bool, std::string, std::string>> keyed;
+    std::vector<tKeyedName> keyed;
     keyed.reserve(names.size());
     for (std::string& sName : names) {
-        keyed.emplace_back(IsHidden(sName), platform::FoldCase(platform::Escaped(sName)), std::move(sName));
+        keyed.push_back(Keyed(std::move(sName)));
     }
     std::sort(keyed.begin(), keyed.end());
     std::transform(keyed.begin(), keyed.end(), names.begin(),
@@ -63,13 +70,13 @@ FolderModel::FolderModel(const std::vector<tRootFolder>& rootFolders)
 
 void FolderModel::AddChildren(std::size_t nParent, std::vector<tNode> children)
 {
-    m_nodes[nParent].nFirstChild = m_nodes.size();
-    m_nodes[nParent].nChildren = children.size();
     m_nodes[nParent].known = Known::Listed;
     for (tNode& child : children) {
         child.nParent = nParent;
+        child.nRow = m_nodes[nParent].children.size();
+        m_nodes[nParent].children.push_back(m_nodes.size());
+        m_nodes.push_back(std::move(child));
     }
-    std::move(children.begin(), children.end(), std::back_inserter(m_nodes));
 }
 
 platform::ItemId FolderModel::Item(const QModelIndex& index)
@@ -83,7 +90,7 @@ QModelIndex FolderModel::Index(platform::ItemId item) const
     if (item <= 0 || n >= m_nodes.size()) {
         return {};
     }
-    return createIndex(static_cast<int>(n - m_nodes[m_nodes[n].nParent].nFirstChild), 0, n);
+    return createIndex(static_cast<int>(m_nodes[n].nRow), 0, n);
 }
 
 std::string FolderModel::Path(platform::ItemId item) const
@@ -103,7 +110,7 @@ std::string FolderModel::Path(platform::ItemId item) const
 std::size_t FolderModel::RootOf(const std::string& sPath) const
 {
     std::size_t nBest = 0;
-    for (std::size_t n = 1; n <= m_nodes[0].nChildren; ++n) {
+    for (const std::size_t n : m_nodes[0].children) {
         std::string_view sRest = sPath;
         if (TakeFolder(sRest, m_nodes[n].sName) &&
             (nBest == 0 || m_nodes[n].sName.size() > m_nodes[nBest].sName.size())) {
@@ -111,6 +118,15 @@ std::size_t FolderModel::RootOf(const std::string& sPath) const
         }
     }
     return nBest;
+}
+
+/// A listed folder's subfolder of that name, 0 if it has none.
+std::size_t FolderModel::ChildNamed(std::size_t nParent, const std::string& sName) const
+{
+    const auto& children = m_nodes[nParent].children;
+    const auto found = std::find_if(children.begin(), children.end(),
+                                    [&](std::size_t n) { return m_nodes[n].sName == sName; });
+    return found == children.end() ? 0 : *found;
 }
 
 QModelIndex FolderModel::Find(const std::string& sPath)
@@ -125,12 +141,35 @@ QModelIndex FolderModel::Find(const std::string& sPath)
         if (canFetchMore(folder)) {
             fetchMore(folder);
         }
-        const auto first = m_nodes.begin() + static_cast<std::ptrdiff_t>(m_nodes[nFound].nFirstChild);
-        const auto last = first + static_cast<std::ptrdiff_t>(m_nodes[nFound].nChildren);
-        const auto found = std::find_if(first, last, [&](const tNode& node) { return node.sName == sName; });
-        nFound = found == last ? 0 : static_cast<std::size_t>(found - m_nodes.begin());
+        nFound = ChildNamed(nFound, sName);
     }
     return Index(static_cast<platform::ItemId>(nFound));
+}
+
+QModelIndex FolderModel::Add(const QModelIndex& folder, const std::string& sName)
+{
+    if (canFetchMore(folder)) {
+        fetchMore(folder);
+    }
+    const std::size_t nFolder = Number(folder);
+    const std::size_t nThere = ChildNamed(nFolder, sName);
+    if (nThere != 0) {
+        return Index(static_cast<platform::ItemId>(nThere));
+    }
+    const auto& siblings = m_nodes[nFolder].children;
+    const auto before =
+        std::find_if(siblings.begin(), siblings.end(),
+                     [&, key = Keyed(sName)](std::size_t n) { return key < Keyed(m_nodes[n].sName); });
+    const auto nRow = before - siblings.begin();
+    beginInsertRows(folder, static_cast<int>(nRow), static_cast<int>(nRow));
+    m_nodes.push_back({.sName = sName, .sShown = {}, .nParent = nFolder});
+    auto& children = m_nodes[nFolder].children;
+    children.insert(children.begin() + nRow, m_nodes.size() - 1);
+    for (auto n = static_cast<std::size_t>(nRow); n < children.size(); ++n) {
+        m_nodes[children[n]].nRow = n;
+    }
+    endInsertRows();
+    return Index(static_cast<platform::ItemId>(m_nodes.size() - 1));
 }
 
 bool FolderModel::LookInto(const QModelIndex& index)
@@ -149,7 +188,7 @@ QModelIndex FolderModel::index(int row, int column, const QModelIndex& parent) c
     if (!hasIndex(row, column, parent)) {
         return {};
     }
-    return createIndex(row, column, Node(parent).nFirstChild + static_cast<std::size_t>(row));
+    return createIndex(row, column, Node(parent).children[static_cast<std::size_t>(row)]);
 }
 
 QModelIndex FolderModel::parent(const QModelIndex& index) const
@@ -159,7 +198,7 @@ QModelIndex FolderModel::parent(const QModelIndex& index) const
 
 int FolderModel::rowCount(const QModelIndex& parent) const
 {
-    return static_cast<int>(Node(parent).nChildren);
+    return static_cast<int>(Node(parent).children.size());
 }
 
 int FolderModel::columnCount(const QModelIndex& /*parent*/) const
@@ -170,7 +209,7 @@ int FolderModel::columnCount(const QModelIndex& /*parent*/) const
 bool FolderModel::hasChildren(const QModelIndex& parent) const
 {
     const tNode& node = Node(parent);
-    return node.known != Known::Listed || node.nChildren > 0;
+    return node.known != Known::Listed || !node.children.empty();
 }
 
 bool FolderModel::canFetchMore(const QModelIndex& parent) const

@@ -11,7 +11,8 @@
 namespace desktop {
 
 /// The folders of the machine as a tree. Names are exact bytes. A folder is listed when its subfolders are
-/// asked for the first time, and stays as it was then. In each folder the hidden ones come last.
+/// asked for the first time, and stays as it was then but for the folders that Add adds. In each folder the
+/// hidden ones come last.
 class FolderModel final : public QAbstractItemModel
 {
 public:
@@ -26,6 +27,9 @@ public:
 
     /// The folder of that path, listing the folders above it; invalid if they do not have it.
     QModelIndex Find(const std::string& sPath);
+
+    /// Shows folder `sName`, which has just been made in `folder`, and returns it.
+    QModelIndex Add(const QModelIndex& folder, const std::string& sName);
 
     /// Takes a look into a folder that is shown, once. True if it turns out to have nothing to open: the view
     /// then lays its rows out anew.
@@ -43,13 +47,13 @@ public:
 private:
     enum class Known { Nothing, LookedInto, Listed };
 
-    /// A folder. Its number in m_nodes is its item; the subfolders of one stand there side by side.
+    /// A folder. Its number in m_nodes is its item.
     struct tNode {
         std::string sName;  ///< of a folder at the top, its path
         std::string sShown; ///< only of a folder at the top
         std::size_t nParent = 0;
-        std::size_t nFirstChild = 0;
-        std::size_t nChildren = 0;
+        std::size_t nRow = 0;                ///< among the subfolders of its parent
+        std::vector<std::size_t> children{}; ///< their numbers, as they are shown
         Known known = Known::Nothing;
     };
 
@@ -57,6 +61,7 @@ private:
     [[nodiscard]] const tNode& Node(const QModelIndex& index) const { return m_nodes[Number(index)]; }
     [[nodiscard]] std::size_t RootOf(const std::string& sPath) const;
     void AddChildren(std::size_t nParent, std::vector<tNode> children);
+    [[nodiscard]] std::size_t ChildNamed(std::size_t nParent, const std::string& sName) const;
 
     std::vector<tNode> m_nodes; ///< the first one holds the folders at the top
     QIcon m_icon;

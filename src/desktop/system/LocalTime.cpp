@@ -1,4 +1,5 @@
 #include "FileTime.h"
+#include "Texts.h"
 
 #include <ctime>
 
@@ -13,6 +14,14 @@ bool FileTimeToLocalFileTime(tFileTime& ftTime)
     }
     ftTime.nSeconds += local.tm_gmtoff;
     return true;
+}
+
+double Now()
+{
+    tFileTime ftNow{};
+    ftNow.nSeconds = std::time(nullptr);
+    tSystemTime stNow;
+    return FileTimeToLocalFileTime(ftNow) && FileTimeToSystemTime(ftNow, stNow) ? DateValue(stNow) : 0;
 }
 
 } // namespace platform

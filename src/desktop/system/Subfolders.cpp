@@ -3,6 +3,7 @@
 #include <cstring>
 #include <dirent.h>
 #include <fcntl.h>
+#include <fnmatch.h>
 #include <memory>
 #include <sys/stat.h>
 
@@ -17,18 +18,24 @@ struct CloseFolder {
 };
 using Folder = std::unique_ptr<DIR, CloseFolder>;
 
-bool IsFolder(DIR* pFolder, const dirent64& entry)
+/// The kind of an entry, one of DT_.
+unsigned char KindOf(DIR* pFolder, const dirent64& entry)
 {
-    if (std::strcmp(entry.d_name, ".") == 0 || std::strcmp(entry.d_name, "..") == 0) {
-        return false;
-    }
     if (entry.d_type != DT_UNKNOWN) {
-        return entry.d_type == DT_DIR;
+        return entry.d_type;
     }
     struct stat status {
     };
-    return fstatat(dirfd(pFolder), entry.d_name, &status, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT) == 0 &&
-           S_ISDIR(status.st_mode);
+    constexpr int nFlags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT;
+    return fstatat(dirfd(pFolder), entry.d_name, &status, nFlags) == 0
+               ? static_cast<unsigned char>(IFTODT(status.st_mode))
+               : static_cast<unsigned char>(DT_UNKNOWN);
+}
+
+bool IsFolder(DIR* pFolder, const dirent64& entry)
+{
+    return std::strcmp(entry.d_name, ".") != 0 && std::strcmp(entry.d_name, "..") != 0 &&
+           KindOf(pFolder, entry) == DT_DIR;
 }
 
 /// True if another file system is mounted at the folder, or would be by a look into it.
@@ -49,6 +56,19 @@ std::vector<std::string> Subfolders(const std::string& sPath)
     const Folder folder(opendir(sPath.c_str()));
     while (const dirent64* pEntry = folder ? readdir64(folder.get()) : nullptr) {
         if (IsFolder(folder.get(), *pEntry)) {
+            names.emplace_back(pEntry->d_name);
+        }
+    }
+    return names;
+}
+
+std::vector<std::string> FileNames(const std::string& sPath, const std::string& sPattern)
+{
+    std::vector<std::string> names;
+    const Folder folder(opendir(sPath.c_str()));
+    while (const dirent64* pEntry = folder ? readdir64(folder.get()) : nullptr) {
+        if (fnmatch(sPattern.c_str(), pEntry->d_name, FNM_CASEFOLD) == 0 &&
+            KindOf(folder.get(), *pEntry) == DT_REG) {
             names.emplace_back(pEntry->d_name);
         }
     }

@@ -1,0 +1,167 @@
+#include "Applications.h"
+
+#include "FileKind.h"
+#include "GPointers.h"
+#include "LaunchCode.h"
+#include "SessionBus.h"
+#include "Texts.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <gio/gdesktopappinfo.h>
+#include <set>
+#include <unistd.h>
+#include <utility>
+
+namespace desktop {
+namespace {
+
+std::string IconOf(GAppInfo* pInfo)
+{
+    GIcon* const pIcon = g_app_info_get_icon(pInfo);
+    if (pIcon == nullptr) {
+        return {};
+    }
+    if (G_IS_FILE_ICON(pIcon)) {
+        const GText path(g_file_get_path(g_file_icon_get_file(G_FILE_ICON(pIcon))));
+        return path ? path.get() : "";
+    }
+    if (G_IS_THEMED_ICON(pIcon)) {
+        const char* const* const pNames = g_themed_icon_get_names(G_THEMED_ICON(pIcon));
+        return pNames[0] != nullptr ? pNames[0] : "";
+    }
+    return {};
+}
+
+/// Takes over a reference.
+tApplication Application(GAppInfo* pInfo)
+{
+    const char* const pName = g_app_info_get_display_name(pInfo);
+    return {pName != nullptr ? pName : "", IconOf(pInfo),
+            std::shared_ptr<GAppInfo>(pInfo, [](GAppInfo* p) { g_object_unref(p); })};
+}
+
+/// Takes over a list.
+std::vector<tApplication> Applications(GList* pList)
+{
+    std::vector<tApplication> applications;
+    for (const GList* p = pList; p != nullptr; p = p->next) {
+        applications.push_back(Application(G_APP_INFO(p->data)));
+    }
+    g_list_free(pList);
+    return applications;
+}
+
+std::string IdOf(const tApplication& application)
+{
+    const char* const pId = g_app_info_get_id(application.info.get());
+    return pId != nullptr ? pId : application.sName;
+}
+
+void SortByName(std::vector<tApplication>& applications)
+{
+    std::vector<std::pair<std::string, tApplication>> keyed;
+    keyed.reserve(applications.size());
+    for (tApplication& each : applications) {
+        std::string sKey = platform::FoldCase(each.sName);
+        keyed.emplace_back(std::move(sKey), std::move(each));
+    }
+    std::stable_sort(keyed.begin(), keyed.end(),
+                     [](const auto& one, const auto& other) { return one.first < other.first; });
+    std::transform(keyed.begin(), keyed.end(), applications.begin(),
+                   [](auto& each) { return std::move(each.second); });
+}
+
+/// Why a start failed, as an error number of the system.
+int ErrorNumber(const GError& error)
+{
+    if (error.domain == G_SPAWN_ERROR) {
+        switch (error.code) {
+        case G_SPAWN_ERROR_NOENT:
+            return ENOENT;
+        case G_SPAWN_ERROR_ACCES:
+            return EACCES;
+        case G_SPAWN_ERROR_PERM:
+            return EPERM;
+        case G_SPAWN_ERROR_TOO_BIG:
+            return E2BIG;
+        case G_SPAWN_ERROR_FORK:
+            return EAGAIN;
+        case G_SPAWN_ERROR_NOMEM:
+            return ENOMEM;
+        case G_SPAWN_ERROR_MFILE:
+            return EMFILE;
+        default:
+            break;
+        }
+    }
+    return ENOEXEC;
+}
+
+/// Runs between fork and exec, where only calls into the kernel are safe.
+void BecomeSession(gpointer /*pData*/)
+{
+    setsid();
+}
+
+} // namespace
+
+std::optional<tApplication> DefaultApplication(std::initializer_list<const char*> kinds)
+{
+    for (const char* const pKind : kinds) {
+        if (GAppInfo* const pInfo = g_app_info_get_default_for_type(pKind, FALSE)) {
+            return Application(pInfo);
+        }
+    }
+    return std::nullopt;
+}
+
+tApplications ApplicationsFor(const std::string& sKind)
+{
+    tApplications result;
+    std::set<std::string> listed;
+    const auto add = [&listed](std::vector<tApplication>& to, const tApplication& application) {
+        if (listed.insert(IdOf(application)).second) {
+            to.push_back(application);
+        }
+    };
+    if (const auto usual = DefaultApplication({sKind.c_str()})) {
+        add(result.fitting, *usual);
+    }
+    for (const tApplication& each : Applications(g_app_info_get_all_for_type(sKind.c_str()))) {
+        add(result.fitting, each);
+    }
+    for (const tApplication& each : Applications(g_app_info_get_all())) {
+        GAppInfo* const pInfo = each.info.get();
+        if (g_app_info_should_show(pInfo) != FALSE &&
+            (g_app_info_supports_files(pInfo) != FALSE || g_app_info_supports_uris(pInfo) != FALSE)) {
+            add(result.others, each);
+        }
+    }
+    SortByName(result.others);
+    return result;
+}
+
+long Start(const tApplication& application, const std::string& sPath)
+{
+    const std::string sUri = FileUri(sPath);
+    if (sUri.empty() || !application.info) {
+        return kNoSuchFile;
+    }
+    const GPointer<GAppLaunchContext> context(g_app_launch_context_new());
+    if (!HasSessionBus()) {
+        g_app_launch_context_unsetenv(context.get(), "DBUS_SESSION_BUS_ADDRESS");
+    }
+    GList uris{const_cast<char*>(sUri.c_str()), nullptr, nullptr};
+    GError* pError = nullptr;
+    const gboolean bStarted = g_desktop_app_info_launch_uris_as_manager(
+        G_DESKTOP_APP_INFO(application.info.get()), &uris, context.get(), G_SPAWN_SEARCH_PATH, &BecomeSession,
+        nullptr, nullptr, nullptr, &pError);
+    const GErrorPointer error(pError);
+    if (bStarted != FALSE) {
+        return kStarted;
+    }
+    return LaunchCode(error ? ErrorNumber(*error) : ENOEXEC);
+}
+
+} // namespace desktop

@@ -1,0 +1,91 @@
+#include "FileManager.h"
+
+#include "FileKind.h"
+#include "GPointers.h"
+#include "SessionBus.h"
+
+namespace desktop {
+namespace {
+
+constexpr guint kPatience = 800; // ms, for all steps together
+
+/// One question to the file manager, step by step, on an event loop of its own.
+class Question
+{
+public:
+    explicit Question(GVariant* pArguments) : m_pArguments(g_variant_ref_sink(pArguments)) {}
+
+    /// Asks, and returns when there is an answer or patience has ended.
+    bool Ask()
+    {
+        GMainContext* const pContext = g_main_context_new();
+        g_main_context_push_thread_default(pContext);
+        GSource* const pPatience = g_timeout_source_new(kPatience);
+        g_source_set_callback(pPatience, &Question::PatienceEnded, this, nullptr);
+        g_source_attach(pPatience, pContext);
+        g_bus_get(G_BUS_TYPE_SESSION, m_cancel.get(), &Question::Connected, this);
+        while (!m_bOver) {
+            g_main_context_iteration(pContext, TRUE);
+        }
+        g_source_destroy(pPatience);
+        g_source_unref(pPatience);
+        g_main_context_pop_thread_default(pContext);
+        g_main_context_unref(pContext);
+        return m_bAnswered;
+    }
+
+private:
+    static gboolean PatienceEnded(gpointer pThis)
+    {
+        // The step in hand then ends with an error.
+        g_cancellable_cancel(static_cast<Question*>(pThis)->m_cancel.get());
+        return G_SOURCE_REMOVE;
+    }
+
+    static void Connected(GObject* /*pSource*/, GAsyncResult* pResult, gpointer pThis)
+    {
+        auto& self = *static_cast<Question*>(pThis);
+        self.m_connection.reset(g_bus_get_finish(pResult, nullptr));
+        if (!self.m_connection) {
+            self.m_bOver = true;
+            return;
+        }
+        // The end of the session's bus is not to be the end of this program in the midst of its work.
+        g_dbus_connection_set_exit_on_close(self.m_connection.get(), FALSE);
+        // A file manager that has to be started first would take its time, and a sheet of our own is at hand.
+        g_dbus_connection_call(self.m_connection.get(), "org.freedesktop.FileManager1",
+                               "/org/freedesktop/FileManager1", "org.freedesktop.FileManager1",
+                               "ShowItemProperties", self.m_pArguments.get(), nullptr,
+                               G_DBUS_CALL_FLAGS_NO_AUTO_START, static_cast<gint>(kPatience),
+                               self.m_cancel.get(), &Question::Answered, pThis);
+    }
+
+    static void Answered(GObject* /*pSource*/, GAsyncResult* pResult, gpointer pThis)
+    {
+        auto& self = *static_cast<Question*>(pThis);
+        const GVariantPointer answer(
+            g_dbus_connection_call_finish(self.m_connection.get(), pResult, nullptr));
+        self.m_bAnswered = answer != nullptr;
+        self.m_bOver = true;
+    }
+
+    GPointer<GCancellable> m_cancel{g_cancellable_new()};
+    GVariantPointer m_pArguments;
+    GPointer<GDBusConnection> m_connection;
+    bool m_bAnswered = false;
+    bool m_bOver = false;
+};
+
+} // namespace
+
+bool ShowItemProperties(const std::string& sPath)
+{
+    if (!HasSessionBus()) {
+        return false;
+    }
+    const std::string sUri = FileUri(sPath);
+    const char* const aUris[] = {sUri.c_str(), nullptr};
+    return Question(g_variant_new("(^ass)", static_cast<const char* const*>(aUris), "")).Ask();
+}
+
+} // namespace desktop

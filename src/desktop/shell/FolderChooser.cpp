@@ -1,0 +1,69 @@
+#include "FolderChooser.h"
+
+#include "ShownLines.h"
+#include "WidgetOf.h"
+
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace desktop {
+namespace {
+
+constexpr QSize kSize{380, 420};
+
+} // namespace
+
+long FolderChooser::Window::TextMessage(unsigned nMessage, long wParam, const std::string& sText)
+{
+    if (nMessage != platform::BFFM_SETSELECTIONA || wParam != 1) {
+        return Control::TextMessage(nMessage, wParam, sText);
+    }
+    m_pane.Select(sText.substr(0, sText.find('\0')));
+    return 0;
+}
+
+FolderChooser::FolderChooser(const platform::BROWSEINFO& info)
+    : ShellDialog(OwnerOf(info.hwndOwner), QStringLiteral("folderChooser"),
+                  QStringLiteral("Browse For Folder")),
+      m_info(info), m_pPane(new FolderPane), m_window(*m_pPane)
+{
+    EnterWidget(m_window, this);
+    auto* const pTitle = new QLabel(ShownLines(info.lpszTitle));
+    pTitle->setObjectName(QStringLiteral("text"));
+    pTitle->setTextFormat(Qt::PlainText);
+    pTitle->setWordWrap(true);
+    auto* const pButtons = new QDialogButtonBox;
+    QPushButton* const pOk =
+        AddButton(*pButtons, QStringLiteral("OK"), QDialogButtonBox::AcceptRole, QStringLiteral("ok"));
+    AddButton(*pButtons, QStringLiteral("Cancel"), QDialogButtonBox::RejectRole, QStringLiteral("cancel"));
+    connect(pButtons, &QDialogButtonBox::accepted, this, &FolderChooser::accept);
+    connect(pButtons, &QDialogButtonBox::rejected, this, &FolderChooser::reject);
+
+    auto* const pLayout = new QVBoxLayout(this);
+    pLayout->addWidget(pTitle);
+    pLayout->addWidget(m_pPane, 1);
+    auto* const pBottom = new QHBoxLayout;
+    pBottom->addWidget(&m_pPane->NewFolderButton());
+    pBottom->addWidget(pButtons, 1);
+    pLayout->addLayout(pBottom);
+    pOk->setDefault(true);
+    SizeFor(kSize);
+    m_pPane->View().setFocus();
+}
+
+FolderChooser::~FolderChooser()
+{
+    RemoveWidget(m_window);
+}
+
+std::string FolderChooser::Choose()
+{
+    setModal(true);
+    show();
+    if (m_info.lpfn != nullptr) {
+        m_info.lpfn(&m_window, platform::BFFM_INITIALIZED, 0, m_info.lParam);
+    }
+    return Ask() ? m_pPane->Folder() : std::string();
+}
+
+} // namespace desktop

@@ -1,0 +1,109 @@
+#include "FolderPane.h"
+
+#include "PathLabel.h"
+#include "PointerAtRest.h"
+#include "Questions.h"
+#include "ShownText.h"
+
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <sys/stat.h>
+
+namespace desktop {
+namespace {
+
+QString WhyNotMade(int nError)
+{
+    switch (nError) {
+    case EEXIST:
+        return QStringLiteral("There is something of that name already.");
+    case EACCES:
+    case EPERM:
+        return QStringLiteral("You are not allowed to make folders here.");
+    default:
+        return QString::fromLocal8Bit(std::strerror(nError)) + QLatin1Char('.');
+    }
+}
+
+} // namespace
+
+FolderPane::FolderPane()
+    : m_model(RootFolders()), m_pView(new FolderView(m_model)), m_pPath(new PathLabel),
+      m_pNewFolder(new QPushButton(QStringLiteral("Ne&w Folder")))
+{
+    m_pView->setObjectName(QStringLiteral("folders"));
+    m_pView->setAccessibleName(QStringLiteral("Folders"));
+    m_pPath->setObjectName(QStringLiteral("folder"));
+    m_pNewFolder->setObjectName(QStringLiteral("newFolder"));
+    m_pNewFolder->setAutoDefault(false);
+    auto* const pLayout = new QVBoxLayout(this);
+    pLayout->setContentsMargins({});
+    pLayout->addWidget(m_pView, 1);
+    pLayout->addWidget(m_pPath);
+    connect(m_pNewFolder, &QPushButton::clicked, this, &FolderPane::MakeFolder);
+    connect(m_pView->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this] { m_pPath->ShowPath(Folder()); });
+    m_pView->setCurrentIndex(m_model.index(0, 0));
+    m_pView->expand(m_pView->currentIndex());
+}
+
+std::string FolderPane::Folder() const
+{
+    return m_model.Path(FolderModel::Item(m_pView->currentIndex()));
+}
+
+void FolderPane::Select(const std::string& sPath)
+{
+    if (!sPath.starts_with('/')) {
+        return;
+    }
+    std::string sFolder = sPath;
+    QModelIndex found = m_model.Find(sFolder);
+    while (!found.isValid() && sFolder.size() > 1) {
+        sFolder.resize(std::max<std::size_t>(sFolder.rfind('/'), 1));
+        found = m_model.Find(sFolder);
+    }
+    if (found.isValid()) {
+        SelectItem(found);
+    }
+}
+
+void FolderPane::SelectItem(const QModelIndex& folder)
+{
+    m_pView->setCurrentIndex(folder);
+    m_pView->scrollTo(folder, QAbstractItemView::PositionAtCenter);
+}
+
+void FolderPane::MakeFolder()
+{
+    const QModelIndex folder = m_pView->currentIndex();
+    QInputDialog question(this);
+    question.setObjectName(QStringLiteral("newFolderQuestion"));
+    question.setWindowTitle(QStringLiteral("New Folder"));
+    question.setLabelText(QStringLiteral("&Name of the new folder:"));
+    question.setTextValue(QStringLiteral("New Folder"));
+    const PointerAtRest pointer;
+    if (question.exec() != QDialog::Accepted || question.textValue().isEmpty()) {
+        return;
+    }
+    const std::string sName = question.textValue().toStdString();
+    const std::string sFolder = Folder();
+    constexpr mode_t kMode = 0777;
+    const bool bOneName = sName.find('/') == std::string::npos;
+    if (bOneName && mkdir((sFolder + "/" + sName).c_str(), kMode) == 0) {
+        SelectItem(m_model.Add(folder, sName));
+        m_pView->setFocus();
+        return;
+    }
+    SayFault(this, QStringLiteral("newFolderFault"),
+             QStringLiteral("The folder \u201c%1\u201d could not be made.\n%2")
+                 .arg(ShownText(sName),
+                      bOneName ? WhyNotMade(errno) : QStringLiteral("A name cannot contain \u201c/\u201d.")));
+}
+
+} // namespace desktop

@@ -1,0 +1,48 @@
+#include "PathLabel.h"
+
+#include "ShellDialog.h"
+#include "ShownText.h"
+
+#include <QPainter>
+#include <QStyle>
+
+namespace desktop {
+
+PathLabel::PathLabel(QWidget* pParent) : QLabel(pParent)
+{
+    setTextFormat(Qt::PlainText);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+}
+
+void PathLabel::ShowPath(const std::string& sPath)
+{
+    if (sPath == m_sPath) {
+        return;
+    }
+    m_sPath = sPath;
+    setText(ShownText(sPath));
+    setToolTip(AsToolTip(text()));
+}
+
+QSize PathLabel::minimumSizeHint() const
+{
+    return {0, fontMetrics().height()};
+}
+
+QSize PathLabel::sizeHint() const
+{
+    return {fontMetrics().horizontalAdvance(text()), fontMetrics().height()};
+}
+
+void PathLabel::paintEvent(QPaintEvent* /*pEvent*/)
+{
+    QPainter painter(this);
+    // A path reads from left to right in any language.
+    painter.setLayoutDirection(Qt::LeftToRight);
+    const Qt::Alignment alignment =
+        QStyle::visualAlignment(layoutDirection(), Qt::AlignLeading) | Qt::AlignVCenter;
+    style()->drawItemText(&painter, rect(), static_cast<int>(alignment), palette(), isEnabled(),
+                          fontMetrics().elidedText(text(), Qt::ElideMiddle, width()), foregroundRole());
+}
+
+} // namespace desktop

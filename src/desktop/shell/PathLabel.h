@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QLabel>
+#include <string>
+
+namespace desktop {
+
+/// A path in one line, its middle left out where it is too long. The whole of it is the tool tip, and what
+/// assistive programs read.
+class PathLabel final : public QLabel
+{
+public:
+    explicit PathLabel(QWidget* pParent = nullptr);
+
+    /// `sPath` is exact bytes.
+    void ShowPath(const std::string& sPath);
+
+    [[nodiscard]] QSize minimumSizeHint() const override;
+    [[nodiscard]] QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* pEvent) override;
+
+private:
+    std::string m_sPath;
+};
+
+} // namespace desktop

@@ -1,0 +1,177 @@
+#include "ProgramChooser.h"
+
+#include "LaunchCode.h"
+#include "ShownText.h"
+#include "Texts.h"
+
+#include <QCoreApplication>
+#include <QIcon>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QStyle>
+#include <QVBoxLayout>
+#include <utility>
+
+namespace desktop {
+namespace {
+
+constexpr QSize kSize{380, 420};
+constexpr int kNumber = Qt::UserRole; ///< of a row: the number of its application
+
+/// The field of the filter: Up and Down move in the list.
+class FilterEdit final : public QLineEdit
+{
+public:
+    explicit FilterEdit(QWidget& list) : m_list(list) {}
+
+protected:
+    void keyPressEvent(QKeyEvent* pEvent) override
+    {
+        switch (pEvent->key()) {
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+        case Qt::Key_PageUp:
+        case Qt::Key_PageDown:
+            QCoreApplication::sendEvent(&m_list, pEvent);
+            break;
+        default:
+            QLineEdit::keyPressEvent(pEvent);
+        }
+    }
+
+private:
+    QWidget& m_list;
+};
+
+QIcon IconOf(const tApplication& application, const QStyle& style)
+{
+    const QString sIcon = QString::fromStdString(application.sIcon);
+    const QIcon icon = sIcon.startsWith(QLatin1Char('/')) ? QIcon(sIcon) : QIcon::fromTheme(sIcon);
+    // Names line up only where each has a picture.
+    return icon.availableSizes().isEmpty() && icon.name().isEmpty() ? style.standardIcon(QStyle::SP_FileIcon)
+                                                                    : icon;
+}
+
+QString TextOf(long nCode)
+{
+    std::string sText(255, '\0');
+    platform::FormatMessageA(platform::FORMAT_MESSAGE_FROM_SYSTEM, nCode, 0, sText);
+    return QString::fromStdString(sText.substr(0, sText.find('\0')));
+}
+
+} // namespace
+
+ProgramChooser::ProgramChooser(QWidget* pOwner, const std::string& sPath, const tApplications& applications,
+                               Starter start)
+    : ShellDialog(pOwner, QStringLiteral("programChooser"), QStringLiteral("Choose Program")),
+      m_start(std::move(start)), m_pFilter(nullptr), m_pList(new QListWidget), m_pSaid(new QLabel)
+{
+    auto* const pText = new QLabel(QStringLiteral("Choose the program to open \u201c%1\u201d with.")
+                                       .arg(ShownText(sPath.substr(sPath.rfind('/') + 1))));
+    pText->setTextFormat(Qt::PlainText);
+    pText->setWordWrap(true);
+    m_pFilter = new FilterEdit(*m_pList);
+    m_pFilter->setObjectName(QStringLiteral("filter"));
+    m_pFilter->setClearButtonEnabled(true);
+    auto* const pFilterLabel = new QLabel(QStringLiteral("&Find:"));
+    pFilterLabel->setBuddy(m_pFilter);
+    m_pList->setObjectName(QStringLiteral("programs"));
+    m_pList->setAccessibleName(QStringLiteral("Programs"));
+    m_pSaid->setObjectName(QStringLiteral("said"));
+    m_pSaid->setTextFormat(Qt::PlainText);
+    m_pSaid->setWordWrap(true);
+    auto* const pButtons = new QDialogButtonBox;
+    m_pOpen =
+        AddButton(*pButtons, QStringLiteral("&Open"), QDialogButtonBox::AcceptRole, QStringLiteral("open"));
+    AddButton(*pButtons, QStringLiteral("Cancel"), QDialogButtonBox::RejectRole, QStringLiteral("cancel"));
+
+    auto* const pFind = new QHBoxLayout;
+    pFind->addWidget(pFilterLabel);
+    pFind->addWidget(m_pFilter);
+    auto* const pLayout = new QVBoxLayout(this);
+    pLayout->addWidget(pText);
+    pLayout->addLayout(pFind);
+    pLayout->addWidget(m_pList, 1);
+    pLayout->addWidget(m_pSaid);
+    pLayout->addWidget(pButtons);
+    m_pOpen->setDefault(true);
+
+    AddApplications(applications.fitting);
+    if (!applications.fitting.empty() && !applications.others.empty()) {
+        m_pHeading = new QListWidgetItem(QStringLiteral("Other applications"), m_pList);
+        m_pHeading->setFlags(Qt::NoItemFlags);
+        m_pHeading->setForeground(palette().brush(QPalette::Active, QPalette::Text));
+        QFont bold = m_pList->font();
+        bold.setBold(true);
+        m_pHeading->setFont(bold);
+    }
+    AddApplications(applications.others);
+    connect(pButtons, &QDialogButtonBox::accepted, this, &ProgramChooser::accept);
+    connect(pButtons, &QDialogButtonBox::rejected, this, &ProgramChooser::reject);
+    connect(m_pFilter, &QLineEdit::textChanged, this, &ProgramChooser::Filter);
+    connect(m_pList, &QListWidget::itemDoubleClicked, this, &ProgramChooser::accept);
+    Filter();
+    SizeFor(kSize);
+    m_pList->setFocus();
+}
+
+void ProgramChooser::AddApplications(const std::vector<tApplication>& applications)
+{
+    for (const tApplication& each : applications) {
+        auto* const pItem = new QListWidgetItem(IconOf(each, *style()), ShownText(each.sName), m_pList);
+        pItem->setData(kNumber, static_cast<int>(m_applications.size()));
+        m_applications.push_back(each);
+    }
+}
+
+/// Shows the applications whose names have the text in them, and says so if there is none.
+void ProgramChooser::Filter()
+{
+    const QString sText = m_pFilter->text().trimmed();
+    int nShown = 0;
+    for (int n = 0; n < m_pList->count(); ++n) {
+        QListWidgetItem* const pItem = m_pList->item(n);
+        const bool bShown =
+            pItem == m_pHeading ? sText.isEmpty() : pItem->text().contains(sText, Qt::CaseInsensitive);
+        pItem->setHidden(!bShown);
+        nShown += bShown && pItem != m_pHeading ? 1 : 0;
+    }
+    m_pSaid->setText(nShown > 0               ? QString()
+                     : m_applications.empty() ? QStringLiteral("No program that opens files is installed.")
+                                              : QStringLiteral("No program has this in its name."));
+    m_pSaid->setVisible(nShown == 0);
+    m_pOpen->setEnabled(nShown > 0);
+    const QListWidgetItem* const pCurrent = m_pList->currentItem();
+    if (pCurrent == nullptr || pCurrent->isHidden()) {
+        SelectFirst();
+    }
+}
+
+void ProgramChooser::SelectFirst()
+{
+    QListWidgetItem* pFirst = nullptr;
+    for (int n = m_pList->count(); n-- > 0;) {
+        QListWidgetItem* const pItem = m_pList->item(n);
+        pFirst = pItem->isHidden() || pItem == m_pHeading ? pFirst : pItem;
+    }
+    m_pList->setCurrentItem(pFirst);
+}
+
+void ProgramChooser::accept()
+{
+    const QListWidgetItem* const pItem = m_pList->currentItem();
+    if (pItem == nullptr || pItem->isHidden() || pItem == m_pHeading) {
+        return;
+    }
+    const long nCode = m_start(m_applications[static_cast<std::size_t>(pItem->data(kNumber).toInt())]);
+    if (nCode == kStarted) {
+        ShellDialog::accept();
+        return;
+    }
+    m_pSaid->setText(QStringLiteral("%1 could not be started.\n%2").arg(pItem->text(), TextOf(nCode)));
+    m_pSaid->show();
+}
+
+} // namespace desktop

@@ -1,0 +1,94 @@
+#include "ProgressWindow.h"
+
+#include "PathLabel.h"
+#include "SizeText.h"
+
+#include <QProgressBar>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace desktop {
+namespace {
+
+constexpr QSize kSize{420, 0};
+constexpr int kFull = 1000; // of the bar
+
+QString TitleOf(FileOperation operation)
+{
+    switch (operation) {
+    case FileOperation::Move:
+        return QStringLiteral("Moving Files");
+    case FileOperation::Copy:
+        return QStringLiteral("Copying Files");
+    default:
+        return QStringLiteral("Moving to Trash");
+    }
+}
+
+/// True where the work is in the bytes: what goes to the trash stays where it is on the disk.
+bool CountsBytes(const tOperation& operation)
+{
+    return operation.operation != FileOperation::Trash && operation.cyTotal > 0;
+}
+
+int Part(double dDone, double dTotal)
+{
+    return dTotal <= 0 ? 0 : static_cast<int>(std::clamp(dDone / dTotal, 0.0, 1.0) * kFull);
+}
+
+} // namespace
+
+ProgressWindow::ProgressWindow(QWidget* pOwner, const tOperation& operation)
+    : ShellDialog(pOwner, QStringLiteral("operationProgress"), TitleOf(operation.operation)),
+      m_operation(operation), m_pPath(new PathLabel), m_pCount(new QLabel), m_pBar(new QProgressBar),
+      m_pCancel(nullptr)
+{
+    m_pPath->setObjectName(QStringLiteral("path"));
+    m_pCount->setObjectName(QStringLiteral("count"));
+    m_pCount->setTextFormat(Qt::PlainText);
+    m_pBar->setObjectName(QStringLiteral("bar"));
+    m_pBar->setAccessibleName(QStringLiteral("Progress"));
+    m_pBar->setRange(0, kFull);
+    auto* const pButtons = new QDialogButtonBox;
+    m_pCancel = AddButton(*pButtons, QStringLiteral("Cancel"), QDialogButtonBox::RejectRole,
+                          QStringLiteral("cancel"));
+    // An Enter too many, meant for the question before, is not to cancel.
+    m_pCancel->setAutoDefault(false);
+    connect(m_pCancel, &QPushButton::clicked, this, &ProgressWindow::reject);
+
+    auto* const pLayout = new QVBoxLayout(this);
+    pLayout->addWidget(m_pPath);
+    pLayout->addWidget(m_pBar);
+    pLayout->addWidget(m_pCount);
+    pLayout->addStretch();
+    pLayout->addWidget(pButtons);
+    setWindowModality(Qt::WindowModal);
+    ShowProgress({});
+    SizeFor(kSize);
+}
+
+void ProgressWindow::ShowProgress(const tOperationProgress& progress)
+{
+    const bool bBytes = CountsBytes(m_operation);
+    m_pPath->ShowPath(progress.sPath);
+    QString sCount = QStringLiteral("%1 of %2")
+                         .arg(NumberText(static_cast<std::int64_t>(progress.nFilesDone)),
+                              CountText(static_cast<std::int64_t>(m_operation.nFiles), "file", "files"));
+    if (bBytes) {
+        sCount +=
+            QStringLiteral(", %1 of %2").arg(ShortSize(progress.cyDone), ShortSize(m_operation.cyTotal));
+    }
+    m_pCount->setText(sCount);
+    m_pBar->setValue(
+        bBytes ? Part(static_cast<double>(progress.cyDone), static_cast<double>(m_operation.cyTotal))
+               : Part(static_cast<double>(progress.nFilesDone), static_cast<double>(m_operation.nFiles)));
+}
+
+void ProgressWindow::reject()
+{
+    m_bCancelled = true;
+    m_pCancel->setEnabled(false);
+    m_pCancel->setText(QStringLiteral("Cancelling"));
+}
+
+} // namespace desktop

@@ -1,0 +1,143 @@
+#include "PropertySheet.h"
+
+#include "FileKind.h"
+#include "FileTime.h"
+#include "ShownText.h"
+#include "SizeText.h"
+#include "Texts.h"
+
+#include <QFormLayout>
+#include <QLabel>
+#include <QScrollArea>
+#include <QVBoxLayout>
+#include <array>
+#include <climits>
+#include <fcntl.h>
+#include <grp.h>
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace desktop {
+namespace {
+
+constexpr QSize kSize{420, 340};
+
+QString Moment(const statx_timestamp& time)
+{
+    platform::tFileTime ftTime{time.tv_sec};
+    platform::tSystemTime stTime;
+    if (!platform::FileTimeToLocalFileTime(ftTime) || !platform::FileTimeToSystemTime(ftTime, stTime)) {
+        return QStringLiteral("unknown");
+    }
+    return QString::fromStdString(platform::FormatDateTime(platform::DateValue(stTime)));
+}
+
+/// "rw-r--r-- (0644)".
+QString Permissions(unsigned nMode)
+{
+    QString sText;
+    for (const unsigned nShift : {6U, 3U, 0U}) {
+        const unsigned nPart = nMode >> nShift;
+        sText += QLatin1Char((nPart & 4U) != 0 ? 'r' : '-');
+        sText += QLatin1Char((nPart & 2U) != 0 ? 'w' : '-');
+        sText += QLatin1Char((nPart & 1U) != 0 ? 'x' : '-');
+    }
+    constexpr unsigned nAll = 07777;
+    return sText + QStringLiteral(" (%1)").arg(nMode & nAll, 4, 8, QLatin1Char('0'));
+}
+
+/// The name of a user or group, or its number where it has none.
+template <typename T>
+QString NameOf(unsigned nId, int (*find)(unsigned, T*, char*, std::size_t, T**), char* T::*name)
+{
+    std::array<char, 16U * 1024> text{};
+    T entry{};
+    T* pFound = nullptr;
+    find(nId, &entry, text.data(), text.size(), &pFound);
+    return pFound == nullptr ? QString::number(nId) : ShownText(pFound->*name);
+}
+
+QString TargetOf(const std::string& sPath)
+{
+    std::array<char, PATH_MAX> target{};
+    const ssize_t nLength = readlink(sPath.c_str(), target.data(), target.size());
+    return nLength < 0 ? QString() : ShownText({target.data(), static_cast<std::size_t>(nLength)});
+}
+
+} // namespace
+
+tProperties PropertiesOf(const std::string& sPath)
+{
+    struct statx status {
+    };
+    if (!sPath.starts_with('/') ||
+        statx(AT_FDCWD, sPath.c_str(), AT_SYMLINK_NOFOLLOW, STATX_BASIC_STATS | STATX_BTIME, &status) != 0) {
+        return {};
+    }
+    const auto nName = sPath.rfind('/') + 1;
+    tProperties properties = {{QStringLiteral("Name"), ShownText(sPath.substr(nName))},
+                              {QStringLiteral("Folder"), ShownText(sPath.substr(0, nName))}};
+    const auto add = [&properties](const char* pWhat, const QString& sIs) {
+        properties.emplace_back(QLatin1String(pWhat), sIs);
+    };
+    if (S_ISLNK(status.stx_mode)) {
+        add("Kind", QStringLiteral("link"));
+        add("Leads to", TargetOf(sPath));
+    } else {
+        const std::string sKind = FileKind(sPath);
+        const QString sWords = QString::fromStdString(KindInWords(sKind));
+        add("Kind", QStringLiteral("%1 (%2)").arg(sWords, QString::fromStdString(sKind)));
+    }
+    if (S_ISREG(status.stx_mode)) {
+        add("Size", FullSize(static_cast<std::int64_t>(status.stx_size)));
+        constexpr std::uint64_t cyBlock = 512;
+        add("On the disk", FullSize(static_cast<std::int64_t>(status.stx_blocks * cyBlock)));
+    }
+    if ((status.stx_mask & STATX_BTIME) != 0) {
+        add("Created", Moment(status.stx_btime));
+    }
+    add("Changed", Moment(status.stx_mtime));
+    add("Last read", Moment(status.stx_atime));
+    add("Permissions", Permissions(status.stx_mode));
+    add("Owner", NameOf(status.stx_uid, &getpwuid_r, &passwd::pw_name));
+    add("Group", NameOf(status.stx_gid, &getgrgid_r, &group::gr_name));
+    if (S_ISREG(status.stx_mode) && status.stx_nlink > 1) {
+        add("Hard links", NumberText(status.stx_nlink));
+    }
+    return properties;
+}
+
+PropertySheet::PropertySheet(QWidget* pOwner, const tProperties& properties)
+    : ShellDialog(pOwner, QStringLiteral("propertySheet"),
+                  QStringLiteral("%1 \u2013 Properties").arg(properties.front().second))
+{
+    setAttribute(Qt::WA_DeleteOnClose);
+    auto* const pInside = new QWidget;
+    auto* const pLines = new QFormLayout(pInside);
+    for (const auto& [sWhat, sIs] : properties) {
+        auto* const pValue = new QLabel(sIs);
+        pValue->setObjectName(sWhat);
+        pValue->setTextFormat(Qt::PlainText);
+        pValue->setWordWrap(true);
+        pValue->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+        pValue->setFocusPolicy(Qt::StrongFocus);
+        pLines->addRow(sWhat + QLatin1Char(':'), pValue);
+    }
+    auto* const pArea = new QScrollArea;
+    pArea->setFrameShape(QFrame::NoFrame);
+    pArea->setWidgetResizable(true);
+    pArea->setWidget(pInside);
+    auto* const pButtons = new QDialogButtonBox;
+    QPushButton* const pClose =
+        AddButton(*pButtons, QStringLiteral("Close"), QDialogButtonBox::RejectRole, QStringLiteral("close"));
+    connect(pClose, &QPushButton::clicked, this, &PropertySheet::close);
+    auto* const pLayout = new QVBoxLayout(this);
+    pLayout->addWidget(pArea, 1);
+    pLayout->addWidget(pButtons);
+    pClose->setDefault(true);
+    SizeFor(kSize);
+    pClose->setFocus();
+}
+
+} // namespace desktop

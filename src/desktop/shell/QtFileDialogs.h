@@ -1,0 +1,23 @@
+#pragma once
+
+#include "FileDialogs.h"
+
+#include <map>
+
+namespace desktop {
+
+/// The modal questions for a folder and for a file, made with Qt.
+class QtFileDialogs final : public platform::FileDialogs
+{
+public:
+    platform::ItemId SHBrowseForFolderA(const platform::BROWSEINFO& info) override;
+    bool SHGetPathFromIDListA(platform::ItemId pidl, std::string& sBuffer) override;
+    void CoTaskMemFree(platform::ItemId pidl) override;
+    bool GetSaveFileNameA(platform::OPENFILENAME& request) override;
+
+private:
+    std::map<platform::ItemId, std::string> m_chosen; ///< until they are freed
+    platform::ItemId m_last = 0;
+};
+
+} // namespace desktop

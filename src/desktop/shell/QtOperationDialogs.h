@@ -1,0 +1,38 @@
+#pragma once
+
+#include "OperationDialogs.h"
+#include "PacedEventLoop.h"
+#include "ProgressWindow.h"
+
+#include <QElapsedTimer>
+#include <QPointer>
+
+namespace desktop {
+
+/// The user as a person before the screen. The questions take input also while the form over which they are
+/// asked is disabled.
+class QtOperationDialogs final : public OperationDialogs
+{
+public:
+    QtOperationDialogs();
+    QtOperationDialogs(const QtOperationDialogs&) = delete;
+    QtOperationDialogs& operator=(const QtOperationDialogs&) = delete;
+    ~QtOperationDialogs() override;
+
+    bool Confirm(const tOperation& operation) override;
+    tReplaceAnswer AskReplace(const tFileFacts& source, const tFileFacts& target) override;
+    void Started(const tOperation& operation) override;
+    bool Progress(const tOperationProgress& progress) override;
+    void Finished(const tOperation& operation, const tOperationOutcome& outcome) override;
+
+private:
+    void Look();
+
+    PacedEventLoop m_events;
+    platform::WindowHandle m_hwnd = nullptr; ///< over which the operation in hand asks
+    QPointer<ProgressWindow> m_pWindow;      ///< from Started to Finished; not visible at first
+    QElapsedTimer m_sinceStart;
+    const tOperationProgress* m_pReached = nullptr; ///< while Progress runs
+};
+
+} // namespace desktop

@@ -1,0 +1,103 @@
+#include "ReplaceQuestion.h"
+
+#include "PathLabel.h"
+#include "ShownText.h"
+#include "SizeText.h"
+#include "Texts.h"
+
+#include <QCheckBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QVBoxLayout>
+
+namespace desktop {
+namespace {
+
+constexpr QSize kSize{460, 0};
+
+QString DateText(double dtDate)
+{
+    return dtDate == 0 ? QStringLiteral("unknown") : QString::fromStdString(platform::FormatDateTime(dtDate));
+}
+
+QLabel* Line(const QString& sText)
+{
+    auto* const pLabel = new QLabel(sText);
+    pLabel->setTextFormat(Qt::PlainText);
+    pLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return pLabel;
+}
+
+/// What is known of a file, and how it compares to the other one where that is to be said.
+QGroupBox* Facts(const QString& sTitle, const tFileFacts& file, const QString& sSize, const QString& sDate)
+{
+    auto* const pBox = new QGroupBox(sTitle);
+    auto* const pPath = new PathLabel;
+    pPath->ShowPath(file.sPath);
+    auto* const pLines = new QFormLayout(pBox);
+    pLines->addRow(QStringLiteral("Path:"), pPath);
+    pLines->addRow(QStringLiteral("Size:"), Line(FullSize(file.cySize) + sSize));
+    pLines->addRow(QStringLiteral("Changed:"), Line(DateText(file.dtDate) + sDate));
+    return pBox;
+}
+
+template <typename T>
+QString Compared(T source, T target, const char* pLess, const char* pMore, const char* pSame)
+{
+    return QLatin1String(source < target ? pLess : source > target ? pMore : pSame);
+}
+
+} // namespace
+
+ReplaceQuestion::ReplaceQuestion(QWidget* pOwner, const tFileFacts& source, const tFileFacts& target)
+    : ShellDialog(pOwner, QStringLiteral("replaceQuestion"), QStringLiteral("Replace File")),
+      m_pForAll(new QCheckBox(QStringLiteral("Do the same for &all further files")))
+{
+    m_pForAll->setObjectName(QStringLiteral("forAll"));
+    auto* const pText = Line(QStringLiteral("A file named \u201c%1\u201d is already there. Replace it?")
+                                 .arg(ShownText(target.sPath.substr(target.sPath.rfind('/') + 1))));
+    pText->setWordWrap(true);
+    const bool bDatesKnown = source.dtDate != 0 && target.dtDate != 0;
+    auto* const pButtons = new QDialogButtonBox;
+    AddChoice(*pButtons, QStringLiteral("&Replace"), QDialogButtonBox::AcceptRole, QStringLiteral("replace"),
+              tReplaceAnswer::Choice::Replace);
+    QPushButton* const pSkip = AddChoice(*pButtons, QStringLiteral("&Skip"), QDialogButtonBox::NoRole,
+                                         QStringLiteral("skip"), tReplaceAnswer::Choice::Skip);
+    AddChoice(*pButtons, QStringLiteral("Cancel"), QDialogButtonBox::RejectRole, QStringLiteral("cancel"),
+              tReplaceAnswer::Choice::Cancel);
+
+    auto* const pLayout = new QVBoxLayout(this);
+    pLayout->addWidget(pText);
+    pLayout->addWidget(Facts(QStringLiteral("File that is there"), target, {}, {}));
+    pLayout->addWidget(
+        Facts(QStringLiteral("File that would replace it"), source,
+              Compared(source.cySize, target.cySize, " (smaller)", " (larger)", " (same size)"),
+              bDatesKnown ? Compared(source.dtDate, target.dtDate, " (older)", " (newer)", " (same time)")
+                          : QString()));
+    pLayout->addWidget(m_pForAll);
+    pLayout->addStretch();
+    pLayout->addWidget(pButtons);
+    pSkip->setDefault(true);
+    SizeFor(kSize);
+}
+
+QPushButton* ReplaceQuestion::AddChoice(QDialogButtonBox& buttons, const QString& sText,
+                                        QDialogButtonBox::ButtonRole role, const QString& sName,
+                                        tReplaceAnswer::Choice choice)
+{
+    QPushButton* const pButton = AddButton(buttons, sText, role, sName);
+    connect(pButton, &QPushButton::clicked, this, [this, choice] {
+        m_choice = choice;
+        accept();
+    });
+    return pButton;
+}
+
+tReplaceAnswer ReplaceQuestion::Answer()
+{
+    // Esc and the frame's button leave the choice as it was.
+    Ask();
+    return {m_choice, m_choice != tReplaceAnswer::Choice::Cancel && m_pForAll->isChecked()};
+}
+
+} // namespace desktop

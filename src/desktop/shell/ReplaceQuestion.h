@@ -1,0 +1,27 @@
+#pragma once
+
+#include "OperationDialogs.h"
+#include "ShellDialog.h"
+
+class QCheckBox;
+
+namespace desktop {
+
+/// Whether a file is to replace another one, with what tells the two apart. Enter skips, Esc cancels.
+class ReplaceQuestion final : public ShellDialog
+{
+public:
+    ReplaceQuestion(QWidget* pOwner, const tFileFacts& source, const tFileFacts& target);
+
+    /// Asks, and returns the answer.
+    tReplaceAnswer Answer();
+
+private:
+    QPushButton* AddChoice(QDialogButtonBox& buttons, const QString& sText, QDialogButtonBox::ButtonRole role,
+                           const QString& sName, tReplaceAnswer::Choice choice);
+
+    QCheckBox* m_pForAll;
+    tReplaceAnswer::Choice m_choice = tReplaceAnswer::Choice::Cancel;
+};
+
+} // namespace desktop

@@ -1,0 +1,242 @@
+#include "SaveChooser.h"
+
+#include "Questions.h"
+#include "ShownText.h"
+#include "Subfolders.h"
+#include "Utf8.h"
+
+#include <QComboBox>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace desktop {
+namespace {
+
+constexpr QSize kSize{600, 440};
+
+/// The texts of a filter, each of which ends at a NUL.
+std::vector<std::string> Texts(std::string_view sFilter)
+{
+    std::vector<std::string> texts;
+    for (auto nEnd = sFilter.find('\0'); nEnd != std::string_view::npos && nEnd > 0;
+         nEnd = sFilter.find('\0')) {
+        texts.emplace_back(sFilter.substr(0, nEnd));
+        sFilter.remove_prefix(nEnd + 1);
+    }
+    return texts;
+}
+
+/// The text before the first NUL.
+std::string UpToNul(const std::string& sText)
+{
+    return sText.substr(0, sText.find('\0'));
+}
+
+QString Sentence(int nError)
+{
+    return QString::fromLocal8Bit(std::strerror(nError)) + QLatin1Char('.');
+}
+
+/// Why a file cannot be written at `sPath`; empty if it can, for all that is known beforehand.
+QString WhyNotWritable(const std::string& sPath, bool& bThere)
+{
+    struct stat status {
+    };
+    bThere = stat(sPath.c_str(), &status) == 0;
+    if (!bThere && errno != ENOENT) {
+        return Sentence(errno);
+    }
+    if (bThere && !S_ISREG(status.st_mode)) {
+        return QStringLiteral("There is something of that name which is no file.");
+    }
+    const std::string sAsked = bThere ? sPath : sPath.substr(0, sPath.rfind('/') + 1);
+    if (access(sAsked.c_str(), W_OK) == 0) {
+        return {};
+    }
+    if (errno != EACCES) {
+        return Sentence(errno);
+    }
+    return bThere ? QStringLiteral("You are not allowed to write to this file.")
+                  : QStringLiteral("You are not allowed to write to this folder.");
+}
+
+/// The canonical path of the folder that `sPath` leads to; empty if it leads to none.
+std::string CanonicalFolder(const std::string& sPath)
+{
+    const std::unique_ptr<char, decltype(&std::free)> canonical(realpath(sPath.c_str(), nullptr), &std::free);
+    struct stat status {
+    };
+    return canonical && stat(canonical.get(), &status) == 0 && S_ISDIR(status.st_mode) ? canonical.get() : "";
+}
+
+std::string Joined(const std::string& sFolder, const std::string& sName)
+{
+    return sFolder + (sFolder.ends_with('/') ? "" : "/") + sName;
+}
+
+} // namespace
+
+SaveChooser::SaveChooser(const platform::OPENFILENAME& request)
+    : ShellDialog(OwnerOf(request.hwndOwner), QStringLiteral("saveChooser"), ShownText(request.lpstrTitle)),
+      m_request(request), m_pPane(new FolderPane), m_pFiles(new QListWidget), m_pName(new QLineEdit),
+      m_pKind(new QComboBox), m_pFault(new QLabel)
+{
+    m_pFiles->setObjectName(QStringLiteral("files"));
+    m_pFiles->setAccessibleName(QStringLiteral("Files that are there"));
+    m_pName->setObjectName(QStringLiteral("name"));
+    const std::string sProposed = UpToNul(request.lpstrFile);
+    m_pName->setText(platform::IsValidUtf8(sProposed) ? QString::fromStdString(sProposed) : QString());
+    m_pKind->setObjectName(QStringLiteral("kind"));
+    const std::vector<std::string> filter = Texts(request.lpstrFilter);
+    for (std::size_t n = 0; n + 1 < filter.size(); n += 2) {
+        m_pKind->addItem(ShownText(filter[n]));
+        m_patterns.push_back(filter[n + 1]);
+    }
+    m_pKind->setCurrentIndex(static_cast<int>(request.nFilterIndex) - 1);
+    m_pFault->setObjectName(QStringLiteral("fault"));
+    m_pFault->setTextFormat(Qt::PlainText);
+    m_pFault->setWordWrap(true);
+    m_pFault->hide();
+    auto* const pButtons = new QDialogButtonBox;
+    QPushButton* const pSave =
+        AddButton(*pButtons, QStringLiteral("&Save"), QDialogButtonBox::AcceptRole, QStringLiteral("save"));
+    AddButton(*pButtons, QStringLiteral("Cancel"), QDialogButtonBox::RejectRole, QStringLiteral("cancel"));
+
+    auto* const pPlaces = new QHBoxLayout;
+    pPlaces->addWidget(m_pPane, 3);
+    pPlaces->addWidget(m_pFiles, 2);
+    auto* const pAnswer = new QFormLayout;
+    pAnswer->addRow(QStringLiteral("File &name:"), m_pName);
+    pAnswer->addRow(QStringLiteral("Save as &type:"), m_pKind);
+    auto* const pLayout = new QVBoxLayout(this);
+    pLayout->addLayout(pPlaces, 1);
+    pLayout->addLayout(pAnswer);
+    pLayout->addWidget(m_pFault);
+    auto* const pBottom = new QHBoxLayout;
+    pBottom->addWidget(&m_pPane->NewFolderButton());
+    pBottom->addWidget(pButtons, 1);
+    pLayout->addLayout(pBottom);
+    pSave->setDefault(true);
+
+    connect(pButtons, &QDialogButtonBox::accepted, this, &SaveChooser::accept);
+    connect(pButtons, &QDialogButtonBox::rejected, this, &SaveChooser::reject);
+    connect(m_pPane->View().selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this] { ListFiles(); });
+    connect(m_pKind, &QComboBox::currentIndexChanged, this, [this] { ListFiles(); });
+    connect(m_pFiles, &QListWidget::currentItemChanged, this, [this](const QListWidgetItem* pItem) {
+        if (pItem != nullptr) {
+            m_pName->setText(pItem->text());
+        }
+    });
+    connect(m_pFiles, &QListWidget::itemDoubleClicked, this, &SaveChooser::accept);
+    connect(m_pName, &QLineEdit::textChanged, m_pFault, &QLabel::hide);
+    ListFiles();
+    SizeFor(kSize);
+    m_pName->setFocus();
+}
+
+std::string SaveChooser::Choose()
+{
+    setModal(true);
+    show();
+    m_pPane->Select(m_request.lpstrInitialDir);
+    return Ask() ? m_sChosen : std::string();
+}
+
+/// Shows the files in the selected folder that a file of the chosen kind could replace.
+void SaveChooser::ListFiles()
+{
+    m_pFault->hide();
+    m_pFiles->clear();
+    const auto nKind = static_cast<std::size_t>(m_pKind->currentIndex());
+    auto names = FileNames(m_pPane->Folder(), nKind < m_patterns.size() ? m_patterns[nKind] : "*");
+    // As they are shown: what is not shown as it is could not be typed either, and stands for itself only
+    // here.
+    std::sort(names.begin(), names.end());
+    for (const std::string& sName : names) {
+        const QString sShown = ShownText(sName);
+        auto* const pItem = new QListWidgetItem(sShown, m_pFiles);
+        if (sShown.toStdString() != sName) {
+            pItem->setFlags(Qt::NoItemFlags);
+        }
+    }
+}
+
+void SaveChooser::Say(const QString& sFault)
+{
+    m_pFault->setText(sFault);
+    m_pFault->show();
+    m_pName->setFocus();
+    m_pName->selectAll();
+}
+
+/// Goes into folder `sPath`, from which a name is then to be typed. False if that is no folder.
+bool SaveChooser::GoInto(const std::string& sPath)
+{
+    const std::string sFolder = CanonicalFolder(sPath);
+    if (!sFolder.empty()) {
+        m_pName->clear();
+        m_pPane->Select(sFolder);
+    }
+    return !sFolder.empty();
+}
+
+void SaveChooser::accept()
+{
+    // 1. What is typed: a name in the folder, or a path from there or from the root.
+    const QString sTyped = m_pName->text().trimmed();
+    if (sTyped.isEmpty()) {
+        Say(QStringLiteral("Please type a name for the file."));
+        return;
+    }
+    if (!sTyped.isValidUtf16() || sTyped.contains(QChar::Null)) {
+        Say(QStringLiteral("A file cannot have this name."));
+        return;
+    }
+    const std::string sText = sTyped.toStdString();
+    std::string sPath = sText.starts_with('/') ? sText : Joined(m_pPane->Folder(), sText);
+    if (GoInto(sPath)) {
+        return;
+    }
+    // 2. The file that it stands for.
+    const auto nName = sPath.rfind('/') + 1;
+    if (sPath.find('.', nName) == std::string::npos && !m_request.lpstrDefExt.empty()) {
+        sPath += "." + m_request.lpstrDefExt;
+    }
+    const std::string sFolder = CanonicalFolder(sPath.substr(0, nName));
+    if (sFolder.empty()) {
+        Say(QStringLiteral("There is no such folder."));
+        return;
+    }
+    sPath = Joined(sFolder, sPath.substr(nName));
+    // 3. Whether it can be written, and may be replaced.
+    bool bThere = false;
+    const QString sFault = WhyNotWritable(sPath, bThere);
+    if (!sFault.isEmpty()) {
+        Say(sFault);
+        return;
+    }
+    const tQuestion question{.sName = QStringLiteral("replaceFile"),
+                             .sTitle = windowTitle(),
+                             .sText = QStringLiteral("\u201c%1\u201d is already there. Replace it?")
+                                          .arg(ShownText(sPath.substr(sPath.rfind('/') + 1))),
+                             .sYes = QStringLiteral("&Replace")};
+    if (bThere && (m_request.Flags & platform::OFN_OVERWRITEPROMPT) != 0 && !AskYesNo(this, question)) {
+        return;
+    }
+    m_sChosen = sPath;
+    ShellDialog::accept();
+}
+
+} // namespace desktop

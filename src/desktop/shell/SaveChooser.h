@@ -1,0 +1,45 @@
+#pragma once
+
+#include "FileDialogs.h"
+#include "FolderPane.h"
+#include "ShellDialog.h"
+
+#include <string>
+#include <vector>
+
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+
+namespace desktop {
+
+/// The modal question for a file to write to: a folder, and a name in it. The window stays until the answer
+/// can be written to, or Cancel. What is chosen is made of the folder's exact bytes and the name as typed.
+class SaveChooser final : public ShellDialog
+{
+public:
+    /// `request` must outlive the window.
+    explicit SaveChooser(const platform::OPENFILENAME& request);
+
+    /// Shows the window; returns the full path chosen, or an empty text.
+    std::string Choose();
+
+    void accept() override;
+
+private:
+    bool GoInto(const std::string& sPath);
+    void ListFiles();
+    void Say(const QString& sFault);
+
+    const platform::OPENFILENAME& m_request;
+    std::vector<std::string> m_patterns; ///< one for each kind offered
+    FolderPane* m_pPane;
+    QListWidget* m_pFiles;
+    QLineEdit* m_pName;
+    QComboBox* m_pKind;
+    QLabel* m_pFault;
+    std::string m_sChosen;
+};
+
+} // namespace desktop

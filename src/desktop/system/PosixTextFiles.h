@@ -1,0 +1,29 @@
+#pragma once
+
+#include "TextFiles.h"
+
+#include <map>
+
+namespace desktop {
+
+/// Text files by the system's own calls. Lines are held back and written in large pieces; once a piece could
+/// not be written, the file takes no further line, so that it has no hole.
+class PosixTextFiles final : public platform::TextFiles
+{
+public:
+    platform::FileHandle OpenForOutput(const std::string& sPath) override;
+    bool PrintLine(platform::FileHandle hFile, std::string_view sLine) override;
+    bool CloseOutput(platform::FileHandle hFile) override;
+
+private:
+    struct tOutput {
+        std::string sHeldBack;
+        bool bFailed = false;
+    };
+
+    static void WriteOut(platform::FileHandle hFile, tOutput& output);
+
+    std::map<platform::FileHandle, tOutput> m_outputs;
+};
+
+} // namespace desktop

@@ -1,0 +1,51 @@
+#include "Launching.h"
+#include "Texts.h"
+#include "Utf8.h"
+
+#include <array>
+#include <climits>
+#include <cstring>
+
+namespace platform {
+namespace {
+
+/// The system's text for an error code; empty for a code that it does not know.
+std::string SystemText(long nCode)
+{
+    // The shell's own code: the system's text for that number speaks of links.
+    if (nCode == SE_ERR_NOASSOC) {
+        return "No application is registered for files of this kind.";
+    }
+    // The one function knows which codes there are, the other one the user's language.
+    if (nCode < 0 || nCode > INT_MAX || strerrordesc_np(static_cast<int>(nCode)) == nullptr) {
+        return {};
+    }
+    std::array<char, 256> text{};
+    return strerror_r(static_cast<int>(nCode), text.data(), text.size());
+}
+
+/// The first characters of `sText` that go into `nBytes` bytes.
+std::string_view Cut(std::string_view sText, std::size_t nBytes)
+{
+    std::size_t nEnd = 0;
+    while (nEnd < sText.size() && nEnd + CharLength(sText.substr(nEnd)) <= nBytes) {
+        nEnd += CharLength(sText.substr(nEnd));
+    }
+    return sText.substr(0, nEnd);
+}
+
+} // namespace
+
+void FormatMessageA(unsigned dwFlags, long dwMessageId, unsigned /*dwLanguageId*/, std::string& sBuffer)
+{
+    const std::string sText =
+        (dwFlags & FORMAT_MESSAGE_FROM_SYSTEM) != 0 ? SystemText(dwMessageId) : std::string();
+    if (sText.empty() || sBuffer.empty()) {
+        return;
+    }
+    const std::string_view sPart = Cut(sText, sBuffer.size() - 1);
+    sBuffer.replace(0, sPart.size(), sPart);
+    sBuffer[sPart.size()] = '\0';
+}
+
+} // namespace platform
