@@ -13,7 +13,7 @@ struct tEnding {
     [[nodiscard]] bool IsDone() const { return kind == Kind::Done; }
 
     Kind kind = Kind::Done;
-    std::string sReason; ///< for NotDone: a sentence without the path
+    std::string sReason; ///< what the user is to be told, in sentences without the path; always for NotDone
 };
 
 /// Told how many bytes of the file in hand are done. False: the user has cancelled.

@@ -5,7 +5,6 @@
 #include "Metadata.h"
 #include "Reasons.h"
 #include "Retried.h"
-#include "TemporaryFile.h"
 #include "TrashCan.h"
 
 #include <fcntl.h>
@@ -159,34 +158,42 @@ tEnding FileTransfer::Copy(const tJob& job)
     if (made.Error() != 0) {
         return tEnding::NotDone(Reason(made.Error(), Step::Write));
     }
-    ending = FileCopier(source.Get(), made.Get(), before.status.st_size, job.goOn).Copy();
+    ending = Fill(job, source.Get(), before.status, made);
+    // 4. Its name.
+    if (ending.IsDone()) {
+        ending = Place({made.Name(), nullptr}, job.target, job.file.sTarget, job.replaced).ending;
+    }
+    if (!ending.IsDone()) {
+        ending.sReason += made.Remove() ? "" : " An unfinished copy is left at the destination, hidden.";
+        return ending;
+    }
+    made.Keep();
+    return m_bMove ? RemoveSource(job, source.Get()) : tEnding();
+}
+
+/// Brings all that `hSource` is into the temporary file and that onto the disk.
+tEnding FileTransfer::Fill(const tJob& job, int hSource, const Status& status, const TemporaryFile& made)
+{
+    // 1. What is in it.
+    tEnding ending = FileCopier(hSource, made.Get(), status.st_size, job.goOn).Copy();
     if (!ending.IsDone()) {
         return ending;
     }
-    nError = KeepMetadata(source.Get(), made.Get(), before.status);
-    // 4. On the disk, before it gets its name.
+    // 2. What is known of it.
+    int nError = KeepMetadata(hSource, made.Get(), status);
+    // 3. On the disk, before it gets its name.
     if (nError == 0 && Retried([&] { return fsync(made.Get()); }) != 0) {
         nError = errno;
     }
     if (nError != 0) {
         return tEnding::NotDone(Reason(nError, Step::Write));
     }
-    // 5. Whole, and of a file that nobody wrote to meanwhile.
+    // 4. Whole, and of a file that nobody wrote to meanwhile.
     const tLook copy = LookAt(made.Get());
-    if (copy.nError != 0 || copy.status.st_size != before.status.st_size) {
+    if (copy.nError != 0 || copy.status.st_size != status.st_size) {
         return tEnding::NotDone("The copy did not come out whole.");
     }
-    ending = IsStill(LookAt(source.Get()), job.file.identity);
-    if (!ending.IsDone()) {
-        return ending;
-    }
-    // 6. Its name.
-    ending = Place({made.Name(), nullptr}, job.target, job.file.sTarget, job.replaced).ending;
-    if (!ending.IsDone()) {
-        return ending;
-    }
-    made.Keep();
-    return m_bMove ? RemoveSource(job, source.Get()) : tEnding();
+    return IsStill(LookAt(hSource), job.file.identity);
 }
 
 /// The end of a move from one volume to another. `hSource` is the file that was copied.

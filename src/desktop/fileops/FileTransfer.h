@@ -4,6 +4,7 @@
 #include "Renaming.h"
 #include "ReplaceQuestions.h"
 #include "TargetFolder.h"
+#include "TemporaryFile.h"
 
 #include <optional>
 
@@ -34,6 +35,7 @@ private:
 
     tEnding Settle(tJob& job);
     tEnding Copy(const tJob& job);
+    static tEnding Fill(const tJob& job, int hSource, const Status& status, const TemporaryFile& made);
     tEnding RemoveSource(const tJob& job, int hSource) const;
 
     TargetFolder m_folder;

@@ -49,12 +49,12 @@ void ShellFileOperations::CarryOut(tOperationPlan& plan)
                          ? TrashCan::Put(file.sPath, file.identity, trashed)
                          : transfer.Carry(file, goOn);
         }
+        if (!ending.sReason.empty()) {
+            outcome.notDone.push_back({file.sPath, std::move(ending.sReason)});
+        }
         if (ending.kind == tEnding::Kind::Cancelled) {
             outcome.bCancelled = true;
             break;
-        }
-        if (ending.kind == tEnding::Kind::NotDone) {
-            outcome.notDone.push_back({file.sPath, std::move(ending.sReason)});
         }
         if (ending.IsDone()) {
             ++outcome.nFilesDone;

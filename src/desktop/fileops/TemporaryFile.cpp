@@ -42,9 +42,15 @@ TemporaryFile::TemporaryFile(const TargetFolder& folder) : m_folder(folder), m_s
 
 TemporaryFile::~TemporaryFile()
 {
-    if (!m_sName.empty()) {
-        Retried([&] { return unlinkat(m_folder.Get(), m_sName.c_str(), 0); });
-    }
+    Remove();
+}
+
+bool TemporaryFile::Remove()
+{
+    const bool bGone =
+        m_sName.empty() || Retried([&] { return unlinkat(m_folder.Get(), m_sName.c_str(), 0); }) == 0;
+    m_sName.clear();
+    return bGone;
 }
 
 } // namespace desktop

@@ -8,7 +8,7 @@
 namespace desktop {
 
 /// A file in the making: under a hidden name that nobody can guess, for its owner alone. Unless it has got
-/// its final name, it goes with its object.
+/// its final name, it goes with its object at the latest.
 class TemporaryFile
 {
 public:
@@ -27,6 +27,9 @@ public:
 
     /// It has got its final name: there is nothing to remove any more.
     void Keep() { m_sName.clear(); }
+
+    /// Removes it. False if it is still there under its hidden name.
+    bool Remove();
 
 private:
     const TargetFolder& m_folder;
