@@ -110,7 +110,7 @@ TEST_F(Mounts, AVolumeHasATrashOfItsOwnUntilItIsFull)
         paths.push_back(sVolume + '/' + std::to_string(n));
         std::ofstream(paths.back()) << n;
     }
-    Shell("head -c 10M /dev/zero >'" + sVolume + "/filler'");
+    Shell("dd if=/dev/zero bs=4k of='" + sVolume + "/filler'");
     const auto reasons = Run(FO_DELETE, paths);
     EXPECT_GT(reasons.size(), 0U);
     const Bin bin = support::Restorable(sTrash);
