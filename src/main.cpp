@@ -8,6 +8,7 @@
 #include "PosixVolumes.h"
 #include "QtShell.h"
 #include "SessionBus.h"
+#include "ShellFileOperations.h"
 #include "System.h"
 #include "UserInterface.h"
 #include "frmMain.h"
@@ -21,9 +22,11 @@ int main(int argc, char* argv[])
     desktop::PosixTextFiles textFiles;
     desktop::PosixVolumes volumes;
     desktop::QtShell shell;
+    desktop::ShellFileOperations shellFiles(userInterface.Operations());
     platform::tSystem system;
     system.files = &files;
     system.shell = &shell;
+    system.shellFiles = &shellFiles;
     system.volumes = &volumes;
     system.textFiles = &textFiles;
     userInterface.EnterInto(system);

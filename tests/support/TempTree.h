@@ -13,9 +13,9 @@ namespace support {
 class TempTree
 {
 public:
-    TempTree()
+    explicit TempTree(const std::filesystem::path& where = std::filesystem::temp_directory_path())
     {
-        std::string sPattern = (std::filesystem::temp_directory_path() / "tallyfen-test-XXXXXX").string();
+        std::string sPattern = (where / "tallyfen-test-XXXXXX").string();
         EXPECT_NE(mkdtemp(sPattern.data()), nullptr);
         sRoot = std::filesystem::canonical(sPattern).string();
     }

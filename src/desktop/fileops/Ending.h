@@ -1,0 +1,22 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace desktop {
+
+/// How the work on one file, or a step of it, ended.
+struct tEnding {
+    enum class Kind { Done, Skipped, Cancelled, NotDone };
+
+    static tEnding NotDone(std::string sReason) { return {Kind::NotDone, std::move(sReason)}; }
+    [[nodiscard]] bool IsDone() const { return kind == Kind::Done; }
+
+    Kind kind = Kind::Done;
+    std::string sReason; ///< what the user is to be told, in sentences without the path; always for NotDone
+};
+
+/// Told how many bytes of the file in hand are done. False: the user has cancelled.
+using ProgressCall = std::function<bool(std::int64_t)>;
+
+} // namespace desktop

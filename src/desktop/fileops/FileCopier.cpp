@@ -1,0 +1,114 @@
+#include "FileCopier.h"
+
+#include "Reasons.h"
+#include "Retried.h"
+
+#include <algorithm>
+#include <fcntl.h>
+#include <linux/fs.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+namespace desktop {
+namespace {
+
+constexpr std::size_t kChunk = 4 << 20;
+constexpr std::size_t kBuffer = 256 << 10;
+
+/// The next stretch of a file that is not a hole.
+struct tRange {
+    std::int64_t nStart;
+    std::int64_t nEnd;
+};
+
+tRange NextData(int h, std::int64_t nOffset, std::int64_t cySize)
+{
+    const off_t nData = lseek(h, nOffset, SEEK_DATA);
+    if (nData < 0) {
+        // Nothing but a hole is left, or the file system cannot tell.
+        return {errno == ENXIO ? cySize : nOffset, cySize};
+    }
+    const off_t nHole = lseek(h, nData, SEEK_HOLE);
+    return {std::min(nData, cySize), nHole <= nData ? cySize : std::min(nHole, cySize)};
+}
+
+} // namespace
+
+tEnding FileCopier::Copy()
+{
+    // 1. Blocks shared with the original cost neither time nor space.
+    if (Retried([&] { return ioctl(m_hTo, FICLONE, m_hFrom); }) == 0) {
+        return {};
+    }
+    // 2. Data, stretch by stretch.
+    for (std::int64_t n = 0; n < m_cySize;) {
+        const tRange range = NextData(m_hFrom, n, m_cySize);
+        tEnding ending = CopyRange(range.nStart, range.nEnd);
+        if (!ending.IsDone()) {
+            return ending;
+        }
+        n = range.nEnd;
+    }
+    // 3. The hole at the end.
+    if (Retried([&] { return ftruncate(m_hTo, m_cySize); }) != 0) {
+        return tEnding::NotDone(Reason(errno, Step::Write));
+    }
+    return {};
+}
+
+tEnding FileCopier::CopyRange(std::int64_t nStart, std::int64_t nEnd)
+{
+    while (nStart < nEnd) {
+        const auto nBytes = static_cast<std::size_t>(std::min<std::int64_t>(nEnd - nStart, kChunk));
+        std::int64_t nCopied = m_bInKernel ? CopyInKernel(nStart, nBytes) : 0;
+        if (nCopied <= 0) {
+            // Whatever the kernel had against it: reading and writing either goes or says why not.
+            m_bInKernel = false;
+            tEnding ending;
+            nCopied = CopyByHand(nStart, nBytes, ending);
+            if (!ending.IsDone()) {
+                return ending;
+            }
+        }
+        // The disk begins at once, so that the sync at the end does not take long. Only a hint: it may fail.
+        sync_file_range(m_hTo, nStart, nCopied, SYNC_FILE_RANGE_WRITE);
+        nStart += nCopied;
+        if (!m_goOn(nStart)) {
+            return {tEnding::Kind::Cancelled, {}};
+        }
+    }
+    return {};
+}
+
+std::int64_t FileCopier::CopyInKernel(std::int64_t nOffset, std::size_t nBytes)
+{
+    off_t nFrom = nOffset;
+    off_t nTo = nOffset;
+    return Retried([&] { return copy_file_range(m_hFrom, &nFrom, m_hTo, &nTo, nBytes, 0); });
+}
+
+std::int64_t FileCopier::CopyByHand(std::int64_t nOffset, std::size_t nBytes, tEnding& ending)
+{
+    if (!m_buffer) {
+        m_buffer = std::make_unique_for_overwrite<char[]>(kBuffer);
+    }
+    const ssize_t nRead =
+        Retried([&] { return pread(m_hFrom, m_buffer.get(), std::min(nBytes, kBuffer), nOffset); });
+    if (nRead <= 0) {
+        ending = tEnding::NotDone(nRead < 0 ? Reason(errno, Step::Read) : "It has become shorter meanwhile.");
+        return 0;
+    }
+    for (ssize_t n = 0; n < nRead;) {
+        const ssize_t nWritten = Retried([&] {
+            return pwrite(m_hTo, m_buffer.get() + n, static_cast<std::size_t>(nRead - n), nOffset + n);
+        });
+        if (nWritten <= 0) {
+            ending = tEnding::NotDone(Reason(nWritten < 0 ? errno : ENOSPC, Step::Write));
+            return 0;
+        }
+        n += nWritten;
+    }
+    return nRead;
+}
+
+} // namespace desktop

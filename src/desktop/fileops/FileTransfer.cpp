@@ -1,0 +1,223 @@
+#include "FileTransfer.h"
+
+#include "FileCopier.h"
+#include "FileSystem.h"
+#include "Metadata.h"
+#include "Reasons.h"
+#include "Retried.h"
+#include "TrashCan.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace desktop {
+namespace {
+
+bool MayRemoveFrom(int hFolder)
+{
+    return faccessat(hFolder, ".", W_OK | X_OK, AT_EACCESS) == 0;
+}
+
+/// What came of giving a file its new name.
+struct tPlacing {
+    tEnding ending;
+    bool bOtherVolume = false; ///< not done, nothing touched: the name is on another volume
+};
+
+/// What is given a name.
+struct tOrigin {
+    tName name;
+    const tFileIdentity* pExpected; ///< the file that it must still be; none for one of our own making
+};
+
+/// Renames. 0, or the system's error number, or `ending` says why not.
+int RenameIfStill(const tOrigin& from, const tName& to, tEnding& ending)
+{
+    if (from.pExpected != nullptr) {
+        ending = IsStill(LookAt(from.name.hFolder, from.name.sName), *from.pExpected);
+        if (!ending.IsDone()) {
+            return 0;
+        }
+    }
+    const int nError = RenameWithoutReplacing(from.name, to);
+    if (nError != 0) {
+        // Which of the two folders is it that the user may not change?
+        const bool bRemove = nError == EPERM || (nError == EACCES && !MayRemoveFrom(from.name.hFolder));
+        ending = tEnding::NotDone(Reason(nError, bRemove ? Step::Remove : Step::Write));
+    }
+    return nError;
+}
+
+/// Gives `from` the name `to`, the file `replaced` of path `sTarget` going to the trash.
+tPlacing Place(const tOrigin& from, const tName& to, const std::string& sTarget,
+               const std::optional<tFileIdentity>& replaced)
+{
+    // 1. Without replacing: this also tells, before anything is touched, whether it can be done at all.
+    tEnding ending;
+    const int nError = RenameIfStill(from, to, ending);
+    if (nError != EEXIST || !replaced) {
+        return {ending, nError == EXDEV};
+    }
+    // 2. The old file makes room.
+    tTrashed trashed;
+    ending = TrashCan::Put(sTarget, *replaced, trashed);
+    if (!ending.IsDone()) {
+        return {
+            tEnding::NotDone("The file that is there cannot be put into the trash first. " + ending.sReason)};
+    }
+    // 3. Again. If that fails, the old file comes back.
+    const int nAgain = RenameIfStill(from, to, ending);
+    const bool bUntouched = !ending.IsDone() && TrashCan::PutBack(trashed);
+    if (!ending.IsDone() && !bUntouched) {
+        ending.sReason += " The file that was there is in the trash.";
+    }
+    return {ending, nAgain == EXDEV && bUntouched};
+}
+
+} // namespace
+
+tEnding FileTransfer::Carry(const tPlannedFile& file, const ProgressCall& goOn)
+{
+    const std::size_t nName = file.sTarget.rfind(platform::kSeparator) + 1;
+    tEnding ending = m_folder.Open(file.sTarget.substr(0, nName));
+    if (!ending.IsDone()) {
+        return ending;
+    }
+    tJob job{file, goOn, FolderEntry(file.sPath), {m_folder.Get(), file.sTarget.substr(nName)}, {}};
+    ending = Settle(job);
+    if (!ending.IsDone()) {
+        return ending;
+    }
+    if (m_bMove) {
+        tPlacing placing = Place({{job.source.Folder(), job.source.Name()}, &file.identity}, job.target,
+                                 file.sTarget, job.replaced);
+        if (!placing.bOtherVolume) {
+            return std::move(placing.ending);
+        }
+    }
+    return Copy(job);
+}
+
+/// Settles whether the file is to go there at all: what stands there is itself, or no file, or is to stay.
+tEnding FileTransfer::Settle(tJob& job)
+{
+    const tLook source = job.source.Look();
+    tEnding ending = IsStill(source, job.file.identity);
+    if (!ending.IsDone()) {
+        return ending;
+    }
+    const tLook target = LookAt(job.target.hFolder, job.target.sName);
+    if (target.nError == ENOENT) {
+        return {};
+    }
+    if (target.nError != 0) {
+        return tEnding::NotDone(Reason(target.nError, Step::Write));
+    }
+    if (source.IsSameFileAs(target)) {
+        const bool bSameEntry = job.source.Name() == job.target.sName &&
+                                LookAt(job.source.Folder()).IsSameFileAs(LookAt(job.target.hFolder));
+        return tEnding::NotDone(bSameEntry ? "It is in that folder already."
+                                           : "It is in that folder already, as one file with two names.");
+    }
+    if (!S_ISREG(target.status.st_mode)) {
+        return tEnding::NotDone(S_ISDIR(target.status.st_mode)
+                                    ? "There is a folder of its name at the destination."
+                                    : "There is something of its name at the destination that is no file.");
+    }
+    switch (m_questions.Ask(job.file.sPath, source, job.file.sTarget, target)) {
+    case tReplaceAnswer::Choice::Replace:
+        job.replaced = target.Identity();
+        return {};
+    case tReplaceAnswer::Choice::Cancel:
+        return {tEnding::Kind::Cancelled, {}};
+    case tReplaceAnswer::Choice::Skip:
+        break;
+    }
+    return {tEnding::Kind::Skipped, {}};
+}
+
+tEnding FileTransfer::Copy(const tJob& job)
+{
+    // 1. A move that could not be finished is not begun.
+    if (m_bMove && !MayRemoveFrom(job.source.Folder())) {
+        return tEnding::NotDone(Reason(errno, Step::Remove));
+    }
+    // 2. The file that was meant, whatever its name leads to by now.
+    int nError = 0;
+    const Descriptor source = job.source.Open(O_RDONLY | O_NONBLOCK, nError);
+    if (nError != 0) {
+        return tEnding::NotDone(Reason(nError, Step::Read));
+    }
+    const tLook before = LookAt(source.Get());
+    tEnding ending = IsStill(before, job.file.identity);
+    if (!ending.IsDone()) {
+        return ending;
+    }
+    // 3. Everything of it, under a temporary name.
+    TemporaryFile made(m_folder);
+    if (made.Error() != 0) {
+        return tEnding::NotDone(Reason(made.Error(), Step::Write));
+    }
+    ending = Fill(job, source.Get(), before.status, made);
+    // 4. Its name.
+    if (ending.IsDone()) {
+        ending = Place({made.Name(), nullptr}, job.target, job.file.sTarget, job.replaced).ending;
+    }
+    if (!ending.IsDone()) {
+        ending.sReason += made.Remove() ? "" : " An unfinished copy is left at the destination, hidden.";
+        return ending;
+    }
+    made.Keep();
+    return m_bMove ? RemoveSource(job, source.Get()) : tEnding();
+}
+
+/// Brings all that `hSource` is into the temporary file and that onto the disk.
+tEnding FileTransfer::Fill(const tJob& job, int hSource, const Status& status, const TemporaryFile& made)
+{
+    // 1. What is in it.
+    tEnding ending = FileCopier(hSource, made.Get(), status.st_size, job.goOn).Copy();
+    if (!ending.IsDone()) {
+        return ending;
+    }
+    // 2. What is known of it.
+    int nError = KeepMetadata(hSource, made.Get(), status);
+    // 3. On the disk, before it gets its name.
+    if (nError == 0 && Retried([&] { return fsync(made.Get()); }) != 0) {
+        nError = errno;
+    }
+    if (nError != 0) {
+        return tEnding::NotDone(Reason(nError, Step::Write));
+    }
+    // 4. Whole, and of a file that nobody wrote to meanwhile.
+    const tLook copy = LookAt(made.Get());
+    if (copy.nError != 0 || copy.status.st_size != status.st_size) {
+        return tEnding::NotDone("The copy did not come out whole.");
+    }
+    return IsStill(LookAt(hSource), job.file.identity);
+}
+
+/// The end of a move from one volume to another. `hSource` is the file that was copied.
+tEnding FileTransfer::RemoveSource(const tJob& job, int hSource) const
+{
+    // 1. The new name is on the disk before the old one goes.
+    int nError = m_folder.Sync();
+    if (nError != 0) {
+        return tEnding::NotDone("It was copied but not removed. " + Reason(nError, Step::Write));
+    }
+    // 2. Still the file that was copied.
+    tEnding ending = IsStill(LookAt(hSource), job.file.identity);
+    if (ending.IsDone()) {
+        ending = IsStill(job.source.Look(), job.file.identity);
+    }
+    if (!ending.IsDone()) {
+        return tEnding::NotDone("It was copied but not removed. " + ending.sReason);
+    }
+    // 3. It goes.
+    if (Retried([&] { return unlinkat(job.source.Folder(), job.source.Name().c_str(), 0); }) != 0) {
+        nError = errno;
+        return tEnding::NotDone("It was copied but not removed. " + Reason(nError, Step::Remove));
+    }
+    return {};
+}
+
+} // namespace desktop

@@ -1,0 +1,65 @@
+#include "TargetFolder.h"
+
+#include "FileSystem.h"
+#include "Reasons.h"
+#include "Retried.h"
+
+#include <cstdlib>
+#include <fcntl.h>
+#include <glib.h>
+#include <memory>
+#include <unistd.h>
+
+namespace desktop {
+namespace {
+
+/// Its path with all links resolved; empty if it has none.
+std::string Canonical(const char* pPath)
+{
+    const std::unique_ptr<char, decltype(&std::free)> pCanonical(realpath(pPath, nullptr), &std::free);
+    return pCanonical ? pCanonical.get() : "";
+}
+
+/// What is brought into a trash directly has no note there, and is lost when the trash is emptied.
+bool IsInTrash(const std::string& sPath)
+{
+    const std::string sFolder = Canonical(sPath.c_str()) + platform::kSeparator;
+    const std::string sHome = Canonical(g_get_user_data_dir());
+    const std::string sUser = std::to_string(geteuid());
+    return (!sHome.empty() && sFolder.starts_with(sHome + "/Trash/")) ||
+           sFolder.find("/.Trash-" + sUser + "/") != std::string::npos ||
+           sFolder.find("/.Trash/" + sUser + "/") != std::string::npos;
+}
+
+} // namespace
+
+tEnding TargetFolder::Open(const std::string& sPath)
+{
+    if (m_folder.IsOpen() && m_sPath == sPath) {
+        return {};
+    }
+    m_folder = Descriptor(Retried([&] { return open(sPath.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC); }));
+    m_sPath = sPath;
+    if (!m_folder.IsOpen()) {
+        return tEnding::NotDone(Reason(errno, Step::Write));
+    }
+    if (IsInTrash(sPath)) {
+        m_folder = Descriptor();
+        return tEnding::NotDone("The destination is inside the trash.");
+    }
+    return {};
+}
+
+int TargetFolder::Sync() const
+{
+    const Descriptor folder(
+        Retried([&] { return openat(m_folder.Get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
+    if (!folder.IsOpen()) {
+        return errno;
+    }
+    // Some file systems have no such thing for folders and say so.
+    const bool bSynced = Retried([&] { return fsync(folder.Get()); }) == 0 || errno == EINVAL;
+    return bSynced ? 0 : errno;
+}
+
+} // namespace desktop

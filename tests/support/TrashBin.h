@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <glib.h>
+#include <map>
+#include <set>
+#include <sstream>
+#include <string>
+
+namespace support {
+
+/// All of a file; empty also if there is none.
+inline std::string Content(const std::string& sPath)
+{
+    std::ostringstream content;
+    content << std::ifstream(sPath, std::ios::binary).rdbuf();
+    return content.str();
+}
+
+/// The files directly in a folder and what is in them; none if there is no folder.
+inline std::map<std::string, std::string> Contents(const std::string& sFolder)
+{
+    std::map<std::string, std::string> contents;
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator(sFolder, error)) {
+        if (entry.is_regular_file()) {
+            contents[entry.path().filename().string()] = Content(entry.path().string());
+        }
+    }
+    return contents;
+}
+
+/// What can be restored from the trash `sTrash`: pairs of the path noted and the content.
+inline std::multiset<std::pair<std::string, std::string>> Restorable(const std::string& sTrash)
+{
+    std::multiset<std::pair<std::string, std::string>> restorable;
+    const auto files = Contents(sTrash + "/files");
+    for (const auto& [sInfo, sNote] : Contents(sTrash + "/info")) {
+        const auto file = files.find(sInfo.substr(0, sInfo.rfind('.')));
+        const std::string sStart = "[Trash Info]\nPath=";
+        if (file != files.end() && sNote.starts_with(sStart) &&
+            sNote.find("\nDeletionDate=2") != std::string::npos) {
+            const std::string sEscaped =
+                sNote.substr(sStart.size(), sNote.find('\n', sStart.size()) - sStart.size());
+            char* pPath = g_uri_unescape_string(sEscaped.c_str(), nullptr);
+            restorable.emplace(pPath != nullptr ? pPath : "", file->second);
+            g_free(pPath);
+        }
+    }
+    return restorable;
+}
+
+/// The home of this test program, on the volume of which files go to the home trash.
+inline std::string Home()
+{
+    return std::getenv("HOME");
+}
+
+/// The home trash of this test program.
+inline std::string HomeTrash()
+{
+    return std::string(std::getenv("XDG_DATA_HOME")) + "/Trash";
+}
+
+} // namespace support
