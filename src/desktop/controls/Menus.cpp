@@ -65,11 +65,12 @@ QAction* Menus::Add(platform::MenuItem& item, QWidget& parent)
         m_items.push_back(std::make_unique<Item>(item, *pMenu->menuAction()));
         return pMenu->menuAction();
     }
-    auto* const pAction = new QAction(ShownText(item.sCaption), &parent);
     if (item.sCaption == "-") {
-        pAction->setSeparator(true);
-        return pAction;
+        auto* const pLine = new QAction(&parent); // without a text: some styles would show it
+        pLine->setSeparator(true);
+        return pLine;
     }
+    auto* const pAction = new QAction(ShownText(item.sCaption), &parent);
     pAction->setShortcut(QKeySequence(QString::fromStdString(item.sShortcut)));
     m_items.push_back(std::make_unique<Item>(item, *pAction));
     Item* const pShown = m_items.back().get();
