@@ -1,0 +1,260 @@
+// Long and hard use: soak [SECONDS [SEED]] makes random visits to the program's own forms, off screen where
+// there is no display, on random trees of files in a temporary folder, and checks after each step that the
+// search found what it had to, that no file was lost and none came out other than it was. Says how much
+// memory is in use on the way. Ends with 1 at the first departure.
+
+#include "FormMembers.h"
+#include "MainForm.h"
+#include "PosixFiles.h"
+#include "PosixTextFiles.h"
+#include "PosixVolumes.h"
+#include "RandomUser.h"
+#include "ShellFileOperations.h"
+#include "System.h"
+#include "UserInterface.h"
+#include "WidgetOf.h"
+#include "cGroupRows.h"
+#include "frmMain.h"
+#include "frmProgress.h"
+
+#include <QTimer>
+#include <QWidget>
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+
+namespace soak {
+namespace {
+
+std::size_t ResidentKilobytes()
+{
+    std::ifstream status("/proc/self/statm");
+    std::size_t nTotal = 0;
+    std::size_t nResident = 0;
+    status >> nTotal >> nResident;
+    return nResident * 4;
+}
+
+/// One visit after the other, each to a program that has been used before.
+class Visits
+{
+public:
+    Visits(World& world, RandomUser& user) : m_world(world), m_user(user) {}
+
+    /// False at the first departure, which has been printed.
+    bool RunOne()
+    {
+        m_world.Renew();
+        m_main.mnuSearchNew.Click();
+        const std::size_t nTimes = 1 + m_world.Random(3);
+        for (std::size_t n = 0; n < nTimes && m_bFine; ++n) {
+            Resize();
+            Search();
+            Act();
+        }
+        if (m_world.Random(3) == 0) {
+            m_main.mnuSearchClearResults.Click();
+            m_main.mnuSearchClearFolders.Click();
+        }
+        return m_bFine;
+    }
+
+    std::size_t nSearches = 0;
+    std::size_t nCancelled = 0;
+    std::size_t nOperations = 0;
+
+private:
+    void Expect(bool bHolds, const char* pFact)
+    {
+        if (!bHolds) {
+            std::printf("departure: %s\n", pFact);
+            m_bFine = false;
+        }
+    }
+
+    void Resize()
+    {
+        QWidget* const pWindow = desktop::WidgetOf(&m_main.form)->window();
+        pWindow->resize(static_cast<int>(200 + m_world.Random(1200)),
+                        static_cast<int>(100 + m_world.Random(900)));
+    }
+
+    void Search()
+    {
+        // 1. The options at random. A click can turn one off again, so what counts is what is checked then.
+        platform::MenuItem* const kModes[] = {&m_main.mnuOptionsSearchContent, &m_main.mnuOptionsSearchName,
+                                              &m_main.mnuOptionsSearchNameSize};
+        kModes[m_world.Random(std::size(kModes))]->Click();
+        const Mode mode = m_main.mnuOptionsSearchContent.Checked()    ? Mode::Content
+                          : m_main.mnuOptionsSearchNameSize.Checked() ? Mode::NameAndSize
+                                                                      : Mode::Name;
+        if (m_world.Random(2) == 0) {
+            m_main.mnuOptionsHidden.Click();
+        }
+        const bool bHidden = m_main.mnuOptionsHidden.Checked();
+        // 2. One in four is cancelled on the way, if it takes that long.
+        bool bCancelled = false;
+        QTimer cancel;
+        cancel.setSingleShot(true);
+        QObject::connect(&cancel, &QTimer::timeout, [&bCancelled] {
+            bCancelled = true;
+            dialogs::theProgressForm().cmdCancel.Click();
+        });
+        if (m_world.Random(4) == 0) {
+            cancel.start(static_cast<int>(m_world.Random(30)));
+        }
+        m_main.mnuSearchFind.Click();
+        cancel.stop();
+        // 3. What it must have found.
+        ++nSearches;
+        nCancelled += bCancelled ? 1 : 0;
+        const Groups found = Listed();
+        Expect(m_main.form.Enabled(), "the window takes no input after a search");
+        if (!bCancelled) {
+            Expect(found == m_world.Duplicates(mode, bHidden), "the groups are not those of the files");
+        }
+    }
+
+    /// The groups as the rows' marks tell them.
+    Groups Listed()
+    {
+        Groups groups;
+        std::set<std::string> group;
+        auto& rows = m_main.lvFiles.ListItems;
+        for (std::size_t n = 1; n <= rows.Count(); ++n) {
+            const int nMark = rows(n).SmallIcon();
+            Expect((nMark == search::kMarkFirst) == group.empty(), "a group begins inside another one");
+            group.insert(rows(n).Key());
+            if (nMark == search::kMarkLast) {
+                groups.insert(std::exchange(group, {}));
+            }
+        }
+        Expect(group.empty(), "the last group has no end");
+        return groups;
+    }
+
+    void Act()
+    {
+        for (std::size_t n = 0; n < m_world.Random(5) && m_bFine; ++n) {
+            const auto before = m_world.Contents();
+            // 1. Some rows.
+            const auto& rules = m_main.mnuSelect.items;
+            const platform::MenuItem& rule = *rules[m_world.Random(rules.size())];
+            if (rule.Click) {
+                rule.Click();
+            }
+            // 2. Something is done to their files.
+            platform::MenuItem* const kCommands[] = {&m_main.mnuFileDelete, &m_main.mnuFileMoveTo,
+                                                     &m_main.mnuFileCopyTo, &m_main.mnuSearchSaveResults};
+            platform::MenuItem* const pCommand = kCommands[m_world.Random(std::size(kCommands))];
+            m_user.nNotDone = 0;
+            pCommand->Click();
+            ++nOperations;
+            // 3. Everything is still there.
+            CheckContents(before, m_world.Contents(), pCommand == &m_main.mnuFileCopyTo);
+            CheckMarks();
+            Expect(m_main.form.Enabled(), "the window takes no input after an operation");
+        }
+    }
+
+    void CheckContents(const std::map<std::string, std::size_t>& before,
+                       const std::map<std::string, std::size_t>& after, bool bCopied)
+    {
+        for (const auto& [sContent, nFiles] : before) {
+            const auto now = after.find(sContent);
+            const std::size_t nNow = now == after.end() ? 0 : now->second;
+            Expect(bCopied ? nNow >= nFiles : nNow == nFiles, "a file has been lost, or come from nowhere");
+        }
+        Expect(after.size() == before.size(), "a file holds what none held before");
+    }
+
+    void CheckMarks()
+    {
+        auto& rows = m_main.lvFiles.ListItems;
+        for (std::size_t n = 1; n <= rows.Count(); ++n) {
+            if (rows(n).Selected() && rows(n).SmallIcon() > search::kMarkLast &&
+                !m_files.PathFound(rows(n).Key())) {
+                continue;
+            }
+            Expect(rows(n).SmallIcon() > search::kMarkLast || !rows(n).Selected() || m_user.nNotDone > 0 ||
+                       m_files.PathFound(rows(n).Key()),
+                   "a selected file has gone and is not marked");
+        }
+    }
+
+    World& m_world;
+    RandomUser& m_user;
+    mainwindow::frmMain& m_main = mainwindow::theMainForm();
+    desktop::PosixFiles m_files;
+    bool m_bFine = true;
+};
+
+int Run(int argc, char* argv[])
+{
+    const std::chrono::seconds duration(argc > 1 ? std::atoi(argv[1]) : 600);
+    const unsigned nSeed = argc > 2 ? static_cast<unsigned>(std::atoi(argv[2])) : std::random_device()();
+    std::printf("seed %u\n", nSeed);
+    World world(nSeed);
+    world.Renew();
+
+    desktop::UserInterface userInterface(argc, argv);
+    desktop::PosixFiles files;
+    desktop::PosixTextFiles textFiles;
+    desktop::PosixVolumes volumes;
+    RandomUser user(world);
+    desktop::ShellFileOperations shellFiles(user);
+    platform::tSystem system;
+    userInterface.EnterInto(system);
+    system.files = &files;
+    system.textFiles = &textFiles;
+    system.volumes = &volumes;
+    system.messages = &user;
+    system.shell = &user;
+    system.shellFiles = &shellFiles;
+    system.launcher = &user;
+    system.fileDialogs = &user;
+    platform::UseSystem(system);
+    search::UseForms(mainwindow::theMainForm(), dialogs::theProgressForm());
+    dialogs::UseMainForm(mainwindow::theMainForm());
+    mainwindow::theMainForm().form.Show();
+
+    Visits visits(world, user);
+    const auto start = std::chrono::steady_clock::now();
+    auto nextWord = start;
+    std::size_t nVisits = 0;
+    bool bFine = true;
+    // Inside the program's event loop, as a person's visits are: some things are tidied up only there.
+    QTimer next;
+    QObject::connect(&next, &QTimer::timeout, [&] {
+        bFine = visits.RunOne();
+        ++nVisits;
+        const auto now = std::chrono::steady_clock::now();
+        if (now >= nextWord) {
+            nextWord += duration / 10;
+            std::printf("%zu visits, %zu searches (%zu cancelled), %zu operations, %zu KB\n", nVisits,
+                        visits.nSearches, visits.nCancelled, visits.nOperations, ResidentKilobytes());
+            std::fflush(stdout);
+        }
+        if (!bFine || now - start >= duration) {
+            mainwindow::theMainForm().form.UnloadForm();
+        }
+    });
+    next.start(0);
+    userInterface.Run();
+    std::printf("%s after %zu visits, %zu KB\n", bFine ? "no departure" : "departed", nVisits,
+                ResidentKilobytes());
+    return bFine ? 0 : 1;
+}
+
+} // namespace
+} // namespace soak
+
+int main(int argc, char* argv[])
+{
+    if (std::getenv("DISPLAY") == nullptr && std::getenv("WAYLAND_DISPLAY") == nullptr) {
+        setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    }
+    return soak::Run(argc, argv);
+}
