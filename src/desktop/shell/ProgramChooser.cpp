@@ -66,7 +66,7 @@ QString TextOf(long nCode)
 ProgramChooser::ProgramChooser(QWidget* pOwner, const std::string& sPath, const tApplications& applications,
                                Starter start)
     : ShellDialog(pOwner, QStringLiteral("programChooser"), QStringLiteral("Choose Program")),
-      m_start(std::move(start)), m_pFilter(nullptr), m_pList(new QListWidget), m_pSaid(new QLabel)
+      m_start(std::move(start)), m_pList(new QListWidget), m_pSaid(new QLabel)
 {
     auto* const pText = new QLabel(QStringLiteral("Choose the program to open \u201c%1\u201d with.")
                                        .arg(ShownText(sPath.substr(sPath.rfind('/') + 1))));

@@ -33,7 +33,7 @@ private:
 
     std::vector<tApplication> m_applications; ///< in the order of the rows, headings aside
     Starter m_start;
-    QLineEdit* m_pFilter;
+    QLineEdit* m_pFilter = nullptr;
     QListWidget* m_pList;
     QListWidgetItem* m_pHeading = nullptr; ///< between the two kinds, where there are both
     QLabel* m_pSaid;

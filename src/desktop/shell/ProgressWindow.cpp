@@ -40,8 +40,7 @@ int Part(double dDone, double dTotal)
 
 ProgressWindow::ProgressWindow(QWidget* pOwner, const tOperation& operation)
     : ShellDialog(pOwner, QStringLiteral("operationProgress"), TitleOf(operation.operation)),
-      m_operation(operation), m_pPath(new PathLabel), m_pCount(new QLabel), m_pBar(new QProgressBar),
-      m_pCancel(nullptr)
+      m_operation(operation), m_pPath(new PathLabel), m_pCount(new QLabel), m_pBar(new QProgressBar)
 {
     m_pPath->setObjectName(QStringLiteral("path"));
     m_pCount->setObjectName(QStringLiteral("count"));

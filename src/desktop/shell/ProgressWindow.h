@@ -27,7 +27,7 @@ private:
     PathLabel* m_pPath;
     QLabel* m_pCount;
     QProgressBar* m_pBar;
-    QPushButton* m_pCancel;
+    QPushButton* m_pCancel = nullptr;
     bool m_bCancelled = false;
 };
 

@@ -114,7 +114,8 @@ PropertySheet::PropertySheet(QWidget* pOwner, const tProperties& properties)
 {
     setAttribute(Qt::WA_DeleteOnClose);
     auto* const pInside = new QWidget;
-    auto* const pLines = new QFormLayout(pInside);
+    auto* const pLines = new QFormLayout;
+    pInside->setLayout(pLines);
     for (const auto& [sWhat, sIs] : properties) {
         auto* const pValue = new QLabel(sIs);
         pValue->setObjectName(sWhat);

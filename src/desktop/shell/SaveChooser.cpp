@@ -166,9 +166,9 @@ void SaveChooser::ListFiles()
     std::sort(names.begin(), names.end());
     for (const std::string& sName : names) {
         const QString sShown = ShownText(sName);
-        auto* const pItem = new QListWidgetItem(sShown, m_pFiles);
+        m_pFiles->addItem(sShown);
         if (sShown.toStdString() != sName) {
-            pItem->setFlags(Qt::NoItemFlags);
+            m_pFiles->item(m_pFiles->count() - 1)->setFlags(Qt::NoItemFlags);
         }
     }
 }

@@ -7,7 +7,7 @@
 namespace desktop {
 namespace {
 
-constexpr std::size_t kPiece = 64U * 1024;
+constexpr std::size_t kPiece = std::size_t{64} * 1024;
 
 } // namespace
 
