@@ -65,11 +65,12 @@ QAction* Menus::Add(platform::MenuItem& item, QWidget& parent)
         m_items.push_back(std::make_unique<Item>(item, *pMenu->menuAction()));
         return pMenu->menuAction();
     }
-    auto* const pAction = new QAction(ShownText(item.sCaption), &parent);
+    auto* const pAction = new QAction(&parent);
     if (item.sCaption == "-") {
-        pAction->setSeparator(true);
+        pAction->setSeparator(true); // without a text, which would show in the line
         return pAction;
     }
+    pAction->setText(ShownText(item.sCaption));
     pAction->setShortcut(QKeySequence(QString::fromStdString(item.sShortcut)));
     m_items.push_back(std::make_unique<Item>(item, *pAction));
     Item* const pShown = m_items.back().get();
