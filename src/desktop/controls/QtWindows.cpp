@@ -13,6 +13,18 @@
 #include <QScreen>
 
 namespace desktop {
+namespace {
+
+/// To the window below one that has been closed. Window managers do this by themselves, but not everybody has
+/// one.
+void GiveBackKeyboard(QWidget* pWindow)
+{
+    if (pWindow != nullptr && pWindow->isVisible()) {
+        pWindow->activateWindow();
+    }
+}
+
+} // namespace
 
 QtWindows::~QtWindows()
 {
@@ -36,12 +48,14 @@ void QtWindows::ShowForm(platform::Form& form, bool bModal, platform::Form* pOwn
         return;
     }
     // A modal form without an owner of its own stays over the window from which it was opened.
-    QWidget* const pOver = bModal && pOwner == nullptr ? QApplication::activeWindow() : WindowOf(pOwner);
+    const QPointer<QWidget> pOver =
+        bModal && pOwner == nullptr ? QApplication::activeWindow() : WindowOf(pOwner);
     auto* const pWindow = new FormWindow(form, pOver);
     m_windows[&form] = pWindow;
     pWindow->ShowUp(bModal);
     if (bModal && WindowOf(&form) == pWindow) {
         pWindow->RunUntilDown();
+        GiveBackKeyboard(pOver);
     }
 }
 
@@ -118,13 +132,15 @@ float QtWindows::TwipsPerPixelY()
 
 void QtWindows::Show(std::string_view sText, platform::MessageIcon icon)
 {
-    QMessageBox box(QApplication::activeWindow());
+    const QPointer<QWidget> pOver = QApplication::activeWindow();
+    QMessageBox box(pOver);
     box.setIcon(icon == platform::MessageIcon::Stop ? QMessageBox::Critical : QMessageBox::Warning);
     box.setWindowTitle(QStringLiteral("Tallyfen"));
     box.setTextFormat(Qt::PlainText);
     box.setText(ShownLines(sText));
     box.setStandardButtons(QMessageBox::Ok);
     box.exec();
+    GiveBackKeyboard(pOver);
 }
 
 } // namespace desktop
