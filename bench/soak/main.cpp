@@ -6,11 +6,8 @@
 #include "FormMembers.h"
 #include "MainForm.h"
 #include "PosixFiles.h"
-#include "PosixTextFiles.h"
-#include "PosixVolumes.h"
 #include "RandomUser.h"
 #include "ShellFileOperations.h"
-#include "System.h"
 #include "UserInterface.h"
 #include "WidgetOf.h"
 #include "cGroupRows.h"
@@ -200,16 +197,9 @@ int Run(int argc, char* argv[])
     world.Renew();
 
     desktop::UserInterface userInterface(argc, argv);
-    desktop::PosixFiles files;
-    desktop::PosixTextFiles textFiles;
-    desktop::PosixVolumes volumes;
     RandomUser user(world);
     desktop::ShellFileOperations shellFiles(user);
-    platform::tSystem system;
-    userInterface.EnterInto(system);
-    system.files = &files;
-    system.textFiles = &textFiles;
-    system.volumes = &volumes;
+    platform::tSystem system = userInterface.System();
     system.messages = &user;
     system.shell = &user;
     system.shellFiles = &shellFiles;

@@ -30,14 +30,21 @@ UserInterface::UserInterface(int& argc, char* argv[])
     PutOnFace();
 }
 
-void UserInterface::EnterInto(platform::tSystem& system)
+platform::tSystem UserInterface::System()
 {
+    platform::tSystem system;
+    system.files = &m_files;
     system.events = &m_events;
     system.screen = &m_windows;
     system.messages = &m_windows;
     system.windows = &m_windows;
-    system.fileDialogs = &m_fileDialogs;
+    system.shell = &m_shell;
+    system.shellFiles = &m_shellFiles;
     system.launcher = &m_launcher;
+    system.fileDialogs = &m_fileDialogs;
+    system.textFiles = &m_textFiles;
+    system.volumes = &m_volumes;
+    return system;
 }
 
 int UserInterface::Run()

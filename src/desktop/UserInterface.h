@@ -2,9 +2,14 @@
 
 #include "GioLauncher.h"
 #include "PacedEventLoop.h"
+#include "PosixFiles.h"
+#include "PosixTextFiles.h"
+#include "PosixVolumes.h"
 #include "QtFileDialogs.h"
 #include "QtOperationDialogs.h"
+#include "QtShell.h"
 #include "QtWindows.h"
+#include "ShellFileOperations.h"
 #include "System.h"
 
 #include <QApplication>
@@ -15,19 +20,15 @@ namespace desktop {
 /// then on the program ends with its last form and not with whatever else was visible.
 void PutOnFace();
 
-/// The application object with the program's face, and those parts of the system that need it. There is one,
-/// made before any form is shown.
+/// The application object with the program's face, and the system as the program uses it. There is one, made
+/// before any form is shown.
 class UserInterface
 {
 public:
     UserInterface(int& argc, char* argv[]);
 
-    /// Puts the event loop, the screen, the message boxes, the windows, the file dialogs and the launcher
-    /// into `system`.
-    void EnterInto(platform::tSystem& system);
-
-    /// The user, for the operations on files.
-    OperationDialogs& Operations() { return m_operations; }
+    /// All parts of the system. They live as long as this object.
+    platform::tSystem System();
 
     /// Delivers the user's input until the last form has been taken down; returns the program's result.
     int Run();
@@ -39,6 +40,11 @@ private:
     QtFileDialogs m_fileDialogs;
     QtOperationDialogs m_operations;
     GioLauncher m_launcher;
+    PosixFiles m_files;
+    PosixTextFiles m_textFiles;
+    PosixVolumes m_volumes;
+    QtShell m_shell;
+    ShellFileOperations m_shellFiles{m_operations};
 };
 
 } // namespace desktop

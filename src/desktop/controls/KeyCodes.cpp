@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string_view>
 #include <utility>
 
 namespace desktop {
@@ -17,8 +18,31 @@ int ShiftMask(Qt::KeyboardModifiers modifiers)
            (modifiers.testFlag(Qt::AltModifier) ? platform::kAltHeld : 0);
 }
 
-int VirtualKey(int nKey)
+namespace {
+
+/// The Latin letter on a place of the keyboard, 0 if there is none. Places are numbered as X11 and Wayland
+/// do.
+int LetterAt(quint32 nScanCode)
 {
+    constexpr std::array<std::pair<quint32, std::string_view>, 3> kRows = {
+        {{24, "QWERTYUIOP"}, {38, "ASDFGHJKL"}, {52, "ZXCVBNM"}}};
+    for (const auto& [nFirst, sLetters] : kRows) {
+        if (nScanCode >= nFirst && nScanCode < nFirst + sLetters.size()) {
+            return sLetters[nScanCode - nFirst];
+        }
+    }
+    return 0;
+}
+
+} // namespace
+
+int VirtualKey(const QKeyEvent& event)
+{
+    constexpr int kLastLatin = 0xFF;
+    const int nKey = event.key();
+    if (nKey > kLastLatin && nKey < Qt::Key_Escape) {
+        return LetterAt(event.nativeScanCode());
+    }
     if ((nKey >= Qt::Key_A && nKey <= Qt::Key_Z) || (nKey >= Qt::Key_0 && nKey <= Qt::Key_9) ||
         nKey == Qt::Key_Space) {
         return nKey;

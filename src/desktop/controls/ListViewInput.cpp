@@ -148,7 +148,7 @@ void ListViewWidget::keyPressEvent(QKeyEvent* pEvent)
 
 void ListViewWidget::keyReleaseEvent(QKeyEvent* pEvent)
 {
-    const int nKeyCode = VirtualKey(pEvent->key());
+    const int nKeyCode = VirtualKey(*pEvent);
     if (nKeyCode != 0 && !pEvent->isAutoRepeat() && m_list.KeyUp) {
         m_list.KeyUp(nKeyCode, ShiftMaskAfter(*pEvent));
     }

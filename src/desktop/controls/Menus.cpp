@@ -65,12 +65,12 @@ QAction* Menus::Add(platform::MenuItem& item, QWidget& parent)
         m_items.push_back(std::make_unique<Item>(item, *pMenu->menuAction()));
         return pMenu->menuAction();
     }
+    auto* const pAction = new QAction(&parent);
     if (item.sCaption == "-") {
-        auto* const pLine = new QAction(&parent); // without a text: some styles would show it
-        pLine->setSeparator(true);
-        return pLine;
+        pAction->setSeparator(true); // without a text, which would show in the line
+        return pAction;
     }
-    auto* const pAction = new QAction(ShownText(item.sCaption), &parent);
+    pAction->setText(ShownText(item.sCaption));
     pAction->setShortcut(QKeySequence(QString::fromStdString(item.sShortcut)));
     m_items.push_back(std::make_unique<Item>(item, *pAction));
     Item* const pShown = m_items.back().get();

@@ -12,6 +12,18 @@
 #include <QScreen>
 
 namespace desktop {
+namespace {
+
+/// To the window below one that has been closed. Window managers do this by themselves, but not everybody has
+/// one.
+void GiveBackKeyboard(QWidget* pWindow)
+{
+    if (pWindow != nullptr && pWindow->isVisible()) {
+        pWindow->activateWindow();
+    }
+}
+
+} // namespace
 
 QtWindows::~QtWindows()
 {
@@ -35,12 +47,14 @@ void QtWindows::ShowForm(platform::Form& form, bool bModal, platform::Form* pOwn
         return;
     }
     // A modal form without an owner of its own stays over the window from which it was opened.
-    QWidget* const pOver = bModal && pOwner == nullptr ? QApplication::activeWindow() : WindowOf(pOwner);
+    const QPointer<QWidget> pOver =
+        bModal && pOwner == nullptr ? QApplication::activeWindow() : WindowOf(pOwner);
     auto* const pWindow = new FormWindow(form, pOver);
     m_windows[&form] = pWindow;
     pWindow->ShowUp(bModal);
     if (bModal && WindowOf(&form) == pWindow) {
         pWindow->RunUntilDown();
+        GiveBackKeyboard(pOver);
     }
 }
 
@@ -117,13 +131,15 @@ float QtWindows::TwipsPerPixelY()
 
 void QtWindows::Show(std::string_view sText, platform::MessageIcon icon)
 {
-    QMessageBox box(QApplication::activeWindow());
+    const QPointer<QWidget> pOver = QApplication::activeWindow();
+    QMessageBox box(pOver);
     box.setIcon(icon == platform::MessageIcon::Stop ? QMessageBox::Critical : QMessageBox::Warning);
     box.setWindowTitle(QStringLiteral("Tallyfen"));
     box.setTextFormat(Qt::PlainText);
     box.setText(QString::fromUtf8(sText.data(), static_cast<qsizetype>(sText.size())));
     box.setStandardButtons(QMessageBox::Ok);
     box.exec();
+    GiveBackKeyboard(pOver);
 }
 
 } // namespace desktop

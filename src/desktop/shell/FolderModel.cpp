@@ -1,12 +1,12 @@
 #include "FolderModel.h"
 
 #include "Escaped.h"
+#include "Pictures.h"
 #include "Subfolders.h"
 #include "Texts.h"
 
 #include <QApplication>
 #include <QPalette>
-#include <QStyle>
 #include <algorithm>
 #include <string_view>
 #include <tuple>
@@ -58,7 +58,7 @@ bool TakeFolder(std::string_view& sPath, std::string_view sFolder)
 } // namespace
 
 FolderModel::FolderModel(const std::vector<tRootFolder>& rootFolders)
-    : m_nodes(1), m_icon(QApplication::style()->standardIcon(QStyle::SP_DirIcon))
+    : m_nodes(1), m_icon(Picture("folder"))
 {
     std::vector<tNode> nodes;
     nodes.reserve(rootFolders.size());

@@ -1,0 +1,162 @@
+// A visit to the program on its real windows: tour [--dark] [--scale FACTOR] [FOLDER]. Writes a picture of
+// each scene and a text of what the lists hold into FOLDER, or into a new temporary folder that it names.
+// Says which scene was not as it has to be, and then ends with 1. Runs off the screen unless told otherwise
+// by QT_QPA_PLATFORM.
+
+#include "FormMembers.h"
+#include "MainForm.h"
+#include "Stage.h"
+#include "System.h"
+#include "UserInterface.h"
+#include "frmProgress.h"
+
+#include <QPalette>
+#include <array>
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+#include <exception>
+#include <filesystem>
+#include <iostream>
+#include <unistd.h>
+
+namespace {
+
+constexpr int kUsage = 64;
+constexpr int kHung = 3;
+constexpr unsigned kPatience = 60; // seconds for a scene
+
+struct tOptions {
+    bool bDark = false;
+    std::string sFolder;
+};
+
+bool ReadOptions(int argc, char** argv, tOptions& options)
+{
+    for (int n = 1; n < argc; ++n) {
+        const std::string_view sArgument = argv[n];
+        if (sArgument == "--dark") {
+            options.bDark = true;
+        } else if (sArgument == "--scale" && n + 1 < argc) {
+            setenv("QT_SCALE_FACTOR", argv[++n], 1);
+        } else if (!sArgument.starts_with('-') && options.sFolder.empty()) {
+            options.sFolder = sArgument;
+        } else {
+            return false;
+        }
+    }
+    return true;
+}
+
+const char* g_pScene = "";
+tour::Stage* g_pStage = nullptr;
+
+/// A screen with room for the windows at twice their size, unless another one is asked for.
+void ProvideScreen(const tour::SampleTree& tree)
+{
+    tree.File("../screen.json",
+              R"({"screens": [{"name": "tour", "x": 0, "y": 0, "width": 2560, "height": 1600,
+        "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+    if (std::getenv("QT_QPA_PLATFORM") == nullptr) {
+        setenv("QT_QPA_PLATFORM", ("offscreen:configfile=" + tree.Path("../screen.json")).c_str(), 1);
+    }
+}
+
+/// What the toolkit has to complain about is a fault, but for what it cannot do off the screen.
+void Complaint(QtMsgType type, const QMessageLogContext& /*context*/, const QString& sText)
+{
+    if (type == QtDebugMsg || type == QtInfoMsg ||
+        sText.startsWith(QLatin1String("This plugin does not support"))) {
+        return;
+    }
+    std::cerr << sText.toStdString() << '\n';
+    if (g_pStage != nullptr) {
+        g_pStage->Expect(false, "the toolkit has nothing to complain about");
+    }
+}
+
+/// A window that nobody closes would keep the tour for ever.
+void Hung(int /*nSignal*/)
+{
+    for (const char* pText : {"tour: scene \"", g_pScene, "\" does not come to its end\n"}) {
+        if (write(STDERR_FILENO, pText, std::strlen(pText)) < 0) {
+            break;
+        }
+    }
+    _exit(kHung);
+}
+
+QPalette DarkPalette()
+{
+    QPalette dark(QColor(56, 58, 62), QColor(43, 45, 48));
+    dark.setColor(QPalette::Base, QColor(30, 31, 34));
+    dark.setColor(QPalette::ToolTipBase, QColor(62, 60, 44));
+    dark.setColor(QPalette::ToolTipText, QColor(230, 230, 220));
+    dark.setColor(QPalette::Highlight, QColor(46, 100, 170));
+    dark.setColor(QPalette::HighlightedText, Qt::white);
+    return dark;
+}
+
+/// Plays all scenes; true if each was as it has to be.
+bool Play(tour::Stage& stage)
+{
+    std::vector<tour::tScene> scenes = tour::Scenes();
+    const std::vector<tour::tScene> troubles = tour::Troubles();
+    scenes.insert(std::prev(scenes.end()), troubles.begin(), troubles.end());
+    for (const tour::tScene& scene : scenes) {
+        g_pScene = scene.pName;
+        alarm(kPatience);
+        stage.Enter(scene.pName);
+        scene.play(stage);
+    }
+    return !stage.Failed();
+}
+
+int Run(int argc, char** argv, tOptions options)
+{
+    if (options.sFolder.empty()) {
+        options.sFolder = (std::filesystem::temp_directory_path() / "tallyfen-tour-XXXXXX").string();
+        if (mkdtemp(options.sFolder.data()) == nullptr) {
+            throw std::filesystem::filesystem_error("no folder for the pictures",
+                                                    std::error_code(errno, std::generic_category()));
+        }
+    }
+    std::filesystem::create_directories(options.sFolder);
+    tour::SampleTree tree;
+    ProvideScreen(tree);
+    qInstallMessageHandler(&Complaint);
+    desktop::UserInterface userInterface(argc, argv);
+    if (options.bDark) {
+        QApplication::setPalette(DarkPalette());
+    }
+    tour::Stage stage(tree, options.sFolder);
+    g_pStage = &stage;
+    platform::tSystem system = userInterface.System();
+    system.events = &stage.Events();
+    platform::UseSystem(system);
+    search::UseForms(mainwindow::theMainForm(), dialogs::theProgressForm());
+    dialogs::UseMainForm(mainwindow::theMainForm());
+    const bool bAsItHasToBe = Play(stage);
+    g_pStage = nullptr;
+    std::cout << "The pictures are in " << options.sFolder << '\n';
+    return bAsItHasToBe ? 0 : 1;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    tOptions options;
+    if (!ReadOptions(argc, argv, options)) {
+        std::cerr << "usage: tour [--dark] [--scale FACTOR] [FOLDER]\n";
+        return kUsage;
+    }
+    unsetenv("DBUS_SESSION_BUS_ADDRESS"); // the visitor's own desktop has no part in this
+    std::signal(SIGALRM, &Hung);
+    try {
+        return Run(argc, argv, options);
+    } catch (const std::exception& error) {
+        std::cerr << "tour: " << error.what() << '\n';
+        return 1;
+    }
+}

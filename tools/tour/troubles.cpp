@@ -1,0 +1,64 @@
+// The visit where something is in the way.
+
+#include "Stage.h"
+#include "WidgetOf.h"
+
+#include <QWidget>
+#include <filesystem>
+
+namespace tour {
+namespace {
+
+/// A folder that has gone and one that cannot be opened, in the middle of others.
+void LostFolders(Stage& stage)
+{
+    stage.tree.File("Music/gone.ogg", "soon");
+    stage.tree.File("Documents/Closed/letter.txt", "Dear Ms Example,");
+    auto& folders = stage.main.lvFolders.ListItems;
+    folders.Add(stage.tree.Path("Music"), stage.tree.Path("Music"), 1);
+    std::filesystem::remove_all(stage.tree.Path("Music"));
+    std::filesystem::permissions(stage.tree.Path("Documents/Closed"), std::filesystem::perms::none);
+    stage.Search();
+    std::filesystem::permissions(stage.tree.Path("Documents/Closed"), std::filesystem::perms::owner_all);
+    bool bGone = false;
+    for (std::size_t n = 1; n <= stage.main.lvFiles.ListItems.Count(); ++n) {
+        bGone = bGone || stage.main.lvFiles.ListItems(n).Text() == "gone.ogg";
+    }
+    stage.Expect(!bGone && stage.main.lvFiles.ListItems.Count() >= 12,
+                 "what is there is compared, what has gone is not");
+    stage.Show("lost-folders");
+}
+
+void NoFolders(Stage& stage)
+{
+    stage.Open(stage.main.mnuSearch);
+    stage.Choose(stage.main.mnuSearchClearFolders);
+    stage.MeetMessage([&] { stage.Tool("Search"); }, "Please add at least one folder.", "no-folders");
+    stage.Expect(stage.main.lvFiles.ListItems.Count() > 0, "the results of the search before stay");
+}
+
+/// Sizes at which the layout has no room for all of it.
+void SmallWindows(Stage& stage)
+{
+    QWidget& window = *desktop::WidgetOf(&stage.main.form);
+    const QSize usual = window.size();
+    for (const QSize& size : {QSize(320, 200), QSize(1, 1), QSize(4000, 60), QSize(60, 3000)}) {
+        window.resize(size);
+        window.grab();
+    }
+    window.resize(320, 240);
+    stage.Show("small");
+    window.resize(usual);
+    stage.Expect(desktop::WidgetOf(&stage.main.lvFiles)->width() == usual.width(),
+                 "the lists take the room again");
+    stage.Show("as-before");
+}
+
+} // namespace
+
+std::vector<tScene> Troubles()
+{
+    return {{"lost folders", LostFolders}, {"no folders", NoFolders}, {"small windows", SmallWindows}};
+}
+
+} // namespace tour
