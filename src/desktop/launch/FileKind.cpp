@@ -6,6 +6,8 @@ namespace desktop {
 
 std::string FileKind(const std::string& sPath)
 {
+    // Else GIO sets its tables of kinds up twice, and loses the first ones.
+    g_content_type_get_mime_dirs();
     // Of this machine's files only: the desktop's other file systems would be asked for over the session bus.
     const GPointer<GFile> file(g_vfs_get_file_for_path(g_vfs_get_local(), sPath.c_str()));
     const GPointer<GFileInfo> info(g_file_query_info(file.get(), G_FILE_ATTRIBUTE_STANDARD_CONTENT_TYPE,
