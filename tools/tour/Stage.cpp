@@ -85,8 +85,8 @@ void ClickOn(QWidget* pWidget, Qt::MouseButton button)
 
 } // namespace
 
-Stage::Stage(SampleTree& sampleTree, std::string sFolder)
-    : tree(sampleTree), m_sFolder(std::move(sFolder)), m_text(m_sFolder + "/tour.txt")
+Stage::Stage(SampleTree& sampleTree, Launches& programs, std::string sFolder)
+    : tree(sampleTree), launches(programs), m_sFolder(std::move(sFolder)), m_text(m_sFolder + "/tour.txt")
 {
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "EventLoop.h"
+#include "Launches.h"
 #include "SampleTree.h"
 #include "frmMain.h"
 
@@ -23,9 +24,10 @@ class Stage final : private platform::EventLoop
 {
 public:
     /// Pictures and the text go into folder `sFolder`, which exists.
-    Stage(SampleTree& sampleTree, std::string sFolder);
+    Stage(SampleTree& sampleTree, Launches& programs, std::string sFolder);
 
     SampleTree& tree;
+    Launches& launches;
     mainwindow::frmMain& main = mainwindow::theMainForm();
 
     /// The loop for the program: unlike the program's own it delivers all input at each step, so that a scene
@@ -83,6 +85,9 @@ public:
     /// Takes a picture of all that is up, and writes down what the lists hold.
     void Show(const std::string& sName);
 
+    /// Writes a text down.
+    void Write(const std::string& sText) { m_text << sText << std::endl; }
+
 private:
     void DoEvents(std::int64_t nSteps) override;
 
@@ -101,6 +106,9 @@ struct tScene {
 
 /// All scenes in their order: each finds what the ones before it have left.
 std::vector<tScene> Scenes();
+
+/// Those in which something is done to the files found.
+std::vector<tScene> Operations();
 
 /// Those in which something goes wrong.
 std::vector<tScene> Troubles();

@@ -101,8 +101,9 @@ QPalette DarkPalette()
 bool Play(tour::Stage& stage)
 {
     std::vector<tour::tScene> scenes = tour::Scenes();
-    const std::vector<tour::tScene> troubles = tour::Troubles();
-    scenes.insert(std::prev(scenes.end()), troubles.begin(), troubles.end());
+    for (const auto& more : {tour::Operations(), tour::Troubles()}) {
+        scenes.insert(std::prev(scenes.end()), more.begin(), more.end());
+    }
     for (const tour::tScene& scene : scenes) {
         g_pScene = scene.pName;
         alarm(kPatience);
@@ -129,9 +130,11 @@ int Run(int argc, char** argv, tOptions options)
     if (options.bDark) {
         QApplication::setPalette(DarkPalette());
     }
-    tour::Stage stage(tree, options.sFolder);
-    g_pStage = &stage;
     platform::tSystem system = userInterface.System();
+    tour::Launches launches(*system.launcher);
+    system.launcher = &launches;
+    tour::Stage stage(tree, launches, options.sFolder);
+    g_pStage = &stage;
     system.events = &stage.Events();
     platform::UseSystem(system);
     search::UseForms(mainwindow::theMainForm(), dialogs::theProgressForm());

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "Launching.h"
+
+#include <string>
+#include <vector>
+
+namespace tour {
+
+/// Starts no program of the machine that the tour runs on, and notes what would have been opened. What the
+/// shell shows of its own it does show.
+class Launches final : public platform::Launcher
+{
+public:
+    /// `shell` must outlive it.
+    explicit Launches(platform::Launcher& shell) : m_shell(shell) {}
+
+    std::vector<std::string> opened;
+
+    long ShellExecuteA(platform::WindowHandle hwnd, const std::string& sVerb, const std::string& sFile,
+                       const std::string& sParameters, const std::string& sDirectory, int nShowCmd) override
+    {
+        if (sFile == "rundll32.exe") {
+            return m_shell.ShellExecuteA(hwnd, sVerb, sFile, sParameters, sDirectory, nShowCmd);
+        }
+        constexpr long kStarted = 33;
+        opened.push_back(sFile);
+        return kStarted;
+    }
+    bool ShellExecuteExA(const platform::SHELLEXECUTEINFO& info) override
+    {
+        return m_shell.ShellExecuteExA(info);
+    }
+
+private:
+    platform::Launcher& m_shell;
+};
+
+} // namespace tour
