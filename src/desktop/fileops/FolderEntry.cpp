@@ -65,7 +65,7 @@ tEnding IsRegular(const tLook& look)
 
 tEnding IsStill(const tLook& look, const tFileIdentity& expected)
 {
-    const tEnding regular = IsRegular(look);
+    tEnding regular = IsRegular(look);
     if (!regular.IsDone() || look.Identity() == expected) {
         return regular;
     }

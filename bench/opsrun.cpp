@@ -1,0 +1,182 @@
+// What the file operations cost: the trash against bare calls of GIO, copying against cp.
+
+#include "OperationDialogs.h"
+#include "ShellFileOperations.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <gio/gio.h>
+#include <string>
+#include <string_view>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kUsage = 64;
+constexpr int kFailed = 1;
+constexpr int kRounds = 5;
+constexpr std::size_t kFileMegabytes = 128;
+
+/// A user who agrees to everything.
+class Consent final : public desktop::OperationDialogs
+{
+public:
+    bool Confirm(const desktop::tOperation& /*operation*/) override { return true; }
+    desktop::tReplaceAnswer AskReplace(const desktop::tFileFacts& /*source*/,
+                                       const desktop::tFileFacts& /*target*/) override
+    {
+        return {};
+    }
+    void Started(const desktop::tOperation& /*operation*/) override {}
+    bool Progress(const desktop::tOperationProgress& /*progress*/) override { return true; }
+    void Finished(const desktop::tOperation& /*operation*/,
+                  const desktop::tOperationOutcome& outcome) override
+    {
+        nNotDone += outcome.notDone.size();
+    }
+
+    std::size_t nNotDone = 0;
+};
+
+/// One way to do the work; each round begins anew with `prepare`.
+struct tContender {
+    const char* pName;
+    std::function<void()> work;
+    std::vector<double> seconds{};
+};
+
+/// Runs the contenders in turn and prints medians and their ratios to the first one's.
+void Compare(std::vector<tContender> contenders, const std::function<void()>& prepare)
+{
+    for (int nRound = 0; nRound < kRounds; ++nRound) {
+        for (std::size_t n = 0; n < contenders.size(); ++n) {
+            // Each is first as often as the others.
+            tContender& contender = contenders[(n + static_cast<std::size_t>(nRound)) % contenders.size()];
+            prepare();
+            sync();
+            const auto start = std::chrono::steady_clock::now();
+            contender.work();
+            contender.seconds.push_back(
+                std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+        }
+    }
+    const auto median = [](tContender& contender) {
+        std::sort(contender.seconds.begin(), contender.seconds.end());
+        return contender.seconds[contender.seconds.size() / 2];
+    };
+    const double dOurs = median(contenders.front());
+    for (tContender& contender : contenders) {
+        std::printf("%-16s %8.3f s", contender.pName, median(contender));
+        std::printf("  (%.3f to %.3f)  ours/this %.2f\n", contender.seconds.front(), contender.seconds.back(),
+                    dOurs / median(contender));
+    }
+}
+
+void Carry(const platform::SHFILEOPSTRUCT& request)
+{
+    Consent consent;
+    desktop::ShellFileOperations operations(consent);
+    if (operations.SHFileOperationA(request) != 0 || consent.nNotDone != 0) {
+        std::fprintf(stderr, "opsrun: %zu files not done\n", consent.nNotDone);
+        std::exit(kFailed);
+    }
+}
+
+void Command(const std::string& sCommand)
+{
+    if (std::system(sCommand.c_str()) != 0) {
+        std::fprintf(stderr, "opsrun: failed: %s\n", sCommand.c_str());
+        std::exit(kFailed);
+    }
+}
+
+void Trash(const std::string& sRoot, std::size_t nFiles)
+{
+    platform::SHFILEOPSTRUCT request;
+    request.wFunc = platform::FO_DELETE;
+    request.fFlags = platform::FOF_ALLOWUNDO;
+    std::vector<std::string> paths;
+    for (std::size_t n = 0; n < nFiles; ++n) {
+        paths.push_back(sRoot + "/from/" + std::to_string(n) + ".txt");
+        request.pFrom += paths.back() + '\0';
+    }
+    const auto bare = [&] {
+        for (const std::string& sPath : paths) {
+            GFile* pFile = g_file_new_for_path(sPath.c_str());
+            if (g_file_trash(pFile, nullptr, nullptr) == FALSE) {
+                std::fprintf(stderr, "opsrun: not trashed: %s\n", sPath.c_str());
+                std::exit(kFailed);
+            }
+            g_object_unref(pFile);
+        }
+    };
+    Compare({{"ours", [&] { Carry(request); }}, {"g_file_trash", bare}}, [&] {
+        fs::remove_all(sRoot + "/share");
+        fs::create_directories(sRoot + "/from");
+        for (const std::string& sPath : paths) {
+            std::ofstream(sPath) << sPath;
+        }
+    });
+}
+
+void Copy(const std::string& sRoot, std::size_t nMegabytes)
+{
+    platform::SHFILEOPSTRUCT request;
+    request.wFunc = platform::FO_COPY;
+    request.fFlags = platform::FOF_MULTIDESTFILES;
+    std::string sCopy = "cp -p";
+    fs::create_directories(sRoot + "/from");
+    for (std::size_t nMade = 0; nMade < nMegabytes; nMade += kFileMegabytes) {
+        const std::string sName = std::to_string(nMade);
+        const std::string sPath = (fs::path(sRoot) / "from" / sName).string();
+        Command("head -c " + std::to_string(std::min(kFileMegabytes, nMegabytes - nMade)) +
+                "M /dev/urandom >" + sPath);
+        request.pFrom += sPath + '\0';
+        request.pTo += (fs::path(sRoot) / "to" / sName).string() + '\0';
+        sCopy += ' ' + sPath;
+    }
+    sCopy += ' ' + sRoot + "/to";
+    Compare({{"ours", [&] { Carry(request); }},
+             {"cp -p", [&] { Command(sCopy); }},
+             {"cp -p, sync", [&] { Command(sCopy + " && sync " + sRoot + "/to/*"); }}},
+            [&] {
+                fs::remove_all(sRoot + "/to");
+                fs::create_directories(sRoot + "/to");
+                Command("cat " + sRoot + "/from/* >/dev/null"); // in memory for everyone
+            });
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    const std::string_view sWhat = argc > 1 ? argv[1] : "";
+    const std::size_t nCount = argc > 2 ? std::strtoul(argv[2], nullptr, 10) : 0;
+    if ((sWhat != "trash" && sWhat != "copy") || nCount == 0 || argc > 4) {
+        std::fputs(
+            "usage: opsrun trash FILES [FOLDER]\n       opsrun copy MEGABYTES [FOLDER]\n"
+            "Works in a folder of its own below FOLDER or the temporary one, with a trash of its own.\n",
+            stderr);
+        return kUsage;
+    }
+    std::string sRoot = (argc > 3 ? fs::path(argv[3]) : fs::temp_directory_path()) / "opsrun-XXXXXX";
+    if (mkdtemp(sRoot.data()) == nullptr) {
+        std::perror("opsrun");
+        return kFailed;
+    }
+    setenv("HOME", sRoot.c_str(), 1);
+    setenv("XDG_DATA_HOME", (sRoot + "/share").c_str(), 1);
+    unsetenv("DBUS_SESSION_BUS_ADDRESS");
+    unsetenv("DISPLAY");
+    sWhat == "trash" ? Trash(sRoot, nCount) : Copy(sRoot, nCount);
+    fs::remove_all(sRoot);
+    return 0;
+}
