@@ -1,28 +1,6 @@
-// Puts the floors together and starts the program.
-
-#include "Main.h"
-#include "FormMembers.h"
-#include "MainForm.h"
-#include "PosixFiles.h"
-#include "QtShell.h"
-#include "System.h"
-#include "UserInterface.h"
-#include "frmMain.h"
-#include "frmProgress.h"
+#include "Program.h"
 
 int main(int argc, char* argv[])
 {
-    desktop::UserInterface userInterface(argc, argv);
-    desktop::PosixFiles files;
-    desktop::QtShell shell;
-    platform::tSystem system;
-    system.files = &files;
-    system.shell = &shell;
-    userInterface.EnterInto(system);
-    platform::UseSystem(system);
-
-    search::UseForms(mainwindow::theMainForm(), dialogs::theProgressForm());
-    dialogs::UseMainForm(mainwindow::theMainForm());
-    mainwindow::Main();
-    return userInterface.Run();
+    return program::Program(argc, argv).Run();
 }

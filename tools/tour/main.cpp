@@ -3,14 +3,8 @@
 // Says which scene was not as it has to be, and then ends with 1. Runs off the screen unless told otherwise
 // by QT_QPA_PLATFORM.
 
-#include "FormMembers.h"
-#include "MainForm.h"
-#include "PosixFiles.h"
-#include "QtShell.h"
+#include "Program.h"
 #include "Stage.h"
-#include "System.h"
-#include "UserInterface.h"
-#include "frmProgress.h"
 
 #include <QPalette>
 #include <array>
@@ -127,22 +121,12 @@ int Run(int argc, char** argv, tOptions options)
     tour::SampleTree tree;
     ProvideScreen(tree);
     qInstallMessageHandler(&Complaint);
-    desktop::UserInterface userInterface(argc, argv);
+    tour::Stage stage(tree, options.sFolder);
+    const program::Program program(argc, argv, &stage.Events());
+    g_pStage = &stage;
     if (options.bDark) {
         QApplication::setPalette(DarkPalette());
     }
-    desktop::PosixFiles files;
-    desktop::QtShell shell;
-    tour::Stage stage(tree, options.sFolder);
-    g_pStage = &stage;
-    platform::tSystem system;
-    system.files = &files;
-    system.shell = &shell;
-    userInterface.EnterInto(system);
-    system.events = &stage.Events();
-    platform::UseSystem(system);
-    search::UseForms(mainwindow::theMainForm(), dialogs::theProgressForm());
-    dialogs::UseMainForm(mainwindow::theMainForm());
     const bool bAsItHasToBe = Play(stage);
     g_pStage = nullptr;
     std::cout << "The pictures are in " << options.sFolder << '\n';
