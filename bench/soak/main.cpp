@@ -3,12 +3,10 @@
 // search found what it had to, that no file was lost and none came out other than it was. Says how much
 // memory is in use on the way. Ends with 1 at the first departure.
 
-#include "FormMembers.h"
-#include "MainForm.h"
 #include "PosixFiles.h"
+#include "Program.h"
 #include "RandomUser.h"
 #include "ShellFileOperations.h"
-#include "UserInterface.h"
 #include "WidgetOf.h"
 #include "cGroupRows.h"
 #include "frmMain.h"
@@ -196,19 +194,15 @@ int Run(int argc, char* argv[])
     World world(nSeed);
     world.Renew();
 
-    desktop::UserInterface userInterface(argc, argv);
     RandomUser user(world);
     desktop::ShellFileOperations shellFiles(user);
-    platform::tSystem system = userInterface.System();
-    system.messages = &user;
-    system.shell = &user;
-    system.shellFiles = &shellFiles;
-    system.launcher = &user;
-    system.fileDialogs = &user;
-    platform::UseSystem(system);
-    search::UseForms(mainwindow::theMainForm(), dialogs::theProgressForm());
-    dialogs::UseMainForm(mainwindow::theMainForm());
-    mainwindow::theMainForm().form.Show();
+    program::Program program(argc, argv, [&](platform::tSystem& system) {
+        system.messages = &user;
+        system.shell = &user;
+        system.shellFiles = &shellFiles;
+        system.launcher = &user;
+        system.fileDialogs = &user;
+    });
 
     Visits visits(world, user);
     const auto start = std::chrono::steady_clock::now();
@@ -232,7 +226,7 @@ int Run(int argc, char* argv[])
         }
     });
     next.start(0);
-    userInterface.Run();
+    program.Run();
     std::printf("%s after %zu visits, %zu KB\n", bFine ? "no departure" : "departed", nVisits,
                 ResidentKilobytes());
     return bFine ? 0 : 1;

@@ -67,6 +67,12 @@ void frmMain::Form_Resize()
     if (form.WindowState() == platform::WindowState::Minimized) {
         return;
     }
+    // With large letters the toolbar is higher than designed. What is below it starts where it ends then.
+    const float covered = Toolbar1.Height() - lvFolders.Top();
+    if (covered > 0) {
+        lvFolders.SetTop(lvFolders.Top() + covered);
+        picSep.SetTop(picSep.Top() + covered);
+    }
     // 2. to 4. The upper list and the bar: the folders' column takes the room.
     static_cast<void>(lvFolders.SetWidth(form.ScaleWidth()));
     static_cast<void>(picSep.SetWidth(form.ScaleWidth()));

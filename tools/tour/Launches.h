@@ -12,8 +12,8 @@ namespace tour {
 class Launches final : public platform::Launcher
 {
 public:
-    /// `shell` must outlive it.
-    explicit Launches(platform::Launcher& shell) : m_shell(shell) {}
+    /// Passes on to `shell`, which must outlive it, what shows a window of the shell.
+    void StandBefore(platform::Launcher& shell) { m_pShell = &shell; }
 
     std::vector<std::string> opened;
 
@@ -21,7 +21,7 @@ public:
                        const std::string& sParameters, const std::string& sDirectory, int nShowCmd) override
     {
         if (sFile == "rundll32.exe") {
-            return m_shell.ShellExecuteA(hwnd, sVerb, sFile, sParameters, sDirectory, nShowCmd);
+            return m_pShell->ShellExecuteA(hwnd, sVerb, sFile, sParameters, sDirectory, nShowCmd);
         }
         constexpr long kStarted = 33;
         opened.push_back(sFile);
@@ -29,11 +29,11 @@ public:
     }
     bool ShellExecuteExA(const platform::SHELLEXECUTEINFO& info) override
     {
-        return m_shell.ShellExecuteExA(info);
+        return m_pShell->ShellExecuteExA(info);
     }
 
 private:
-    platform::Launcher& m_shell;
+    platform::Launcher* m_pShell = nullptr;
 };
 
 } // namespace tour

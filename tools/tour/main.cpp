@@ -3,12 +3,8 @@
 // Says which scene was not as it has to be, and then ends with 1. Runs off the screen unless told otherwise
 // by QT_QPA_PLATFORM.
 
-#include "FormMembers.h"
-#include "MainForm.h"
+#include "Program.h"
 #include "Stage.h"
-#include "System.h"
-#include "UserInterface.h"
-#include "frmProgress.h"
 
 #include <QPalette>
 #include <array>
@@ -126,19 +122,17 @@ int Run(int argc, char** argv, tOptions options)
     tour::SampleTree tree;
     ProvideScreen(tree);
     qInstallMessageHandler(&Complaint);
-    desktop::UserInterface userInterface(argc, argv);
+    tour::Launches launches;
+    tour::Stage stage(tree, launches, options.sFolder);
+    const program::Program program(argc, argv, [&](platform::tSystem& system) {
+        launches.StandBefore(*system.launcher);
+        system.launcher = &launches;
+        system.events = &stage.Events();
+    });
+    g_pStage = &stage;
     if (options.bDark) {
         QApplication::setPalette(DarkPalette());
     }
-    platform::tSystem system = userInterface.System();
-    tour::Launches launches(*system.launcher);
-    system.launcher = &launches;
-    tour::Stage stage(tree, launches, options.sFolder);
-    g_pStage = &stage;
-    system.events = &stage.Events();
-    platform::UseSystem(system);
-    search::UseForms(mainwindow::theMainForm(), dialogs::theProgressForm());
-    dialogs::UseMainForm(mainwindow::theMainForm());
     const bool bAsItHasToBe = Play(stage);
     g_pStage = nullptr;
     std::cout << "The pictures are in " << options.sFolder << '\n';

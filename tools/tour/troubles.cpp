@@ -3,6 +3,7 @@
 #include "Stage.h"
 #include "WidgetOf.h"
 
+#include <QApplication>
 #include <QWidget>
 #include <filesystem>
 
@@ -57,11 +58,35 @@ void SmallWindows(Stage& stage)
     stage.Show("as-before");
 }
 
+void LargeLetters(Stage& stage)
+{
+    auto& main = stage.main;
+    const QFont usual = QApplication::font();
+    QFont large = usual;
+    large.setPointSizeF(2 * usual.pointSizeF());
+    QApplication::setFont(large);
+    QWidget& window = *desktop::WidgetOf(&main.form);
+    const auto* const pTools = desktop::WidgetOf(&main.Toolbar1);
+    stage.WaitFor([&] { return pTools->font().pointSizeF() == large.pointSizeF(); }, "letters get larger");
+    window.resize(900, 600);
+    const auto* const pFolders = desktop::WidgetOf(&main.lvFolders);
+    const auto* const pFiles = desktop::WidgetOf(&main.lvFiles);
+    stage.Expect(!pTools->geometry().intersects(pFolders->geometry()), "the toolbar covers no list");
+    stage.Expect(pFiles->y() >= pFolders->geometry().bottom() &&
+                     pFiles->geometry().bottom() + 1 == desktop::WidgetOf(&main.StatusBar1)->y(),
+                 "the lists share the room below it");
+    stage.Show("large-letters");
+    QApplication::setFont(usual);
+}
+
 } // namespace
 
 std::vector<tScene> Troubles()
 {
-    return {{"lost folders", LostFolders}, {"no folders", NoFolders}, {"small windows", SmallWindows}};
+    return {{"lost folders", LostFolders},
+            {"no folders", NoFolders},
+            {"small windows", SmallWindows},
+            {"large letters", LargeLetters}};
 }
 
 } // namespace tour

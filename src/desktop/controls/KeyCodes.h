@@ -6,8 +6,8 @@ class QKeyEvent;
 
 namespace desktop {
 
-/// The number that the program knows a key by, 0 for keys that it does not know. A key with a letter of another
-/// script goes by the Latin letter of its place on the keyboard.
+/// The number that the program knows a key by, 0 for keys that it does not know. A key with a letter of
+/// another script goes by the Latin letter of its place on the keyboard.
 int VirtualKey(const QKeyEvent& event);
 
 /// The held keys as the program adds them up.

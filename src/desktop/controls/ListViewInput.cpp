@@ -156,11 +156,12 @@ void ListViewWidget::keyReleaseEvent(QKeyEvent* pEvent)
 
 void ListViewWidget::keyboardSearch(const QString& sTyped)
 {
-    QTreeView::keyboardSearch(sTyped);
-    if (currentIndex().isValid()) {
-        m_picking.SetAnchor(static_cast<std::size_t>(currentIndex().row()));
-        scrollTo(currentIndex());
+    BringUpToDate();
+    if (const auto row = m_typeAhead.Find(sTyped)) {
+        m_picking.MoveTo(*row, {});
+        m_rowToShow = row;
     }
+    BringUpToDate();
 }
 
 } // namespace desktop

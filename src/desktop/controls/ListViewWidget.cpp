@@ -13,7 +13,7 @@ namespace desktop {
 
 ListViewWidget::ListViewWidget(platform::ListView& list, QWidget* pParent)
     : QTreeView(pParent), m_list(list), m_model(list), m_selection(list, m_model), m_picking(list),
-      m_delegate(list)
+      m_typeAhead(list), m_delegate(list)
 {
     setModel(&m_model);
     QItemSelectionModel* const pUnused = selectionModel();

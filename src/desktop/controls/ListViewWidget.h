@@ -5,6 +5,7 @@
 #include "RowModel.h"
 #include "RowPicking.h"
 #include "RowSelection.h"
+#include "TypeAhead.h"
 
 #include <QBasicTimer>
 #include <QTreeView>
@@ -80,6 +81,7 @@ private:
     RowModel m_model;
     RowSelection m_selection;
     RowPicking m_picking;
+    TypeAhead m_typeAhead;
     MarkDelegate m_delegate;
 
     bool m_bStale = true;                   ///< the list has told something that is not shown yet

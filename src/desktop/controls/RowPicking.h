@@ -42,9 +42,6 @@ public:
     /// The space bar selects the current row.
     void PickCurrent(tHeld held);
 
-    /// A search for typed letters, which selects by itself, has led to a row.
-    void SetAnchor(std::size_t nRow) { m_anchor = nRow; }
-
     /// Rows have gone or changed their places.
     void Forget();
 

@@ -1,0 +1,201 @@
+// One figure of the program on its real windows, off the screen unless told otherwise by QT_QPA_PLATFORM:
+//   windowrun --search FOLDER   how long a search by content takes from the key to its end, and how often the
+//                               progress window was painted meanwhile
+//   windowrun --end FOLDER      how long it takes from the last comparison until the list has been painted
+//   windowrun --cancel FOLDER   how long it takes from a click on Cancel, at many moments of the search,
+//   until
+//                               the main window can be used
+//   windowrun --start           the time, in seconds since 1970, at which the window had been painted
+// bench/windowfigures makes a report of them.
+
+#include "Main.h"
+#include "PacedEventLoop.h"
+#include "Program.h"
+#include "WidgetOf.h"
+#include "frmMain.h"
+#include "frmProgress.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QTest>
+#include <QTreeView>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <string_view>
+#include <thread>
+#include <vector>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using desktop::WidgetOf;
+
+double Seconds(Clock::duration duration)
+{
+    return std::chrono::duration<double>(duration).count();
+}
+
+/// The program's own loop, which notes about when it was called last: the clock is one that costs little.
+class NotedEvents final : public platform::EventLoop
+{
+public:
+    void DoEvents(std::int64_t nSteps) override
+    {
+        m_events.DoEvents(nSteps);
+        clock_gettime(CLOCK_MONOTONIC_COARSE, &m_last);
+    }
+
+    [[nodiscard]] Clock::time_point Last() const
+    {
+        return Clock::time_point(std::chrono::seconds(m_last.tv_sec) +
+                                 std::chrono::nanoseconds(m_last.tv_nsec));
+    }
+
+private:
+    desktop::PacedEventLoop m_events{[] { QApplication::processEvents(); }};
+    timespec m_last{};
+};
+
+/// Counts how often windows other than the main one are painted, and notes when the list of results is.
+class Paints final : public QObject
+{
+public:
+    Paints() { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject* pWatched, QEvent* pEvent) override
+    {
+        if (pEvent->type() == QEvent::UpdateRequest && pWatched->isWidgetType() &&
+            pWatched == WidgetOf(&dialogs::theProgressForm().form)) {
+            ++nOfProgress;
+        }
+        if (pEvent->type() == QEvent::Paint && pWatched == pList) {
+            bListPainted = true;
+        }
+        return false;
+    }
+
+    const QObject* pList = nullptr;
+    int nOfProgress = 0;
+    bool bListPainted = false;
+};
+
+void ShowWindow()
+{
+    mainwindow::Main();
+    QWidget* const pWindow = WidgetOf(&mainwindow::theMainForm().form);
+    if (!QTest::qWaitForWindowExposed(pWindow)) {
+        std::fprintf(stderr, "windowrun: the window does not come up\n");
+        std::exit(1);
+    }
+    QApplication::processEvents();
+}
+
+/// Searches as the key for it does; returns how long that took.
+Clock::duration Search()
+{
+    const auto began = Clock::now();
+    QTest::keyClick(WidgetOf(&mainwindow::theMainForm().form), Qt::Key_F3);
+    return Clock::now() - began;
+}
+
+void PaintList(Paints& paints)
+{
+    paints.bListPainted = false;
+    while (!paints.bListPainted) {
+        QApplication::processEvents();
+    }
+}
+
+void MeasureSearch(Paints& paints)
+{
+    const double dSeconds = Seconds(Search());
+    std::printf("search=%.3f repaints_per_second=%.1f rows=%zu\n", dSeconds, paints.nOfProgress / dSeconds,
+                mainwindow::theMainForm().lvFiles.ListItems.Count());
+}
+
+void MeasureEnd(Paints& paints, const NotedEvents& events)
+{
+    Search();
+    PaintList(paints);
+    std::printf("end=%.3f\n", Seconds(Clock::now() - events.Last()));
+}
+
+void MeasureCancel(Paints& paints)
+{
+    constexpr int kMoments = 60;
+    const auto whole = Search();
+    PaintList(paints);
+    std::vector<double> waits;
+    for (int n = 0; n < kMoments; ++n) {
+        Clock::time_point clicked;
+        Clock::time_point answered;
+        // The click comes from outside, whatever the program is at.
+        std::thread visitor([&, began = Clock::now()] {
+            std::this_thread::sleep_until(began + whole * n / kMoments);
+            clicked = Clock::now();
+            QMetaObject::invokeMethod(
+                &paints,
+                [&] {
+                    if (QWidget* const pCancel = WidgetOf(&dialogs::theProgressForm().cmdCancel)) {
+                        QTest::mouseClick(pCancel, Qt::LeftButton);
+                        answered = Clock::now();
+                    }
+                },
+                Qt::QueuedConnection);
+        });
+        Search();
+        PaintList(paints);
+        const auto usable = Clock::now();
+        visitor.join();
+        QApplication::processEvents();
+        if (answered != Clock::time_point()) {
+            waits.push_back(1000 * Seconds(usable - clicked));
+        }
+    }
+    std::sort(waits.begin(), waits.end());
+    std::printf("cancels=%zu median_ms=%.1f worst_ms=%.1f\n", waits.size(), waits.at(waits.size() / 2),
+                waits.back());
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    const std::string_view sMode = argc > 1 ? argv[1] : "";
+    const std::vector<std::string_view> modes = {"--search", "--end", "--cancel"};
+    const bool bSearches = std::find(modes.begin(), modes.end(), sMode) != modes.end();
+    if (argc != (bSearches ? 3 : 2) || (!bSearches && sMode != "--start")) {
+        std::fprintf(stderr, "usage: windowrun --search FOLDER | --end FOLDER | --cancel FOLDER | --start\n");
+        return 64;
+    }
+    NotedEvents events;
+    const program::Program program(argc, argv, [&](platform::tSystem& system) {
+        if (sMode == "--end") {
+            system.events = &events;
+        }
+    });
+    Paints paints;
+    ShowWindow();
+    if (sMode == "--start") {
+        const auto now = std::chrono::system_clock::now().time_since_epoch();
+        std::printf("%.6f\n", std::chrono::duration<double>(now).count());
+        return 0;
+    }
+    auto& main = mainwindow::theMainForm();
+    main.mnuOptionsHidden.SetChecked(true);
+    main.lvFolders.ListItems.Add(argv[2], argv[2], 1);
+    paints.pList = dynamic_cast<QTreeView*>(WidgetOf(&main.lvFiles))->viewport();
+    if (sMode == "--search") {
+        MeasureSearch(paints);
+    } else if (sMode == "--end") {
+        MeasureEnd(paints, events);
+    } else {
+        MeasureCancel(paints);
+    }
+    return 0;
+}
