@@ -2,7 +2,9 @@
 
 #include "FormMembers.h"
 #include "MessageBoxes.h"
+#include "PacedEventLoop.h"
 #include "Screen.h"
+#include "System.h"
 
 #include <chrono>
 #include <iostream>
@@ -56,6 +58,21 @@ private:
             comparisonBegan = Clock::now();
         }
     }
+};
+
+/// All that a search over `files` needs, put in place. No event is waited for.
+struct tHeadless {
+    explicit tHeadless(platform::FileSystem& files)
+    {
+        platform::UseSystem({&files, &events, &screen, &messages});
+        search::UseForms(form, progress);
+    }
+
+    desktop::PacedEventLoop events{[] {}};
+    NoScreen screen;
+    MessagesToTerminal messages;
+    MainForm form;
+    ProgressForm progress;
 };
 
 } // namespace bench

@@ -30,15 +30,12 @@ void ByLibdeflate(std::int32_t* pRegister, const std::uint8_t* pFirst, const std
     *pRegister = static_cast<std::int32_t>(~libdeflate_crc32(nBefore, pFirst, nBytes));
 }
 
+/// Of the program's own rule; whether that is right, libdeflate says.
 search::tCRCTable BuildTable()
 {
     search::tCRCTable aTable{};
     for (std::size_t i = 0; i < aTable.size(); ++i) {
-        auto nEntry = static_cast<std::uint32_t>(i);
-        for (int nBit = 0; nBit < 8; ++nBit) {
-            nEntry = (nEntry >> 1) ^ ((nEntry & 1U) != 0 ? 0xEDB88320U : 0U);
-        }
-        aTable[i] = static_cast<std::int32_t>(nEntry);
+        aTable[i] = static_cast<std::int32_t>(search::CRC32TableEntry(static_cast<std::uint32_t>(i)));
     }
     return aTable;
 }

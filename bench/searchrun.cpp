@@ -1,9 +1,7 @@
 // One search over the folders named on the command line, without a window.
 
 #include "HeadlessForms.h"
-#include "PacedEventLoop.h"
 #include "PosixFiles.h"
-#include "System.h"
 #include "mCommon.h"
 #include "mDataOperation.h"
 
@@ -133,13 +131,9 @@ int main(int argc, char** argv)
     }
 
     CountedFiles files;
-    desktop::PacedEventLoop events([] {});
-    bench::NoScreen screen;
-    bench::MessagesToTerminal messages;
-    platform::UseSystem({&files, &events, &screen, &messages});
-    bench::MainForm form;
-    bench::ProgressForm progress;
-    search::UseForms(form, progress);
+    bench::tHeadless headless(files);
+    auto& form = headless.form;
+    auto& progress = headless.progress;
 
     form.mnuOptionsSearchContent.SetChecked(options.bContent);
     form.mnuOptionsSearchNameSize.SetChecked(options.bNameSize);

@@ -1,8 +1,6 @@
 // The comparison alone: a table of files that exist in memory only, in the shapes that are hard on a search.
 
 #include "HeadlessForms.h"
-#include "PacedEventLoop.h"
-#include "System.h"
 #include "mCommon.h"
 #include "mDataOperation.h"
 
@@ -118,13 +116,9 @@ private:
 void Run(const tShape& shape, std::size_t nFiles, const char* pMode)
 {
     SyntheticFiles files(shape, nFiles);
-    desktop::PacedEventLoop events([] {});
-    bench::NoScreen screen;
-    bench::MessagesToTerminal messages;
-    platform::UseSystem({&files, &events, &screen, &messages});
-    bench::MainForm form;
-    bench::ProgressForm progress;
-    search::UseForms(form, progress);
+    bench::tHeadless headless(files);
+    auto& form = headless.form;
+    auto& progress = headless.progress;
     form.mnuOptionsSearchContent.SetChecked(std::strcmp(pMode, "content") == 0);
     form.mnuOptionsSearchNameSize.SetChecked(std::strcmp(pMode, "namesize") == 0);
     form.lvFolders.ListItems.Add("/", "/", 1);

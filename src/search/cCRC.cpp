@@ -151,11 +151,7 @@ void cCRC::BuildTable16()
 void cCRC::BuildTable32()
 {
     for (std::uint32_t i = 0; i < aTable32.size(); ++i) {
-        std::uint32_t nEntry = i;
-        for (int nBit = 0; nBit < 8; ++nBit) {
-            nEntry = (nEntry >> 1) ^ ((nEntry & 1U) != 0 ? 0xEDB88320U : 0U);
-        }
-        aTable32[i] = static_cast<std::int32_t>(nEntry);
+        aTable32[i] = static_cast<std::int32_t>(CRC32TableEntry(i));
     }
     bTable32Ready = true;
 }

@@ -14,11 +14,7 @@ constexpr tSlices BuildSlices()
 {
     tSlices slices{};
     for (std::uint32_t i = 0; i < 256; ++i) {
-        std::uint32_t nEntry = i;
-        for (int nBit = 0; nBit < 8; ++nBit) {
-            nEntry = (nEntry >> 1) ^ ((nEntry & 1U) != 0 ? 0xEDB88320U : 0U);
-        }
-        slices[0][i] = nEntry;
+        slices[0][i] = CRC32TableEntry(i);
     }
     for (std::size_t n = 1; n < kSlice; ++n) {
         for (std::size_t i = 0; i < 256; ++i) {

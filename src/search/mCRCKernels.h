@@ -10,6 +10,16 @@ namespace search {
 /// alike.
 using tCRCTable = std::array<std::int32_t, 256>;
 
+/// Entry `nByte` of the table of CRC-32: what that byte leaves in an empty register.
+constexpr std::uint32_t CRC32TableEntry(std::uint32_t nByte)
+{
+    std::uint32_t nEntry = nByte;
+    for (int nBit = 0; nBit < 8; ++nBit) {
+        nEntry = (nEntry >> 1) ^ ((nEntry & 1U) != 0 ? 0xEDB88320U : 0U);
+    }
+    return nEntry;
+}
+
 /// A loop that runs `nBytes` bytes from `pFirst` through the register at `*pRegister`, which is read once
 /// before the first byte and written once after the last. `pTable` is the first of the 256 entries of the
 /// algorithm's table. Nothing is owned, no alignment is needed, and with `nBytes` 0 `pFirst` may be null.

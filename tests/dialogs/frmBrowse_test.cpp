@@ -51,9 +51,9 @@ TEST_F(Browse, BorrowsTheTreeAndGivesItBack)
         AddFolder();
         // Two moves reach the dialog by its own procedure, both hidden from the first one of the shell's on.
         EXPECT_EQ(shell.log,
-                  (Log{"disabled", "show Browse for Folder on main", "dialog 3 0", "dialog 1126 1 \"\"",
+                  (Log{"disabled", "show Browse for Folder owned", "dialog 3 0", "dialog 1126 1 \"\"",
                        "SysTreeView32 3 0", "dialog 3 0 hidden", "dialog 3 0 hidden", "enabled",
-                       "dialog 16 1 hidden", "dialog 2 0 hidden", "front main", "down Browse for Folder"}));
+                       "dialog 16 1 hidden", "dialog 2 0 hidden", "front", "down Browse for Folder"}));
         EXPECT_EQ(shell.info.ulFlags, 5U);
         EXPECT_TRUE(form.picBrowse.Children().empty());
     }

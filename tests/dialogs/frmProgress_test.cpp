@@ -127,8 +127,8 @@ TEST_F(Progress, IsFreshForEachSearchAndCoversTheRows)
         EXPECT_TRUE(progress.cmdCancel.Enabled());
         progress.Unload();
         EXPECT_FALSE(shell.lvFake.Visible());
-        EXPECT_EQ(shell.log, (std::vector<std::string>{"pointer 0", "show Progress on main", "front main",
-                                                       "down Progress"}));
+        EXPECT_EQ(shell.log,
+                  (std::vector<std::string>{"pointer 0", "show Progress owned", "front", "down Progress"}));
     }
 }
 

@@ -84,4 +84,17 @@ TEST_F(frmMainLayout, LaysTheListsOutWhenTheBarIsLetGo)
     }
 }
 
+TEST_F(frmMainLayout, BeginsBelowAToolbarThatIsHigherThanDesigned)
+{
+    for (const float height : {900.0F, 900.0F, 720.0F}) {
+        main.Toolbar1.SetPlace({0, 0, 8085, height});
+        Size(8085, 5490);
+        EXPECT_EQ(main.lvFolders.Top(), 900); // and stays there
+        EXPECT_EQ(Bands(), (Numbers{1485, 2370, 2400, 2760}));
+    }
+    main.Toolbar1.SetPlace({0, 0, 8085, 900});
+    main.picSep.MouseUp(kLeftButton, 0, 0, 0);
+    EXPECT_EQ(main.lvFolders.Height(), 1470);
+}
+
 } // namespace

@@ -104,11 +104,4 @@ TEST_F(frmMainMenu, IsPassedByTheToolbar)
               "; refresh Browse for Folder; browse; front; down Browse for Folder");
 }
 
-TEST_F(frmMainMenu, OpensAndEndsWindows)
-{
-    main.mnuHelpAbout.Click();
-    main.mnuFileExit.Click();
-    EXPECT_EQ(windows.sLog, "; modal About; down Tallyfen");
-}
-
 } // namespace

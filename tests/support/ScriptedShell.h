@@ -2,6 +2,7 @@
 
 #include "MainForm.h"
 #include "ScriptedFiles.h"
+#include "ScriptedWindows.h"
 #include "System.h"
 
 #include <functional>
@@ -43,7 +44,6 @@ private:
 /// The main form, the screen, the windows and the shell around a dialog, without a display.
 class ScriptedShell final : public dialogs::MainFormMembers,
                             public platform::ShellDialogs,
-                            private platform::WindowManager,
                             private platform::Screen,
                             private platform::MessageBoxes,
                             private platform::ControlObserver
@@ -51,13 +51,14 @@ class ScriptedShell final : public dialogs::MainFormMembers,
 public:
     ScriptedShell()
     {
+        m_windows.note = [this](const std::string& sWhat) { log.push_back(sWhat); };
         UseShell(*this);
         dialogs::UseMainForm(*this);
         form.Observe(this);
     }
     void UseShell(platform::ShellDialogs& shell, platform::FileSystem* pFiles = nullptr)
     {
-        platform::UseSystem({pFiles != nullptr ? pFiles : &files, nullptr, this, this, this, &shell});
+        platform::UseSystem({pFiles != nullptr ? pFiles : &files, nullptr, this, this, &m_windows, &shell});
     }
 
     ScriptedFiles files;
@@ -112,19 +113,6 @@ private:
     void CheckMenu() override {}
     std::string sSelectedFolder() override { return {}; }
 
-    void ShowForm(platform::Form& shown, bool /*bModal*/, platform::Form* pOwner) override
-    {
-        log.push_back("show " + shown.design.sCaption + (pOwner == &form ? " on main" : ""));
-    }
-    void TakeDownForm(platform::Form& shown) override { log.push_back("down " + shown.design.sCaption); }
-    void RefreshForm(platform::Form& /*form*/) override {}
-    void PopupMenu(platform::MenuItem& /*menu*/) override {}
-    void SetForegroundWindow(platform::WindowHandle hWnd) override
-    {
-        log.emplace_back(hWnd == &form ? "front main" : "front");
-    }
-    void LockWindowUpdate(platform::WindowHandle /*hWnd*/) override {}
-
     void SetMousePointer(platform::MousePointer pointer) override
     {
         log.push_back("pointer " + std::to_string(static_cast<int>(pointer)));
@@ -141,6 +129,8 @@ private:
     {
         log.emplace_back(form.Enabled() ? "enabled" : "disabled");
     }
+
+    ScriptedWindows m_windows;
 };
 
 } // namespace support

@@ -224,6 +224,7 @@ void Stage::MeetMessage(const std::function<void()>& act, std::string_view sText
     Meanwhile(
         act, [] { return MessageUp() != nullptr; },
         [&] {
+            Expect(MessageUp()->textFormat() == Qt::PlainText, "no name in a message can act on its text");
             ExpectEqual(MessageUp()->text().toStdString(), std::string(sText), "the message");
             if (pPicture != nullptr) {
                 Show(pPicture);

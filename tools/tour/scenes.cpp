@@ -10,6 +10,7 @@
 #include "mSysTree.h"
 
 #include <QApplication>
+#include <QProgressBar>
 #include <QTest>
 
 namespace tour {
@@ -103,6 +104,8 @@ void Progress(Stage& stage)
         stage.Show("progress");
         stage.ExpectEqual(progress.lblStatus.Caption(), "Comparing...", "what it is at");
         stage.Expect(!progress.lblFile.Caption().empty(), "the file compared is named");
+        const auto* const pBar = WidgetOf(&progress.form)->findChild<QProgressBar*>();
+        stage.Expect(pBar != nullptr && pBar->isVisible() && pBar->value() >= 50, "the bar is half full");
         stage.ExpectEqual(stage.Status(), "Working... | 0", "the status");
         const QWidget* const pCover = WidgetOf(&main.lvFake);
         stage.Expect(pCover->isVisible() && pCover->geometry() == WidgetOf(&main.lvFiles)->geometry(),

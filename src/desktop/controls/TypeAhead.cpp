@@ -25,8 +25,8 @@ bool BeginsOtherwise(std::string_view sName, char cFirst)
 
 std::optional<std::size_t> TypeAhead::Find(const QString& sTyped)
 {
-    const bool bAnew =
-        !m_sinceTyped.isValid() || m_sinceTyped.hasExpired(QApplication::keyboardInputInterval());
+    const bool bAnew = sTyped.isEmpty() || m_sBeginning.isEmpty() ||
+                       m_sinceTyped.hasExpired(QApplication::keyboardInputInterval());
     m_sinceTyped.start();
     m_sBeginning = bAnew ? sTyped : m_sBeginning + sTyped;
     const std::size_t nCount = m_list.ListItems.Count();

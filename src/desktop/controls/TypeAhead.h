@@ -18,7 +18,7 @@ class TypeAhead
 public:
     explicit TypeAhead(platform::ListView& list) : m_list(list) {}
 
-    /// What has been typed leads to this row, counted from 0, or to none.
+    /// What has been typed leads to this row, counted from 0, or to none. With nothing typed it begins anew.
     [[nodiscard]] std::optional<std::size_t> Find(const QString& sTyped);
 
 private:
