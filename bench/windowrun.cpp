@@ -83,6 +83,23 @@ public:
     bool bListPainted = false;
 };
 
+/// Clicks on Cancel when an event from outside comes in.
+class Click final : public QObject
+{
+public:
+    bool event(QEvent* pEvent) override
+    {
+        QWidget* const pCancel = WidgetOf(&dialogs::theProgressForm().cmdCancel);
+        if (pEvent->type() == QEvent::User && pCancel != nullptr) {
+            QTest::mouseClick(pCancel, Qt::LeftButton);
+            bMet = true;
+        }
+        return QObject::event(pEvent);
+    }
+
+    bool bMet = false; ///< there was something to cancel
+};
+
 void ShowWindow()
 {
     mainwindow::Main();
@@ -132,27 +149,19 @@ void MeasureCancel(Paints& paints)
     std::vector<double> waits;
     for (int n = 0; n < kMoments; ++n) {
         Clock::time_point clicked;
-        Clock::time_point answered;
+        Click click;
         // The click comes from outside, whatever the program is at.
         std::thread visitor([&, began = Clock::now()] {
             std::this_thread::sleep_until(began + whole * n / kMoments);
             clicked = Clock::now();
-            QMetaObject::invokeMethod(
-                &paints,
-                [&] {
-                    if (QWidget* const pCancel = WidgetOf(&dialogs::theProgressForm().cmdCancel)) {
-                        QTest::mouseClick(pCancel, Qt::LeftButton);
-                        answered = Clock::now();
-                    }
-                },
-                Qt::QueuedConnection);
+            QCoreApplication::postEvent(&click, new QEvent(QEvent::User));
         });
         Search();
         PaintList(paints);
         const auto usable = Clock::now();
         visitor.join();
         QApplication::processEvents();
-        if (answered != Clock::time_point()) {
+        if (click.bMet) {
             waits.push_back(1000 * Seconds(usable - clicked));
         }
     }

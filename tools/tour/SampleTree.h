@@ -22,6 +22,9 @@ public:
     /// The full path of what is called `sName` below the home folder.
     [[nodiscard]] std::string Path(const std::string& sName) const { return m_sRoot + "/home/" + sName; }
 
+    /// The temporary folder that holds all of it.
+    [[nodiscard]] const std::string& Root() const { return m_sRoot; }
+
 private:
     std::string m_sRoot;
 };

@@ -45,6 +45,7 @@ bool ReadOptions(int argc, char** argv, tOptions& options)
 }
 
 const char* g_pScene = "";
+const char* g_pTree = "";
 tour::Stage* g_pStage = nullptr;
 
 /// A screen with room for the windows at twice their size, unless another one is asked for.
@@ -78,6 +79,9 @@ void Hung(int /*nSignal*/)
         if (write(STDERR_FILENO, pText, std::strlen(pText)) < 0) {
             break;
         }
+    }
+    if (fork() == 0) {
+        execl("/bin/rm", "rm", "-rf", g_pTree, nullptr);
     }
     _exit(kHung);
 }
@@ -120,6 +124,7 @@ int Run(int argc, char** argv, tOptions options)
     }
     std::filesystem::create_directories(options.sFolder);
     tour::SampleTree tree;
+    g_pTree = tree.Root().c_str();
     ProvideScreen(tree);
     qInstallMessageHandler(&Complaint);
     tour::Launches launches;

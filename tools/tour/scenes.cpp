@@ -125,7 +125,9 @@ void Progress(Stage& stage)
 void Results(Stage& stage)
 {
     auto& main = stage.main;
-    WidgetOf(&main.form)->resize(720, 400); // room for the paths
+    QWidget* const pWindow = WidgetOf(&main.form);
+    pWindow->resize(720, 400); // room for the paths
+    QTest::mouseMove(pWindow->windowHandle(), QPoint(700, 300));
     stage.ExpectGroups(ByContent(), "the list");
     stage.ExpectEqual(stage.Status(), "Done | 9", "the status");
     stage.Expect(!WidgetOf(&main.lvFake)->isVisible(), "the results can be seen");
