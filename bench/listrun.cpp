@@ -3,7 +3,11 @@
 
 #include "ListView.h"
 #include "ListViewWidget.h"
+#include "PosixVolumes.h"
+#include "QtWindows.h"
+#include "System.h"
 #include "Texts.h"
+#include "mSelect.h"
 
 #include <QApplication>
 #include <QScrollBar>
@@ -15,6 +19,7 @@
 #include <fstream>
 #include <functional>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -116,9 +121,17 @@ void Run(std::size_t nRows)
     bar.setValue(bar.maximum());
     Report(*view.viewport(), "Shift+click over all", [&] { Click(view, true, Qt::ShiftModifier); });
     Report(*view.viewport(), "a key from end to end", [&] { QTest::keyClick(&view, Qt::Key_Home); });
-    Report(*view.viewport(), "select all", [&] { SetSelected(list, [](const auto&) { return true; }); });
-    Report(*view.viewport(), "invert",
-           [&] { SetSelected(list, [](const auto& item) { return !item.Selected(); }); });
+    const std::pair<const char*, void (*)(platform::ListView&)> kCommands[] = {
+        {"Duplicated Files", results::SelectDuplicatedFiles},
+        {"Empty Files", results::SelectEmptyFiles},
+        {"Same Drive", results::SelectSameDrive},
+        {"Same Path", results::SelectSamePath},
+        {"All", results::SelectAll},
+        {"Invert", results::SelectInvert},
+    };
+    for (const auto& [pName, command] : kCommands) {
+        Report(*view.viewport(), pName, [&, command = command] { command(list); });
+    }
     Report(*view.viewport(), "a letter that no name begins with", [&] { QTest::keyClick(&view, Qt::Key_Z); });
     const std::size_t nAfter = ResidentBytes();
     Report(*view.viewport(), "clear", [&] { list.ListItems.Clear(); });
@@ -139,6 +152,12 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "Usage: listrun [ROWS]\n");
         return 2;
     }
+    desktop::QtWindows windows;
+    desktop::PosixVolumes volumes;
+    platform::tSystem system;
+    system.windows = &windows;
+    system.volumes = &volumes;
+    platform::UseSystem(system);
     Run(nRows);
     return 0;
 }
