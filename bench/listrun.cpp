@@ -3,6 +3,7 @@
 
 #include "ListView.h"
 #include "ListViewWidget.h"
+#include "Memory.h"
 #include "PosixVolumes.h"
 #include "QtWindows.h"
 #include "System.h"
@@ -16,7 +17,6 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <functional>
 #include <string>
 #include <utility>
@@ -25,16 +25,6 @@ namespace {
 
 constexpr std::size_t kGroup = 4;
 constexpr std::size_t kFilesInFolder = 30;
-
-/// Memory in use, in bytes.
-std::size_t ResidentBytes()
-{
-    std::ifstream status("/proc/self/statm");
-    std::size_t nTotal = 0;
-    std::size_t nResident = 0;
-    status >> nTotal >> nResident;
-    return nResident * 4096;
-}
 
 std::string Name(std::size_t n)
 {
@@ -105,7 +95,7 @@ void Run(std::size_t nRows)
     desktop::ListViewWidget view(list, nullptr);
     view.resize(1000, 800);
 
-    const std::size_t nBefore = ResidentBytes();
+    const std::size_t nBefore = bench::ResidentBytes();
     std::size_t nNames = 0;
     Report(*view.viewport(), "fill and show", [&] {
         nNames = Fill(list, nRows);
@@ -133,7 +123,7 @@ void Run(std::size_t nRows)
         Report(*view.viewport(), pName, [&, command = command] { command(list); });
     }
     Report(*view.viewport(), "a letter that no name begins with", [&] { QTest::keyClick(&view, Qt::Key_Z); });
-    const std::size_t nAfter = ResidentBytes();
+    const std::size_t nAfter = bench::ResidentBytes();
     Report(*view.viewport(), "clear", [&] { list.ListItems.Clear(); });
     std::printf("%-36s %8.1f\n", "bytes a row, above the names",
                 static_cast<double>(nAfter - nBefore - nNames) / static_cast<double>(nRows));

@@ -3,6 +3,7 @@
 // search found what it had to, that no file was lost and none came out other than it was. Says how much
 // memory is in use on the way. Ends with 1 at the first departure.
 
+#include "Memory.h"
 #include "PosixFiles.h"
 #include "Program.h"
 #include "RandomUser.h"
@@ -18,19 +19,9 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 
 namespace soak {
 namespace {
-
-std::size_t ResidentKilobytes()
-{
-    std::ifstream status("/proc/self/statm");
-    std::size_t nTotal = 0;
-    std::size_t nResident = 0;
-    status >> nTotal >> nResident;
-    return nResident * 4;
-}
 
 /// One visit after the other, each to a program that has been used before.
 class Visits
@@ -218,7 +209,8 @@ int Run(int argc, char* argv[])
         if (now >= nextWord) {
             nextWord += duration / 10;
             std::printf("%zu visits, %zu searches (%zu cancelled), %zu operations, %zu KB\n", nVisits,
-                        visits.nSearches, visits.nCancelled, visits.nOperations, ResidentKilobytes());
+                        visits.nSearches, visits.nCancelled, visits.nOperations,
+                        bench::ResidentBytes() / 1024);
             std::fflush(stdout);
         }
         if (!bFine || now - start >= duration) {
@@ -228,7 +220,7 @@ int Run(int argc, char* argv[])
     next.start(0);
     program.Run();
     std::printf("%s after %zu visits, %zu KB\n", bFine ? "no departure" : "departed", nVisits,
-                ResidentKilobytes());
+                bench::ResidentBytes() / 1024);
     return bFine ? 0 : 1;
 }
 
