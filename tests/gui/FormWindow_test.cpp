@@ -444,7 +444,9 @@ TEST_F(FormWindow, AMessageWaitsForItsButton)
         auto* const pBox = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
         if (pBox != nullptr && pBox->isActiveWindow()) {
             wait.stop();
-            EXPECT_EQ(pBox->text(), "<b>No.</b>");
+            EXPECT_TRUE(pBox->text().startsWith(QLatin1String("<b>No.</b> mm")));
+            const auto* const pText = pBox->findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+            EXPECT_LE(pText->minimumSizeHint().width(), pBox->width()) << "cut off";
             EXPECT_EQ(pBox->textFormat(), Qt::PlainText);
             EXPECT_EQ(pBox->windowTitle(), "Tallyfen");
             EXPECT_EQ(pBox->icon(), QMessageBox::Warning);
@@ -453,7 +455,7 @@ TEST_F(FormWindow, AMessageWaitsForItsButton)
         }
     });
     wait.start(1);
-    platform::Messages().Show("<b>No.</b>", platform::MessageIcon::Exclamation);
+    platform::Messages().Show("<b>No.</b> " + std::string(255, 'm'), platform::MessageIcon::Exclamation);
     EXPECT_EQ(one.Heard(), "asked");
 }
 
