@@ -57,8 +57,7 @@ bool TakeFolder(std::string_view& sPath, std::string_view sFolder)
 
 } // namespace
 
-FolderModel::FolderModel(const std::vector<tRootFolder>& rootFolders)
-    : m_nodes(1), m_icon(Picture("folder"))
+FolderModel::FolderModel(const std::vector<tRootFolder>& rootFolders) : m_nodes(1), m_icon(Picture("folder"))
 {
     std::vector<tNode> nodes;
     nodes.reserve(rootFolders.size());
