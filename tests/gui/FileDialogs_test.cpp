@@ -276,14 +276,21 @@ TEST_F(SaveFile, SaysWhereNothingCanBeWritten)
     const std::string sReadOnly = tree.File("read-only.txt");
     chmod(sReadOnly.c_str(), 0444);
     chmod((tree.sRoot + "/closed").c_str(), 0555);
+    EXPECT_EQ(mkfifo((tree.sRoot + "/pipe.txt").c_str(), 0666), 0);
     chmod(tree.sRoot.c_str(), 0755);
     if (geteuid() == 0 && setresuid(65534, 65534, 0) != 0) {
         GTEST_SKIP();
     }
     EXPECT_EQ(Ask([&](QDialog& dialog) {
-                  for (const char* pWrong : {"read-only", "closed/x", "/dev/null"}) {
+                  const std::pair<const char*, const char*> cases[] = {
+                      {"read-only", "You are not permitted to write to this file."},
+                      {"closed/x", "You are not permitted to write to this folder."},
+                      {"pipe", "There is something of that name that is no file."}};
+                  for (const auto& [pWrong, pFault] : cases) {
                       Type(dialog, pWrong);
-                      EXPECT_TRUE(dialog.isVisible() && Child<QLabel>(dialog, "fault").isVisible()) << pWrong;
+                      const auto& fault = Child<QLabel>(dialog, "fault");
+                      EXPECT_TRUE(dialog.isVisible() && fault.isVisible()) << pWrong;
+                      EXPECT_EQ(fault.text().toStdString(), pFault) << pWrong;
                   }
                   Answers::Click(dialog, "cancel");
               }),

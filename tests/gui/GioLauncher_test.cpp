@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QPushButton>
 #include <cerrno>
 #include <sys/wait.h>
@@ -89,8 +90,12 @@ TEST_F(Launching, SaysWhyNothingCanBeStarted)
     }
     // Of these the program says nothing, so the shell does.
     for (const std::string& sCommand : {std::string("explorer.exe"), std::string("rundll32.exe")}) {
-        answers.Expect("launchFault", "ok");
-        const std::string sPath = sFolder + "no\nne";
+        answers.Expect("launchFault", [](QDialog& dialog) {
+            const auto* const pText = dialog.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+            EXPECT_LE(pText->minimumSizeHint().width(), dialog.width()) << "cut off";
+            Answers::Click(dialog, "ok");
+        });
+        const std::string sPath = sFolder + "no\nne" + std::string(240, 'm');
         EXPECT_EQ(Open(sCommand, (sCommand == "explorer.exe" ? "" : kChoose) + sPath), ENOENT);
     }
 }
@@ -158,8 +163,15 @@ TEST_F(Launching, ShowsPropertiesInASheetOfItsOwn)
         return launcher.ShellExecuteExA(info);
     };
     EXPECT_FALSE(show(""));
-    answers.Expect("launchFault", "ok");
-    EXPECT_FALSE(show(Quoted(tree.sRoot + "/none")));
+    for (const auto& [sPath, nError] : {std::pair("/none", ENOENT), std::pair("/file/x", ENOTDIR)}) {
+        answers.Expect("launchFault", [nError = nError](QDialog& dialog) {
+            const QString sText = dynamic_cast<QMessageBox&>(dialog).text();
+            EXPECT_TRUE(sText.endsWith(QLatin1String(strerror(nError)))) << sText.toStdString();
+            Answers::Click(dialog, "ok");
+        });
+        tree.File("file");
+        EXPECT_FALSE(show(Quoted(tree.sRoot + sPath)));
+    }
     const std::string sFile = tree.File("<i>\n\xFF.txt", std::string(12'345, 'x'));
     chmod(sFile.c_str(), 04640);
     EXPECT_TRUE(show(Quoted(sFile)));

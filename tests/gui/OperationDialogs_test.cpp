@@ -84,7 +84,7 @@ TEST_F(OperationDialogs, ConfirmTheSetOnce)
 TEST_F(OperationDialogs, AskBeforeTheyReplace)
 {
     const desktop::tFileFacts source{"/from/" + std::string(300, 'd') + "/a\nb.txt", 10, 45'000.5};
-    const desktop::tFileFacts target{"/to/a\nb.txt", 9, 45'000.25};
+    const desktop::tFileFacts target{"/to/a\nb" + std::string(250, 'm'), 9, 45'000.25};
     const auto press = [](Qt::Key key) { return [key](QDialog& dialog) { QTest::keyClick(&dialog, key); }; };
     const auto click = [](const char* pButton, bool bForAll) {
         return [=](QDialog& dialog) {
@@ -162,12 +162,16 @@ TEST_F(OperationDialogs, SayAtTheEndWhatWasNotDone)
     const struct {
         desktop::tOperationOutcome outcome;
         const char* pText;
+        std::size_t nMissing = 0;
     } cases[] = {
         {{8'999, false, {{"/a\nb", "The folder is read-only."}}},
          "1 of 9000 files was not moved to the trash:"},
         {{7, true, {}}, "You cancelled. 7 of 9000 files were moved to the trash before."},
         {{0, false, std::vector<desktop::tNotDone>(9'000, {"/x", "Why."})},
          "9000 files were not moved to the trash:"},
+        {{9'000, false, {{"/a\nb", "The folder is read-only."}}},
+         "1 of 9001 files was not moved to the trash:",
+         1},
     };
     for (const auto& each : cases) {
         const auto& notDone = each.outcome.notDone;
@@ -184,7 +188,9 @@ TEST_F(OperationDialogs, SayAtTheEndWhatWasNotDone)
             }
             QTest::keyClick(&dialog, notDone.empty() ? Qt::Key_Return : Qt::Key_Escape);
         });
-        dialogs.Finished(operation, each.outcome);
+        auto asked = operation;
+        asked.nMissing = each.nMissing;
+        dialogs.Finished(asked, each.outcome);
     }
 }
 

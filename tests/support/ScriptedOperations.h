@@ -38,9 +38,10 @@ public:
         ++nProgress;
         return !onProgress || onProgress(progress);
     }
-    void Finished(const desktop::tOperation& /*operation*/, const desktop::tOperationOutcome& result) override
+    void Finished(const desktop::tOperation& operation, const desktop::tOperationOutcome& result) override
     {
-        shown.emplace_back("Finished");
+        shown.push_back("Finished " + std::to_string(operation.nFiles) + " and " +
+                        std::to_string(operation.nMissing));
         outcome = result;
     }
 

@@ -1,5 +1,6 @@
 #include "QtWindows.h"
 
+#include "Breakable.h"
 #include "FormWindow.h"
 #include "Menu.h"
 #include "Twips.h"
@@ -136,7 +137,7 @@ void QtWindows::Show(std::string_view sText, platform::MessageIcon icon)
     box.setIcon(icon == platform::MessageIcon::Stop ? QMessageBox::Critical : QMessageBox::Warning);
     box.setWindowTitle(QStringLiteral("Tallyfen"));
     box.setTextFormat(Qt::PlainText);
-    box.setText(QString::fromUtf8(sText.data(), static_cast<qsizetype>(sText.size())));
+    box.setText(Breakable(QString::fromUtf8(sText.data(), static_cast<qsizetype>(sText.size()))));
     box.setStandardButtons(QMessageBox::Ok);
     box.exec();
     GiveBackKeyboard(pOver);

@@ -13,9 +13,34 @@
 namespace desktop {
 namespace {
 
-bool MayRemoveFrom(int hFolder)
+bool MayChange(int hFolder)
 {
     return faccessat(hFolder, ".", W_OK | X_OK, AT_EACCESS) == 0;
+}
+
+/// Why a file cannot be taken out of its folder, as far as that can be known beforehand: the system's error
+/// number, or 0.
+int WhyNotRemovable(const FolderEntry& file)
+{
+    // 1. A folder that is not to change.
+    if (!MayChange(file.Folder())) {
+        return errno;
+    }
+    // 2. In a folder of all users, what is another's.
+    const tLook folder = LookAt(file.Folder());
+    const tLook look = file.Look();
+    const uid_t me = geteuid();
+    if (me != 0 && folder.nError == 0 && (folder.status.st_mode & S_ISVTX) != 0 &&
+        folder.status.st_uid != me && look.nError == 0 && look.status.st_uid != me) {
+        return EPERM;
+    }
+    // 3. A file that is locked against any change.
+    struct statx status {
+    };
+    constexpr std::uint64_t nLocked = STATX_ATTR_IMMUTABLE | STATX_ATTR_APPEND;
+    const int nResult = statx(file.Folder(), file.Name().c_str(), AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT,
+                              STATX_BASIC_STATS, &status);
+    return nResult == 0 && (status.stx_attributes & nLocked) != 0 ? EPERM : 0;
 }
 
 /// What came of giving a file its new name.
@@ -42,7 +67,8 @@ int RenameIfStill(const tOrigin& from, const tName& to, tEnding& ending)
     const int nError = RenameWithoutReplacing(from.name, to);
     if (nError != 0) {
         // Which of the two folders is it that the user may not change?
-        const bool bRemove = nError == EPERM || (nError == EACCES && !MayRemoveFrom(from.name.hFolder));
+        const bool bRemove =
+            nError == EPERM ? MayChange(to.hFolder) : nError == EACCES && !MayChange(from.name.hFolder);
         ending = tEnding::NotDone(Reason(nError, bRemove ? Step::Remove : Step::Write));
     }
     return nError;
@@ -139,11 +165,11 @@ tEnding FileTransfer::Settle(tJob& job)
 tEnding FileTransfer::Copy(const tJob& job)
 {
     // 1. A move that could not be finished is not begun.
-    if (m_bMove && !MayRemoveFrom(job.source.Folder())) {
-        return tEnding::NotDone(Reason(errno, Step::Remove));
+    int nError = m_bMove ? WhyNotRemovable(job.source) : 0;
+    if (nError != 0) {
+        return tEnding::NotDone(Reason(nError, Step::Remove));
     }
     // 2. The file that was meant, whatever its name leads to by now.
-    int nError = 0;
     const Descriptor source = job.source.Open(O_RDONLY | O_NONBLOCK, nError);
     if (nError != 0) {
         return tEnding::NotDone(Reason(nError, Step::Read));
@@ -168,7 +194,7 @@ tEnding FileTransfer::Copy(const tJob& job)
         return ending;
     }
     made.Keep();
-    return m_bMove ? RemoveSource(job, source.Get()) : tEnding();
+    return m_bMove ? RemoveSource(job, source.Get(), made.Get()) : tEnding();
 }
 
 /// Brings all that `hSource` is into the temporary file and that onto the disk.
@@ -196,11 +222,11 @@ tEnding FileTransfer::Fill(const tJob& job, int hSource, const Status& status, c
     return IsStill(LookAt(hSource), job.file.identity);
 }
 
-/// The end of a move from one volume to another. `hSource` is the file that was copied.
-tEnding FileTransfer::RemoveSource(const tJob& job, int hSource) const
+/// The end of a move from one volume to another. `hSource` is the file that was copied, `hCopy` its copy.
+tEnding FileTransfer::RemoveSource(const tJob& job, int hSource, int hCopy) const
 {
     // 1. The new name is on the disk before the old one goes.
-    int nError = m_folder.Sync();
+    int nError = m_folder.Sync(hCopy);
     if (nError != 0) {
         return tEnding::NotDone("It was copied but not removed. " + Reason(nError, Step::Write));
     }

@@ -36,7 +36,7 @@ private:
     tEnding Settle(tJob& job);
     tEnding Copy(const tJob& job);
     static tEnding Fill(const tJob& job, int hSource, const Status& status, const TemporaryFile& made);
-    [[nodiscard]] tEnding RemoveSource(const tJob& job, int hSource) const;
+    [[nodiscard]] tEnding RemoveSource(const tJob& job, int hSource, int hCopy) const;
 
     TargetFolder m_folder;
     bool m_bMove;

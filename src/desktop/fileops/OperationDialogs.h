@@ -16,6 +16,7 @@ struct tOperation {
     std::size_t nFiles = 0;
     std::int64_t cyTotal = 0;              ///< bytes in all of them
     platform::WindowHandle hwnd = nullptr; ///< over which to ask
+    std::size_t nMissing = 0;              ///< what was asked for besides and is no file any more
 };
 
 /// A file as a question shows it. The path is exact bytes.

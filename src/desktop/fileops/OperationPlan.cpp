@@ -58,6 +58,7 @@ std::optional<tOperationPlan> Plan(const platform::SHFILEOPSTRUCT& request)
             {std::move(from[n]), bTargets ? std::move(to[n]) : std::string(), look.Identity()});
     }
     plan.operation.nFiles = plan.files.size();
+    plan.operation.nMissing = plan.notDone.size();
     return plan;
 }
 

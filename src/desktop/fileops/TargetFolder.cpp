@@ -50,12 +50,13 @@ tEnding TargetFolder::Open(const std::string& sPath)
     return {};
 }
 
-int TargetFolder::Sync() const
+int TargetFolder::Sync(int hFile) const
 {
     const Descriptor folder(
         Retried([&] { return openat(m_folder.Get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
     if (!folder.IsOpen()) {
-        return errno;
+        // A folder that takes files but shows none cannot be opened: then all of the volume goes to the disk.
+        return errno == EACCES && syncfs(hFile) == 0 ? 0 : errno;
     }
     // Some file systems have no such thing for folders and say so.
     const bool bSynced = Retried([&] { return fsync(folder.Get()); }) == 0 || errno == EINVAL;

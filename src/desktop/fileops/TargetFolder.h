@@ -16,8 +16,9 @@ public:
 
     [[nodiscard]] int Get() const { return m_folder.Get(); }
 
-    /// Brings the folder's entries to the disk. 0, or the system's error number.
-    [[nodiscard]] int Sync() const;
+    /// Brings the folder's entries to the disk; `hFile` is an open file in it. 0, or the system's error
+    /// number.
+    [[nodiscard]] int Sync(int hFile) const;
 
 private:
     std::string m_sPath;

@@ -24,7 +24,7 @@ QString WhyNotMade(int nError)
         return QStringLiteral("There is something of that name already.");
     case EACCES:
     case EPERM:
-        return QStringLiteral("You are not allowed to make folders here.");
+        return QStringLiteral("You are not permitted to make folders here.");
     default:
         return QString::fromLocal8Bit(std::strerror(nError)) + QLatin1Char('.');
     }

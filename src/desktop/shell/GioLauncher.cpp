@@ -107,7 +107,8 @@ bool GioLauncher::ShellExecuteExA(const platform::SHELLEXECUTEINFO& info)
     }
     const tProperties properties = PropertiesOf(sPath);
     if (properties.empty()) {
-        SayCannotOpen(info.hwnd, sPath, kNoSuchFile);
+        const long nMissing = WhyMissing(sPath);
+        SayCannotOpen(info.hwnd, sPath, nMissing != 0 ? nMissing : kNoSuchFile);
         return false;
     }
     if (!ShowItemProperties(sPath)) {

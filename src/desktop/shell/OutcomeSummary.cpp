@@ -41,14 +41,15 @@ QString Share(std::size_t nPart, std::size_t nAll)
 
 QString Sentences(const tOperation& operation, const tOperationOutcome& outcome)
 {
+    const std::size_t nAll = operation.nFiles + operation.nMissing;
     QStringList sentences;
     if (outcome.bCancelled) {
         sentences << QStringLiteral("You cancelled. %1 %2 before.")
-                         .arg(Share(outcome.nFilesDone, operation.nFiles), Done(operation.operation));
+                         .arg(Share(outcome.nFilesDone, nAll), Done(operation.operation));
     }
     if (!outcome.notDone.empty()) {
         sentences << QStringLiteral("%1 not %2:")
-                         .arg(Share(outcome.notDone.size(), operation.nFiles), Done(operation.operation));
+                         .arg(Share(outcome.notDone.size(), nAll), Done(operation.operation));
     }
     return sentences.join(QLatin1Char('\n'));
 }

@@ -1,5 +1,6 @@
 #include "ProgramChooser.h"
 
+#include "Breakable.h"
 #include "LaunchCode.h"
 #include "ShownText.h"
 #include "Texts.h"
@@ -68,8 +69,8 @@ ProgramChooser::ProgramChooser(QWidget* pOwner, const std::string& sPath, const 
     : ShellDialog(pOwner, QStringLiteral("programChooser"), QStringLiteral("Choose Program")),
       m_start(std::move(start)), m_pList(new QListWidget), m_pSaid(new QLabel)
 {
-    auto* const pText = new QLabel(QStringLiteral("Choose the program to open \u201c%1\u201d with.")
-                                       .arg(ShownText(sPath.substr(sPath.rfind('/') + 1))));
+    auto* const pText = new QLabel(Breakable(QStringLiteral("Choose the program to open \u201c%1\u201d with.")
+                                                 .arg(ShownText(sPath.substr(sPath.rfind('/') + 1)))));
     pText->setTextFormat(Qt::PlainText);
     pText->setWordWrap(true);
     m_pFilter = new FilterEdit(*m_pList);

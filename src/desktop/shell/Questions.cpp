@@ -1,5 +1,6 @@
 #include "Questions.h"
 
+#include "Breakable.h"
 #include "PointerAtRest.h"
 #include "ShellDialog.h"
 
@@ -10,8 +11,8 @@ namespace desktop {
 
 bool AskYesNo(QWidget* pOwner, const tQuestion& question)
 {
-    QMessageBox box(QMessageBox::Question, AsTitle(question.sTitle), question.sText, QMessageBox::NoButton,
-                    pOwner);
+    QMessageBox box(QMessageBox::Question, AsTitle(question.sTitle), Breakable(question.sText),
+                    QMessageBox::NoButton, pOwner);
     box.setObjectName(question.sName);
     box.setTextFormat(Qt::PlainText);
     QPushButton* const pYes = box.addButton(question.sYes, QMessageBox::AcceptRole);
@@ -27,7 +28,8 @@ bool AskYesNo(QWidget* pOwner, const tQuestion& question)
 
 void SayFault(QWidget* pOwner, const QString& sName, const QString& sText)
 {
-    QMessageBox box(QMessageBox::Warning, QStringLiteral("Tallyfen"), sText, QMessageBox::Ok, pOwner);
+    QMessageBox box(QMessageBox::Warning, QStringLiteral("Tallyfen"), Breakable(sText), QMessageBox::Ok,
+                    pOwner);
     box.setObjectName(sName);
     box.setTextFormat(Qt::PlainText);
     box.button(QMessageBox::Ok)->setObjectName(QStringLiteral("ok"));

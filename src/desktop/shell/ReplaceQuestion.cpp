@@ -1,5 +1,6 @@
 #include "ReplaceQuestion.h"
 
+#include "Breakable.h"
 #include "PathLabel.h"
 #include "ShownText.h"
 #include "SizeText.h"
@@ -54,8 +55,9 @@ ReplaceQuestion::ReplaceQuestion(QWidget* pOwner, const tFileFacts& source, cons
       m_pForAll(new QCheckBox(QStringLiteral("Do the same for &all further files")))
 {
     m_pForAll->setObjectName(QStringLiteral("forAll"));
-    auto* const pText = Line(QStringLiteral("A file named \u201c%1\u201d is already there. Replace it?")
-                                 .arg(ShownText(target.sPath.substr(target.sPath.rfind('/') + 1))));
+    auto* const pText =
+        Line(Breakable(QStringLiteral("A file named \u201c%1\u201d is already there. Replace it?")
+                           .arg(ShownText(target.sPath.substr(target.sPath.rfind('/') + 1)))));
     pText->setWordWrap(true);
     const bool bDatesKnown = source.dtDate != 0 && target.dtDate != 0;
     auto* const pButtons = new QDialogButtonBox;

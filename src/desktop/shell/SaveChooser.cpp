@@ -58,17 +58,17 @@ QString WhyNotWritable(const std::string& sPath, bool& bThere)
         return Sentence(errno);
     }
     if (bThere && !S_ISREG(status.st_mode)) {
-        return QStringLiteral("There is something of that name which is no file.");
+        return QStringLiteral("There is something of that name that is no file.");
     }
     const std::string sAsked = bThere ? sPath : sPath.substr(0, sPath.rfind('/') + 1);
     if (access(sAsked.c_str(), W_OK) == 0) {
         return {};
     }
-    if (errno != EACCES) {
+    if (errno != EACCES && errno != EPERM) {
         return Sentence(errno);
     }
-    return bThere ? QStringLiteral("You are not allowed to write to this file.")
-                  : QStringLiteral("You are not allowed to write to this folder.");
+    return bThere ? QStringLiteral("You are not permitted to write to this file.")
+                  : QStringLiteral("You are not permitted to write to this folder.");
 }
 
 /// The canonical path of the folder that `sPath` leads to; empty if it leads to none.

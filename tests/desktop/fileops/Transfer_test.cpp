@@ -224,6 +224,38 @@ TEST_F(Transfer, NamesWhatStandsInTheWay)
     EXPECT_EQ(support::Contents(tree.sRoot + "/sub"), Reasons());
 }
 
+TEST_F(Transfer, BeginsNoMoveToAnotherVolumeThatCannotEnd)
+{
+    if (geteuid() != 0) {
+        GTEST_SKIP() << "needs root to make files of somebody else";
+    }
+    const std::string sTheirs = tree.File("all/theirs", "x");
+    const std::string sOwn = tree.File("own", "x");
+    const std::string sSlot = other.sRoot + "/slot";
+    fs::create_directory(sSlot);
+    EXPECT_EQ(chmod((tree.sRoot + "/all").c_str(), 01777) + chmod(other.sRoot.c_str(), 0777) +
+                  chmod(sSlot.c_str(), 0333) + chown(sOwn.c_str(), 65534, 65534),
+              0);
+    const Reasons locked{{"theirs", "You are not permitted to remove it from its folder."}};
+    {
+        const Unprivileged anybody;
+        EXPECT_EQ(Run(FO_MOVE, {sTheirs}, other.sRoot), locked);
+        // A folder that takes files and shows none is as good as any.
+        EXPECT_EQ(Run(FO_MOVE, {sOwn}, sSlot), Reasons());
+    }
+    EXPECT_EQ(support::Contents(sSlot), (Reasons{{"own", "x"}}));
+    EXPECT_FALSE(fs::exists(sOwn));
+    // Locked for root, too.
+    if (Shell("chattr +i '" + sTheirs + "'")) {
+        EXPECT_EQ(Run(FO_MOVE, {sTheirs}, other.sRoot), locked);
+        Shell("chattr -i '" + sTheirs + "'; chattr +i '" + Folder("fixed") + "'");
+        EXPECT_EQ(Run(FO_MOVE, {sTheirs}, Folder("fixed")),
+                  (Reasons{{"theirs", "You are not permitted to change the destination folder."}}));
+        Shell("chattr -i '" + Folder("fixed") + "'");
+    }
+    EXPECT_EQ(support::Contents(other.sRoot), Reasons());
+}
+
 /// What happens to the files while the content of one is being copied, or right before a call.
 TEST_F(Transfer, TakesNotFromNorOverWhatChangesMeanwhile)
 {

@@ -59,7 +59,8 @@ TEST_F(Trash, AsksOnceAndFirst)
     EXPECT_EQ(support::Contents(tree.sRoot).size(), 2U);
     user.bConfirm = true;
     EXPECT_EQ(Run(FO_DELETE, paths), (Reasons{{"gone", "It is no longer there."}}));
-    EXPECT_EQ(user.shown, (std::vector<std::string>{"Confirm 2 8", "Confirm 2 8", "Started", "Finished"}));
+    EXPECT_EQ(user.shown,
+              (std::vector<std::string>{"Confirm 2 8", "Confirm 2 8", "Started", "Finished 2 and 1"}));
     EXPECT_EQ(user.outcome.nFilesDone, 2U);
     user.shown.clear();
     Run(FO_DELETE, {});
