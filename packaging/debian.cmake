@@ -22,8 +22,8 @@ set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# What no library list tells: the plugin that draws the pictures, and the typeface that the forms are made for.
+# What no library list tells: the plugin that draws the pictures, and the typeface that the forms are made for;
+# qt6-wayland speaks to desktops that are no X servers.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS libqt6svg6)
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS fonts-dejavu-extra)
-set(CPACK_DEBIAN_PACKAGE_SUGGESTS qt6-wayland)
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-dejavu-extra, qt6-wayland")
 include(CPack)

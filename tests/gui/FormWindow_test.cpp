@@ -241,7 +241,7 @@ TEST_F(FormWindow, MenusSayAndDoWhatTheItemsSay)
         QTest::keyClick(pMenu, Qt::Key_Down);
         QTest::keyClick(pMenu, Qt::Key_Return);
     });
-    platform::Windows().PopupMenu(one.mnuFile);
+    platform::Windows().PopupMenu(one.mnuFile, nullptr);
     EXPECT_EQ(one.Heard(), "find");
 }
 

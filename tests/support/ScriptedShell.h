@@ -118,7 +118,7 @@ private:
     }
     void TakeDownForm(platform::Form& shown) override { log.push_back("down " + shown.design.sCaption); }
     void RefreshForm(platform::Form& /*form*/) override {}
-    void PopupMenu(platform::MenuItem& /*menu*/) override {}
+    void PopupMenu(platform::MenuItem& /*menu*/, const platform::ListView* /*pList*/) override {}
     void SetForegroundWindow(platform::WindowHandle hWnd) override
     {
         log.emplace_back(hWnd == &form ? "front main" : "front");

@@ -21,7 +21,10 @@ public:
     }
     void TakeDownForm(platform::Form& form) override { sLog += "; down " + form.design.sCaption; }
     void RefreshForm(platform::Form& form) override { sLog += "; refresh " + form.design.sCaption; }
-    void PopupMenu(platform::MenuItem& menu) override { sLog += "; menu " + menu.sCaption; }
+    void PopupMenu(platform::MenuItem& menu, const platform::ListView* pList) override
+    {
+        sLog += "; menu " + menu.sCaption + (pList != nullptr ? " at the row" : "");
+    }
     void SetForegroundWindow(platform::WindowHandle /*hWnd*/) override { sLog += "; front"; }
     void LockWindowUpdate(platform::WindowHandle hWnd) override
     {

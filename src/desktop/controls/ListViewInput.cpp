@@ -4,6 +4,7 @@
 #include "ListViewWidget.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
 
@@ -111,6 +112,17 @@ void ListViewWidget::mouseDoubleClickEvent(QMouseEvent* pEvent)
     } else if (m_list.DblClick) {
         m_list.DblClick();
     }
+}
+
+void ListViewWidget::contextMenuEvent(QContextMenuEvent* pEvent)
+{
+    // What the mouse asks for comes when its button goes up.
+    if (pEvent->reason() != QContextMenuEvent::Keyboard || !m_list.MenuKey) {
+        QTreeView::contextMenuEvent(pEvent);
+        return;
+    }
+    BringUpToDate();
+    m_list.MenuKey();
 }
 
 void ListViewWidget::keyPressEvent(QKeyEvent* pEvent)

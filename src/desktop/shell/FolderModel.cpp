@@ -57,8 +57,7 @@ bool TakeFolder(std::string_view& sPath, std::string_view sFolder)
 
 } // namespace
 
-FolderModel::FolderModel(const std::vector<tRootFolder>& rootFolders)
-    : m_nodes(1), m_icon(Picture("folder"))
+FolderModel::FolderModel(const std::vector<tRootFolder>& rootFolders) : m_nodes(1), m_icon(Picture("folder"))
 {
     std::vector<tNode> nodes;
     nodes.reserve(rootFolders.size());
@@ -233,6 +232,12 @@ void FolderModel::fetchMore(const QModelIndex& parent)
     beginInsertRows(parent, 0, static_cast<int>(children.size()) - 1);
     AddChildren(Number(parent), std::move(children));
     endInsertRows();
+}
+
+QVariant FolderModel::headerData(int /*nSection*/, Qt::Orientation /*orientation*/, int nRole) const
+{
+    // Seen by nobody, but heard.
+    return nRole == Qt::DisplayRole ? QVariant(QStringLiteral("Folder")) : QVariant();
 }
 
 QVariant FolderModel::data(const QModelIndex& index, int role) const
