@@ -15,6 +15,7 @@
 #include <QTest>
 #include <QTimer>
 #include <QTreeView>
+#include <functional>
 #include <gtest/gtest.h>
 #include <set>
 #include <string>
@@ -149,7 +150,7 @@ TEST_F(Accessibility, TheMenuKeyOpensTheMenuAtTheCurrentRow)
     auto* const pRows = dynamic_cast<QTreeView*>(WidgetOf(&main.lvFiles));
     ASSERT_NE(pRows, nullptr);
     pRows->setFocus();
-    const auto ask = [&](QContextMenuEvent::Reason reason) {
+    const auto ask = [&](const std::function<void()>& press) {
         QPoint place;
         QTimer look;
         QObject::connect(&look, &QTimer::timeout, &look, [&] {
@@ -159,12 +160,17 @@ TEST_F(Accessibility, TheMenuKeyOpensTheMenuAtTheCurrentRow)
             }
         });
         look.start(0);
-        QContextMenuEvent event(reason, {}, {});
-        QApplication::sendEvent(pRows, &event);
+        press();
         return place;
     };
-    EXPECT_TRUE(pRows->visualRect(pRows->model()->index(2, 0)).contains(ask(QContextMenuEvent::Keyboard)));
-    EXPECT_EQ(ask(QContextMenuEvent::Mouse), QPoint()) << "the mouse has its own way";
+    const auto menuKey = [&](QContextMenuEvent::Reason reason) {
+        QContextMenuEvent event(reason, {}, {});
+        QApplication::sendEvent(pRows, &event);
+    };
+    const QRect row = pRows->visualRect(pRows->model()->index(2, 0));
+    EXPECT_TRUE(row.contains(ask([&] { menuKey(QContextMenuEvent::Keyboard); })));
+    EXPECT_TRUE(row.contains(ask([&] { QTest::keyClick(pRows, Qt::Key_F10, Qt::ShiftModifier); })));
+    EXPECT_EQ(ask([&] { menuKey(QContextMenuEvent::Mouse); }), QPoint()) << "the mouse has its own way";
 }
 
 } // namespace

@@ -132,6 +132,12 @@ void ListViewWidget::keyPressEvent(QKeyEvent* pEvent)
         pEvent->ignore();
         return;
     }
+    // The toolkit knows the menu key, but not what stands for it on keyboards that have none.
+    if (pEvent->key() == Qt::Key_F10 && pEvent->modifiers() == Qt::ShiftModifier && m_list.MenuKey) {
+        BringUpToDate();
+        m_list.MenuKey();
+        return;
+    }
     constexpr std::array<std::pair<int, CursorAction>, 6> kMoves = {{
         {Qt::Key_Up, MoveUp},
         {Qt::Key_Down, MoveDown},
