@@ -17,6 +17,8 @@ void PutOnFace()
     QApplication::setDesktopFileName(QStringLiteral("tallyfen"));
     QApplication::setWindowIcon(Picture("tallyfen"));
     QApplication::setQuitOnLastWindowClosed(false);
+    // The texts are English, the forms placed from the left, and a path reads from the left in any language.
+    QApplication::setLayoutDirection(Qt::LeftToRight);
     QFont font;
     font.setFamilies(
         {QStringLiteral("Tahoma"), QStringLiteral("DejaVu Sans Condensed"), QStringLiteral("DejaVu Sans")});

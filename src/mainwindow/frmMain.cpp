@@ -24,6 +24,7 @@ frmMain::frmMain()
 
     lvFiles.MouseDown = [this](int, int, float x, float y) { lvFiles_MouseDown(x, y); };
     lvFiles.MouseUp = [this](int Button, int, float, float) { lvFiles_MouseUp(Button); };
+    lvFiles.MenuKey = [this] { lvFiles_MenuKey(); };
     lvFiles.DblClick = [this] { lvFiles_DblClick(); };
     lvFiles.KeyUp = [this](int KeyCode, int Shift) { lvFiles_KeyUp(KeyCode, Shift); };
     lvFolders.KeyUp = [this](int KeyCode, int Shift) { lvFolders_KeyUp(KeyCode, Shift); };

@@ -69,6 +69,7 @@ private:
 
     void lvFiles_MouseDown(float x, float y);
     void lvFiles_MouseUp(int Button);
+    void lvFiles_MenuKey();
     void lvFiles_DblClick();
     void lvFiles_KeyUp(int KeyCode, int Shift);
     void lvFolders_KeyUp(int KeyCode, int Shift);

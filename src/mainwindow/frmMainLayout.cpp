@@ -18,12 +18,18 @@ void frmMain::DesignControls()
     const struct {
         platform::Control& control;
         platform::tPlace place;
+        const char* pSpokenName;
     } kInTabOrder[] = {
-        {StatusBar1, {0, 5160, 8085, 330}}, {Toolbar1, {0, 0, 8085, 720}}, {lvFolders, {0, 735, 8100, 1485}},
-        {lvFiles, {0, 2310, 8100, 2010}},   {picSep, {0, 2205, 8100, 30}}, {lvFake, {5565, 2940, 2325, 2010}},
+        {StatusBar1, {0, 5160, 8085, 330}, "Status"},
+        {Toolbar1, {0, 0, 8085, 720}, "Commands"},
+        {lvFolders, {0, 735, 8100, 1485}, "Folders to compare"},
+        {lvFiles, {0, 2310, 8100, 2010}, "Duplicated files found"},
+        {picSep, {0, 2205, 8100, 30}, "Border between the lists"},
+        {lvFake, {5565, 2940, 2325, 2010}, "Results of the search that is running"},
     };
-    for (const auto& [control, place] : kInTabOrder) {
+    for (const auto& [control, place, pSpokenName] : kInTabOrder) {
         control.SetPlace(place);
+        control.sSpokenName = pSpokenName;
         form.controls.push_back(&control);
     }
     lvFolders.ShowsSelectionAlways = true;

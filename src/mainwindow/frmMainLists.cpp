@@ -32,8 +32,13 @@ void frmMain::lvFiles_MouseDown(float x, float y)
 void frmMain::lvFiles_MouseUp(int Button)
 {
     if (Button == platform::kRightButton) {
-        platform::Windows().PopupMenu(mnuFile);
+        platform::Windows().PopupMenu(mnuFile, nullptr);
     }
+}
+
+void frmMain::lvFiles_MenuKey()
+{
+    platform::Windows().PopupMenu(mnuFile, &lvFiles);
 }
 
 void frmMain::lvFiles_DblClick()

@@ -54,6 +54,9 @@ public:
 
     WindowHandle hWnd() { return this; }
 
+    /// What the control is called for those who hear it; empty where a text of its own says it.
+    std::string sSpokenName;
+
     /// The name of the control's class as the system's window functions know it; empty if nobody asks.
     [[nodiscard]] virtual std::string_view ClassName() const { return {}; }
 

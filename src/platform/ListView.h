@@ -59,6 +59,7 @@ public:
     std::function<void()> DblClick;
     std::function<void(int KeyCode, int Shift)> KeyUp;
     std::function<void()> ColumnClick;
+    std::function<void()> MenuKey; ///< the key for the menu of what has the focus
 
     class ListItems ListItems;
 

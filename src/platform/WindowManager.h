@@ -9,6 +9,7 @@
 namespace platform {
 
 class Form;
+class ListView;
 class MenuItem;
 
 /// Who brings forms to the screen.
@@ -22,8 +23,9 @@ public:
     virtual void TakeDownForm(Form& form) = 0;
     virtual void RefreshForm(Form& form) = 0;
 
-    /// Shows the items of a submenu at the mouse, and returns when one was chosen or none.
-    virtual void PopupMenu(MenuItem& menu) = 0;
+    /// Shows the items of a submenu, and returns when one was chosen or none: at the mouse, or at the current
+    /// row of `pList` if that is given.
+    virtual void PopupMenu(MenuItem& menu, const ListView* pList) = 0;
 
     /// Brings a form to the front and gives it the keyboard.
     virtual void SetForegroundWindow(WindowHandle hWnd) = 0;

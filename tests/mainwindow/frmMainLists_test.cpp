@@ -51,6 +51,9 @@ TEST_F(frmMainLists, RememberWhetherTheLastPressHitARow)
         EXPECT_FALSE(main.bItemHit);
     }
     EXPECT_EQ(windows.sLog, "; menu &File"); // of the right button, over nothing
+    main.lvFiles.MenuKey();
+    EXPECT_EQ(windows.sLog, "; menu &File; menu &File at the row");
+    EXPECT_FALSE(main.bItemHit);
     main.lvFiles.ObserveRows(nullptr);
 }
 

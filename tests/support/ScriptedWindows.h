@@ -23,7 +23,10 @@ public:
     }
     void TakeDownForm(platform::Form& form) override { note("down " + form.design.sCaption); }
     void RefreshForm(platform::Form& form) override { note("refresh " + form.design.sCaption); }
-    void PopupMenu(platform::MenuItem& menu) override { note("menu " + menu.sCaption); }
+    void PopupMenu(platform::MenuItem& menu, const platform::ListView* pList) override
+    {
+        note("menu " + menu.sCaption + (pList != nullptr ? " at the row" : ""));
+    }
     void SetForegroundWindow(platform::WindowHandle /*hWnd*/) override { note("front"); }
     void LockWindowUpdate(platform::WindowHandle hWnd) override { note(hWnd != nullptr ? "lock" : "unlock"); }
 };

@@ -1,5 +1,6 @@
-// A visit to the program on its real windows: tour [--dark] [--scale FACTOR] [FOLDER]. Writes a picture of
-// each scene and a text of what the lists hold into FOLDER, or into a new temporary folder that it names.
+// A visit to the program on its real windows: tour [--dark | --contrast] [--scale FACTOR] [FOLDER]. Writes a
+// picture of each scene and a text of what the lists hold into FOLDER, or into a new temporary folder that it
+// names.
 // Says which scene was not as it has to be, and then ends with 1. Runs off the screen unless told otherwise
 // by QT_QPA_PLATFORM.
 
@@ -24,6 +25,7 @@ constexpr unsigned kPatience = 60; // seconds for a scene
 
 struct tOptions {
     bool bDark = false;
+    bool bContrast = false;
     std::string sFolder;
 };
 
@@ -33,6 +35,8 @@ bool ReadOptions(int argc, char** argv, tOptions& options)
         const std::string_view sArgument = argv[n];
         if (sArgument == "--dark") {
             options.bDark = true;
+        } else if (sArgument == "--contrast") {
+            options.bContrast = true;
         } else if (sArgument == "--scale" && n + 1 < argc) {
             setenv("QT_SCALE_FACTOR", argv[++n], 1);
         } else if (!sArgument.starts_with('-') && options.sFolder.empty()) {
@@ -97,6 +101,18 @@ QPalette DarkPalette()
     return dark;
 }
 
+/// Text and lines in white and yellow on black.
+QPalette ContrastPalette()
+{
+    QPalette contrast(Qt::white, Qt::black, Qt::white, Qt::white, Qt::white, Qt::white, Qt::black);
+    contrast.setColor(QPalette::ButtonText, Qt::yellow);
+    contrast.setColor(QPalette::ToolTipBase, Qt::black);
+    contrast.setColor(QPalette::ToolTipText, Qt::white);
+    contrast.setColor(QPalette::Highlight, Qt::yellow);
+    contrast.setColor(QPalette::HighlightedText, Qt::black);
+    return contrast;
+}
+
 /// Plays all scenes; true if each was as it has to be.
 bool Play(tour::Stage& stage)
 {
@@ -135,8 +151,8 @@ int Run(int argc, char** argv, tOptions options)
         system.events = &stage.Events();
     });
     g_pStage = &stage;
-    if (options.bDark) {
-        QApplication::setPalette(DarkPalette());
+    if (options.bDark || options.bContrast) {
+        QApplication::setPalette(options.bDark ? DarkPalette() : ContrastPalette());
     }
     const bool bAsItHasToBe = Play(stage);
     g_pStage = nullptr;
@@ -150,7 +166,7 @@ int main(int argc, char** argv)
 {
     tOptions options;
     if (!ReadOptions(argc, argv, options)) {
-        std::cerr << "usage: tour [--dark] [--scale FACTOR] [FOLDER]\n";
+        std::cerr << "usage: tour [--dark | --contrast] [--scale FACTOR] [FOLDER]\n";
         return kUsage;
     }
     unsetenv("DBUS_SESSION_BUS_ADDRESS"); // the visitor's own desktop has no part in this

@@ -4,6 +4,7 @@
 #include "ListViewWidget.h"
 #include "Pictures.h"
 #include "ShownText.h"
+#include "SpokenRole.h"
 #include "StatusBar.h"
 #include "StatusBarWidget.h"
 #include "Toolbar.h"
@@ -68,6 +69,9 @@ public:
         : ControlView(form, box, *new QWidget(pParent)), m_box(box)
     {
         Widget().setAutoFillBackground(true);
+        if (m_box.SizesNorthSouth()) {
+            GiveSpokenRole(Widget(), QAccessible::Splitter);
+        }
         Widget().installEventFilter(this);
     }
 
@@ -179,6 +183,7 @@ public:
         auto& bar = static_cast<QProgressBar&>(Widget());
         bar.setRange(0, 100);
         bar.setTextVisible(false);
+        bar.setAccessibleName(QStringLiteral("Progress"));
     }
 
     void Follow() override
@@ -228,6 +233,9 @@ std::unique_ptr<ControlView> ShowControl(const platform::Form& form, platform::C
         if (auto view = show(form, control, parent)) {
             view->Follow();
             view->Flush();
+            if (!control.sSpokenName.empty()) {
+                view->Widget().setAccessibleName(ShownText(control.sSpokenName));
+            }
             return view;
         }
     }

@@ -3,6 +3,7 @@
 #include "ControlWidgets.h"
 #include "DockedView.h"
 #include "ShownText.h"
+#include "SpokenRole.h"
 #include "Twips.h"
 #include "WidgetOf.h"
 #include "Widgets.h"
@@ -33,6 +34,7 @@ FormWindow::FormWindow(platform::Form& form, QWidget* pOwner)
 {
     setWindowTitle(ShownText(form.design.sCaption));
     setWindowFlags(FrameOf(form.design));
+    GiveSpokenRole(*this, form.design.bShowInTaskbar ? QAccessible::Window : QAccessible::Dialog);
     if (m_pOwner != nullptr) {
         winId(); // makes the system's window, which is what has an owner
         windowHandle()->setTransientParent(m_pOwner->windowHandle());

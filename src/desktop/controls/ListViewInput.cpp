@@ -4,6 +4,7 @@
 #include "ListViewWidget.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
 
@@ -113,11 +114,28 @@ void ListViewWidget::mouseDoubleClickEvent(QMouseEvent* pEvent)
     }
 }
 
+void ListViewWidget::contextMenuEvent(QContextMenuEvent* pEvent)
+{
+    // What the mouse asks for comes when its button goes up.
+    if (pEvent->reason() != QContextMenuEvent::Keyboard || !m_list.MenuKey) {
+        QTreeView::contextMenuEvent(pEvent);
+        return;
+    }
+    BringUpToDate();
+    m_list.MenuKey();
+}
+
 void ListViewWidget::keyPressEvent(QKeyEvent* pEvent)
 {
     // Selecting all is the program's, when the keys come up.
     if (pEvent->matches(QKeySequence::SelectAll)) {
         pEvent->ignore();
+        return;
+    }
+    // The toolkit knows the menu key, but not what stands for it on keyboards that have none.
+    if (pEvent->key() == Qt::Key_F10 && pEvent->modifiers() == Qt::ShiftModifier && m_list.MenuKey) {
+        BringUpToDate();
+        m_list.MenuKey();
         return;
     }
     constexpr std::array<std::pair<int, CursorAction>, 6> kMoves = {{

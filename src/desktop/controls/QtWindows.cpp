@@ -2,10 +2,12 @@
 
 #include "Breakable.h"
 #include "FormWindow.h"
+#include "ListView.h"
 #include "Menu.h"
 #include "Twips.h"
 #include "WidgetOf.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QCursor>
 #include <QMenu>
@@ -22,6 +24,14 @@ void GiveBackKeyboard(QWidget* pWindow)
     if (pWindow != nullptr && pWindow->isVisible()) {
         pWindow->activateWindow();
     }
+}
+
+/// The place of the current row on the screen, or the list's own where that row is out of sight.
+QPoint CurrentRowOn(const QAbstractItemView& rows)
+{
+    const QRect inSight = rows.viewport()->rect();
+    const QRect row = rows.visualRect(rows.currentIndex()) & inSight;
+    return rows.viewport()->mapToGlobal(row.isEmpty() ? inSight.topLeft() : row.center());
 }
 
 } // namespace
@@ -81,10 +91,11 @@ void QtWindows::RefreshForm(platform::Form& form)
     }
 }
 
-void QtWindows::PopupMenu(platform::MenuItem& menu)
+void QtWindows::PopupMenu(platform::MenuItem& menu, const platform::ListView* pList)
 {
+    const auto* const pRows = qobject_cast<const QAbstractItemView*>(WidgetOf(pList));
     if (auto* const pMenu = qobject_cast<QMenu*>(WidgetOf(&menu))) {
-        pMenu->exec(QCursor::pos());
+        pMenu->exec(pRows == nullptr ? QCursor::pos() : CurrentRowOn(*pRows));
     }
 }
 

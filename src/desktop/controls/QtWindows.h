@@ -25,7 +25,7 @@ public:
     void ShowForm(platform::Form& form, bool bModal, platform::Form* pOwner) override;
     void TakeDownForm(platform::Form& form) override;
     void RefreshForm(platform::Form& form) override;
-    void PopupMenu(platform::MenuItem& menu) override;
+    void PopupMenu(platform::MenuItem& menu, const platform::ListView* pList) override;
     void SetForegroundWindow(platform::WindowHandle hWnd) override;
     void LockWindowUpdate(platform::WindowHandle hWnd) override;
 

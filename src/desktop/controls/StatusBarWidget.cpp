@@ -1,6 +1,7 @@
 #include "StatusBarWidget.h"
 
 #include "ShownText.h"
+#include "SpokenRole.h"
 #include "StatusBar.h"
 #include "Twips.h"
 #include "WidgetOf.h"
@@ -70,6 +71,7 @@ private:
 StatusBarView::StatusBarView(const platform::Form& form, platform::StatusBar& bar, QWidget* pParent)
     : DockedView(form, bar, *new QWidget(pParent))
 {
+    GiveSpokenRole(Widget(), QAccessible::StatusBar);
     auto* const pRow = new QHBoxLayout(&Widget());
     pRow->setContentsMargins(0, kGap, 0, 0);
     pRow->setSpacing(kGap);

@@ -25,6 +25,10 @@ ToolbarView::ToolbarView(const platform::Form& form, platform::Toolbar& toolbar,
     m_widget.setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     m_widget.layout()->setContentsMargins(0, 0, 0, 0);
     m_widget.layout()->setSpacing(0);
+    // The button behind which the others wait where the window is too narrow for them.
+    for (QToolButton* pMore : m_widget.findChildren<QToolButton*>()) {
+        pMore->setAccessibleName(QStringLiteral("More commands"));
+    }
     for (std::size_t n = 0; n < m_toolbar.buttons.size(); ++n) {
         AddButton(n);
     }

@@ -234,6 +234,12 @@ void FolderModel::fetchMore(const QModelIndex& parent)
     endInsertRows();
 }
 
+QVariant FolderModel::headerData(int /*nSection*/, Qt::Orientation /*orientation*/, int nRole) const
+{
+    // Seen by nobody, but heard.
+    return nRole == Qt::DisplayRole ? QVariant(QStringLiteral("Folder")) : QVariant();
+}
+
 QVariant FolderModel::data(const QModelIndex& index, int role) const
 {
     const tNode& node = Node(index);

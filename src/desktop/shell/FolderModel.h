@@ -43,6 +43,7 @@ public:
     [[nodiscard]] bool canFetchMore(const QModelIndex& parent) const override;
     void fetchMore(const QModelIndex& parent) override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    [[nodiscard]] QVariant headerData(int nSection, Qt::Orientation orientation, int nRole) const override;
 
 private:
     enum class Known { Nothing, LookedInto, Listed };

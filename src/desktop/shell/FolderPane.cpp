@@ -37,7 +37,6 @@ FolderPane::FolderPane()
       m_pNewFolder(new QPushButton(QStringLiteral("Ne&w Folder")))
 {
     m_pView->setObjectName(QStringLiteral("folders"));
-    m_pView->setAccessibleName(QStringLiteral("Folders"));
     m_pPath->setObjectName(QStringLiteral("folder"));
     m_pNewFolder->setObjectName(QStringLiteral("newFolder"));
     m_pNewFolder->setAutoDefault(false);

@@ -11,6 +11,7 @@ namespace desktop {
 FolderView::FolderView(FolderModel& model) : m_model(model)
 {
     setModel(&model);
+    setAccessibleName(QStringLiteral("Folders"));
     setHeaderHidden(true);
     setUniformRowHeights(true); // else each row of a large folder is measured
     // As wide as the rows in sight need, with a bar to scroll.

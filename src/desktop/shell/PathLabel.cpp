@@ -11,6 +11,7 @@ namespace desktop {
 PathLabel::PathLabel(QWidget* pParent) : QLabel(pParent)
 {
     setTextFormat(Qt::PlainText);
+    setAccessibleDescription(QStringLiteral("Path")); // else the tool tip, markup and all
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
 }
 
