@@ -3,7 +3,7 @@
 // search found what it had to, that no file was lost and none came out other than it was. Says how much
 // memory is in use on the way. Ends with 1 at the first departure.
 
-#include "Memory.h"
+#include "../Memory.h"
 #include "PosixFiles.h"
 #include "Program.h"
 #include "RandomUser.h"
