@@ -86,7 +86,8 @@ protected:
         main.form.Show();
         EXPECT_TRUE(QTest::qWaitForWindowActive(WidgetOf(&main.form)));
     }
-    ~Accessibility() override
+
+    void TearDown() override
     {
         main.form.UnloadForm();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
