@@ -33,19 +33,14 @@ ln -s ../in "$tree/link-target/loop"
 ln -s loop "$tree/in/loop"
 mkfifo "$tree/in/one/fifo"
 
-expect 'rows by content' 4 "$(rows "$tree/in" | wc -l)"
 expect 'rows by content, hidden ones too' 5 "$(rows --hidden "$tree/in" | wc -l)"
 expect 'rows by name' 4 "$(rows --name "$tree/in" | wc -l)"
-expect 'rows by name and size' 4 "$(rows --namesize "$tree/in" | wc -l)"
 expect 'overlapping folders and a link to one' 5 "$(rows --hidden "$tree/in" "$tree/in/one" "$tree/link-target/loop" | wc -l)"
 expect 'exact bytes of a name' 1 "$(rows --hidden "$tree/in" | LC_ALL=C grep -c "two/$(printf '\377')$")"
 
 line=$("$run" --content --hidden "$tree/in")
 expect 'the line' 'files=6 rows=5 groups=2 reads=6 read_bytes=28' "${line%% scan=*}"
-error=$("$run" "$tree/gone" "$tree/in" 2>&1 >/dev/null)
 expect 'status of a folder that is gone' 2 "$("$run" "$tree/gone" "$tree/in" >/dev/null 2>&1; echo $?)"
-expect 'its name' 1 "$(grep -c "$tree/gone" <<<"$error")"
-expect 'the others are searched' 1 "$("$run" "$tree/gone" "$tree/in" 2>/dev/null | grep -c 'rows=4')"
 # A folder mounted in two places holds each file once. Only where mounting is allowed.
 if unshare -m true 2>/dev/null; then
     mkdir "$tree/mounted"

@@ -16,6 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using support::TempTree;
+using support::Unprivileged;
 
 std::size_t OpenDescriptors()
 {
@@ -37,14 +38,6 @@ protected:
 
 private:
     std::size_t m_nBefore = OpenDescriptors();
-};
-
-/// Acts as an unprivileged user while it lives; this is only in effect where the tests run as root.
-class Unprivileged
-{
-public:
-    Unprivileged() { EXPECT_EQ(geteuid() == 0 ? seteuid(65534) : 0, 0); }
-    ~Unprivileged() { EXPECT_EQ(getuid() == 0 ? seteuid(0) : 0, 0); }
 };
 
 std::multiset<std::string> NamesIn(const platform::FolderListing& listing)
@@ -100,7 +93,9 @@ TEST_F(PosixFiles, ListsNothingOfWhatIsNoFolderToRead)
 {
     tree.File("file");
     tree.File("locked/inside");
-    fs::create_symlink("locked", tree.sRoot + "/link");
+    tree.File("open/inside");
+    fs::create_symlink("open", tree.sRoot + "/link");
+    fs::permissions(tree.sRoot + "/open", fs::perms::all);
     fs::permissions(tree.sRoot, fs::perms::all);
     fs::permissions(tree.sRoot + "/locked", fs::perms::none);
     platform::FolderListing listing;
@@ -108,18 +103,9 @@ TEST_F(PosixFiles, ListsNothingOfWhatIsNoFolderToRead)
     for (const char* pName : {"file", "gone", "link", "link/", "locked", "locked/"}) {
         EXPECT_FALSE(files.ListFolder(tree.sRoot + "/" + pName, listing)) << pName;
         EXPECT_EQ(listing.Count(), 0U);
-        EXPECT_EQ(files.CanonicalFolder(tree.sRoot + "/" + pName), std::nullopt) << pName;
+        const bool bLeads = std::string_view(pName).starts_with("link");
+        EXPECT_EQ(files.CanonicalFolder(tree.sRoot + "/" + pName).has_value(), bLeads) << pName;
     }
-}
-
-TEST_F(PosixFiles, ListsNothingThroughALink)
-{
-    tree.File("folder/inside");
-    fs::create_symlink("folder", tree.sRoot + "/link");
-    platform::FolderListing listing;
-    EXPECT_TRUE(files.ListFolder(tree.sRoot + "/folder/", listing));
-    EXPECT_FALSE(files.ListFolder(tree.sRoot + "/link", listing));
-    EXPECT_FALSE(files.ListFolder(tree.sRoot + "/link/", listing));
 }
 
 TEST_F(PosixFiles, ListsAFolderOfManyEntriesWholeWithTheirTimes)

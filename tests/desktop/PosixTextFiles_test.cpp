@@ -2,19 +2,12 @@
 #include "TempTree.h"
 #include "Texts.h"
 
-#include <ctime>
-#include <sstream>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 
-std::string Content(const std::string& sPath)
-{
-    std::stringstream content;
-    content << std::ifstream(sPath, std::ios::binary).rdbuf();
-    return content.str();
-}
+using support::Content;
 
 TEST(PosixTextFiles, WritesLinesOverWhatIsThere)
 {
@@ -80,20 +73,6 @@ TEST(SystemMessages, AreWrittenOverTheBuffer)
         platform::FormatMessageA(each.dwFlags, each.nCode, 0, sBuffer);
         EXPECT_EQ(sBuffer, each.sExpected) << each.nCode;
     }
-}
-
-TEST(Now, IsTheLocalTime)
-{
-    setenv("TZ", "XXX-5:30", 1);
-    tzset();
-    const auto seconds = [] { return std::time(nullptr) + 5 * 3600 + 30 * 60; };
-    const double dBefore = static_cast<double>(seconds()) / 86'400 + 25'569;
-    const double dNow = platform::Now();
-    const double dAfter = static_cast<double>(seconds()) / 86'400 + 25'569;
-    EXPECT_GE(dNow, dBefore - 1e-6);
-    EXPECT_LE(dNow, dAfter + 1e-6);
-    unsetenv("TZ");
-    tzset();
 }
 
 } // namespace

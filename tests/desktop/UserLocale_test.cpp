@@ -28,14 +28,6 @@ TEST(GroupDigits, GroupsFromTheRightAsTheLocaleSays)
     }
 }
 
-TEST(UserLocale, KnowsTheDayOfTheWeek)
-{
-    const std::tm time = desktop::CalendarTime({2004, 2, 29, 23, 59, 58});
-    EXPECT_EQ(time.tm_wday, 0);
-    EXPECT_EQ(time.tm_yday, 59);
-    EXPECT_EQ(desktop::CalendarTime({9999, 12, 31, 0, 0, 0}).tm_wday, 5);
-}
-
 TEST(PacedEventLoop, RunsNowAndThenHoweverOftenItIsAsked)
 {
     int nRuns = 0;

@@ -15,7 +15,6 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QTest>
-#include <QTimer>
 #include <QToolButton>
 #include <gtest/gtest.h>
 #include <string>
@@ -286,22 +285,6 @@ TEST_F(FormWindow, EnterAndEscPressTheirButtons)
     EXPECT_EQ(one.Heard(), "");
 }
 
-TEST_F(FormWindow, TheFocusGoesRoundInTabOrder)
-{
-    Show();
-    QPushButton guest(WidgetOf(&one.box));
-    guest.show();
-    std::vector<const platform::Control*> seen;
-    for (int n = 0; n < 5; ++n) {
-        seen.push_back(one.form.ActiveControl());
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-    }
-    EXPECT_EQ(seen,
-              (std::vector<const platform::Control*>{&one.list, &one.box, &one.add, &one.close, &one.list}));
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
-    EXPECT_EQ(one.form.ActiveControl(), &one.list);
-}
-
 TEST_F(FormWindow, TellsItsSizeAndKeepsBarsAtTheirEdges)
 {
     std::vector<std::string> told;
@@ -342,45 +325,6 @@ TEST_F(FormWindow, TextsGetTheRoomTheyNeed)
     const QRect label = WidgetOf(&one.label)->geometry();
     EXPECT_GT(label.height(), 15);
     EXPECT_LE(label.bottom(), WidgetOf(&one.image)->y()) << "not over its neighbour";
-}
-
-TEST_F(FormWindow, AModalFormReturnsWhenItHasGone)
-{
-    Show();
-    two.close.Click = [&] { two.form.UnloadForm(); }; // from inside its own event
-    two.add.Click = [&] {
-        TestForm inner;
-        QTimer::singleShot(0, qApp, [&] { inner.form.UnloadForm(); });
-        inner.form.Show(true);
-        one.Hear("inner gone");
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    };
-    for (int nRound = 0; nRound < 2; ++nRound) {
-        QTimer::singleShot(0, qApp, [&] {
-            EXPECT_EQ(two.Window()->windowModality(), Qt::ApplicationModal);
-            QTest::mouseClick(WidgetOf(&two.add), Qt::LeftButton);
-            one.Hear("still there");
-            QTest::mouseClick(WidgetOf(&two.close), Qt::LeftButton);
-            EXPECT_EQ(two.Window(), nullptr);
-            EXPECT_EQ(WidgetOf(&two.add), nullptr);
-        });
-        two.form.Show(true);
-        EXPECT_EQ(one.Heard(), "inner gone, still there");
-    }
-}
-
-TEST_F(FormWindow, TheLastFormEndsTheProgram)
-{
-    Show();
-    two.form.Show(false, &one.form);
-    QTimer::singleShot(0, qApp, [&] { two.form.UnloadForm(); });
-    QTimer::singleShot(20, qApp, [&] {
-        one.Hear("still running");
-        QTest::mouseClick(one.Window(), Qt::LeftButton);
-        one.form.UnloadForm();
-    });
-    EXPECT_EQ(QApplication::exec(), 0);
-    EXPECT_EQ(one.Heard(), "still running");
 }
 
 } // namespace

@@ -9,8 +9,6 @@
 
 namespace {
 
-using platform::Alignment;
-using platform::ListView;
 using tShown = support::tShownList;
 
 TEST(ListViewWidget, TellsOfKeysAndOfTheMouse)
@@ -66,6 +64,9 @@ TEST(ListViewWidget, TellsOfKeysAndOfTheMouse)
     QTest::mouseClick(shown.pView->header()->viewport(), Qt::LeftButton, {}, {50, 5});
     EXPECT_EQ(sHeard, "column ");
     EXPECT_EQ(shown.pView->model()->index(0, 0).data().toString(), "file 0");
+    shown.list.ListItems(3).SetSmallIcon(7);
+    EXPECT_EQ(shown.pView->model()->index(2, 0).data(Qt::AccessibleTextRole).toString(),
+              "file 2, last of group, gone");
 }
 
 TEST(ListViewWidget, KeepsColumnWidthsInStep)
@@ -81,39 +82,6 @@ TEST(ListViewWidget, KeepsColumnWidthsInStep)
         EXPECT_FLOAT_EQ(shown.list.ColumnHeaders(2).Width(), twips) << "the program's own width stays exact";
     }
     EXPECT_FALSE(shown.list.ColumnHeaders(2).SetWidth(-1));
-}
-
-TEST(ListViewWidget, WaitsWithRowsUntilTheyCanBeSeen)
-{
-    QWidget window;
-    platform::Form form;
-    ListView list(form);
-    ListView covering(form);
-    for (auto* pList : {&list, &covering}) {
-        pList->AddColumn("Name", Alignment::Left, 3000);
-    }
-    desktop::ListViewWidget view(list, &window);
-    desktop::ListViewWidget cover(covering, &window);
-    view.resize(300, 300);
-    cover.resize(300, 300);
-    window.show();
-    QApplication::processEvents();
-    for (int n = 0; n < 100; ++n) {
-        const std::string sName = std::to_string(n);
-        list.ListItems.Add(sName, sName, 2);
-        QApplication::processEvents();
-        ASSERT_EQ(view.model()->rowCount(), 0);
-    }
-    list.ListItems(100).EnsureVisible();
-    cover.hide();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return view.model()->rowCount() == 100; }));
-    EXPECT_TRUE(view.rect().contains(view.visualRect(view.model()->index(99, 0)).center()));
-    // A row that comes while the list is seen shows by itself.
-    list.ListItems.Add("new", "new", 2);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return view.model()->rowCount() == 101; }));
-    list.ListItems(101).SetSmallIcon(7);
-    EXPECT_EQ(view.model()->index(100, 0).data(Qt::AccessibleTextRole).toString(),
-              "new, last of group, gone");
 }
 
 TEST(ListViewWidget, FindsWhatIsTyped)

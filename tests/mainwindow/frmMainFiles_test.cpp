@@ -1,9 +1,9 @@
-#include "ResultRows.h"
+#include "MainWindow.h"
 #include "mCommon.h"
 
 namespace {
 
-class frmMainFiles : public ResultRows
+class frmMainFiles : public MainWindow
 {
 protected:
     frmMainFiles()
@@ -36,7 +36,7 @@ TEST_F(frmMainFiles, DeletesWhatIsSelectedAndThere)
     EXPECT_EQ(Selected(), "-++");
     EXPECT_TRUE(main.form.Enabled());
     EXPECT_EQ(main.StatusBar1.Panels(1).Text(), "Done");
-    EXPECT_TRUE(windows.sLog.ends_with("; lock; unlock; front")) << windows.sLog;
+    EXPECT_TRUE(desktop.sWindows.ends_with("; lock; unlock; front")) << desktop.sWindows;
 
     // A file that has come back is taken again, and its mark stays.
     desktop.files.files["/d/b/x"];

@@ -3,8 +3,6 @@
 namespace {
 
 using platform::kLeftButton;
-using platform::kRightButton;
-using platform::SystemColor;
 using platform::WindowState;
 
 class frmMainLayout : public MainWindow
@@ -61,40 +59,6 @@ TEST_F(frmMainLayout, MovesTheBarWithinItsLimits)
         main.picSep.MouseMove(kLeftButton, 0, 0, y);
         EXPECT_EQ(main.picSep.Top(), top) << y;
     }
-}
-
-TEST_F(frmMainLayout, LaysTheListsOutWhenTheBarIsLetGo)
-{
-    const struct {
-        int Button;
-        SystemColor held;
-        Numbers moved, after;
-    } drags[] = {
-        {kRightButton, SystemColor::ButtonFace, {1485, 2205, 2235, 2925}, {1485, 2205, 2235, 2925}},
-        {kLeftButton, SystemColor::ButtonShadow, {1485, 2505, 2235, 2925}, {1785, 2505, 2535, 2625}},
-    };
-    for (const auto& drag : drags) {
-        main.picSep.MouseDown(drag.Button, 0, 0, 0);
-        EXPECT_EQ(main.picSep.BackColor(), drag.held);
-        main.picSep.MouseMove(drag.Button, 0, 0, 300);
-        EXPECT_EQ(Bands(), drag.moved);
-        main.picSep.MouseUp(drag.Button, 0, 0, 300);
-        EXPECT_EQ(Bands(), drag.after);
-        EXPECT_EQ(main.picSep.BackColor(), SystemColor::ButtonFace);
-    }
-}
-
-TEST_F(frmMainLayout, BeginsBelowAToolbarThatIsHigherThanDesigned)
-{
-    for (const float height : {900.0F, 900.0F, 720.0F}) {
-        main.Toolbar1.SetPlace({0, 0, 8085, height});
-        Size(8085, 5490);
-        EXPECT_EQ(main.lvFolders.Top(), 900); // and stays there
-        EXPECT_EQ(Bands(), (Numbers{1485, 2370, 2400, 2760}));
-    }
-    main.Toolbar1.SetPlace({0, 0, 8085, 900});
-    main.picSep.MouseUp(kLeftButton, 0, 0, 0);
-    EXPECT_EQ(main.lvFolders.Height(), 1470);
 }
 
 } // namespace

@@ -1,8 +1,6 @@
 #include "MainWindow.h"
 #include "mCommon.h"
 
-#include <set>
-
 namespace {
 
 using platform::MenuItem;
@@ -20,25 +18,6 @@ protected:
         return sFound;
     }
 };
-
-TEST_F(frmMainMenu, HoldsEachItemOnceWithAHandlerIfItIsACommand)
-{
-    std::set<const MenuItem*> seen;
-    const std::function<void(const std::vector<MenuItem*>&)> visit = [&](const auto& items) {
-        for (const MenuItem* pItem : items) {
-            EXPECT_TRUE(seen.insert(pItem).second) << pItem->sCaption;
-            const bool bCommand = pItem->items.empty() && pItem->sCaption != "-";
-            EXPECT_EQ(pItem->Click != nullptr, bCommand) << pItem->sCaption;
-            visit(pItem->items);
-        }
-    };
-    visit(main.form.menus);
-    EXPECT_EQ(seen.size(), 46U);
-    EXPECT_EQ(main.mnuFile.items.at(3), &main.sepFile); // behind a submenu
-    EXPECT_EQ(main.mnuSearchNew.sShortcut + main.mnuSearchFind.sShortcut +
-                  main.mnuSearchSaveResults.sShortcut,
-              "F2F3F4");
-}
 
 TEST_F(frmMainMenu, EnablesTheFileCommandsAsOfTheLastOperation)
 {
@@ -85,23 +64,6 @@ TEST_F(frmMainMenu, TurnsTheModesAsOneGroup)
     EXPECT_FALSE(main.mnuOptionsHidden.Checked());
     main.mnuOptionsHidden.Click();
     EXPECT_TRUE(main.mnuOptionsHidden.Checked());
-}
-
-TEST_F(frmMainMenu, IsPassedByTheToolbar)
-{
-    EXPECT_TRUE(main.Toolbar1.native.IsFlat());
-    for (MenuItem* pItem : {&main.mnuSearchFind, &main.mnuSearchRemove, &main.mnuSearchAdd}) {
-        pItem->SetEnabled(false);
-    }
-    Add(main.lvFolders, {"/a"});
-    for (const char* pKey : {"", "Search", "exit", "delete", "remove", "search", "add"}) {
-        windows.sLog += "; press " + std::string(pKey);
-        main.Toolbar1.ButtonClick(pKey);
-    }
-    EXPECT_EQ(windows.sLog,
-              "; press ; press Search; press exit; press delete; press remove; press search"
-              "; message Please add at least one folder.; press add; show Browse for Folder owned"
-              "; refresh Browse for Folder; browse; front; down Browse for Folder");
 }
 
 } // namespace

@@ -1,9 +1,9 @@
-#include "ResultRows.h"
+#include "MainWindow.h"
 #include "mAPIError.h"
 
 namespace {
 
-class frmMainOpen : public ResultRows
+class frmMainOpen : public MainWindow
 {
 protected:
     frmMainOpen()
@@ -12,7 +12,7 @@ protected:
         Row("/d/", "b c\"\n", 4);
         Select("++");
         main.lvFiles.SetSelectedItem(1);
-        windows.sLog.clear();
+        desktop.sWindows.clear();
     }
     const std::string m_sQuoted = "\"/d/b c\"\n\"";
 };
@@ -41,7 +41,7 @@ TEST_F(frmMainOpen, ActsOnTheCurrentRowIfTheLastPressHitOne)
         c.item.Click();
         EXPECT_EQ(Asked(), c.sAsked) << c.item.sCaption;
     }
-    EXPECT_EQ(windows.sLog, "");
+    EXPECT_EQ(desktop.sWindows, "");
     EXPECT_TRUE(main.form.Enabled());
 
     main.lvFiles.ListItems.Clear();
@@ -67,9 +67,9 @@ TEST_F(frmMainOpen, SaysWhyAProgramDidNotStart)
         desktop.launchResults = {{m_sQuoted, c.nResult}, {"Notepad.exe", c.nResult}};
         main.mnuFileOpen.Click();
         EXPECT_EQ(Asked().find("OpenAs_RunDLL \"/d/b c") != std::string::npos, c.nResult == 31);
-        EXPECT_EQ(std::exchange(windows.sLog, ""), c.sOpen) << c.nResult;
+        EXPECT_EQ(std::exchange(desktop.sWindows, ""), c.sOpen) << c.nResult;
         main.mnuFileNotepad.Click();
-        EXPECT_EQ(std::exchange(windows.sLog, ""),
+        EXPECT_EQ(std::exchange(desktop.sWindows, ""),
                   c.bNotepadSays ? sError + "Notepad.exe\r\n\r\n" + results::GetErrorText(c.nResult) : "");
         Asked();
     }

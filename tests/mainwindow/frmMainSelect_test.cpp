@@ -1,8 +1,8 @@
-#include "ResultRows.h"
+#include "MainWindow.h"
 
 namespace {
 
-class frmMainSelect : public ResultRows
+class frmMainSelect : public MainWindow
 {
 protected:
     frmMainSelect()
@@ -13,7 +13,7 @@ protected:
         Row("/home/A/", "red", 5, "10");
         Row("/home/a/b/", "red", 6, "0");
         Row("/home/a/", "gone", 7, "00");
-        windows.sLog.clear();
+        desktop.sWindows.clear();
     }
 };
 
@@ -41,12 +41,13 @@ TEST_F(frmMainSelect, SelectsByRule)
     for (const tCase& c : cases) {
         Select(c.pBefore);
         main.lvFiles.SetSelectedItem(c.nCurrent);
-        windows.sLog.clear();
+        desktop.sWindows.clear();
         c.item.Click();
         EXPECT_EQ(Selected(), c.pAfter) << c.pName;
         EXPECT_EQ(main.lvFiles.SelectedItem()->Index(), c.nCurrent + 1) << c.pName;
         EXPECT_EQ(main.form.ActiveControl(), &main.lvFiles) << c.pName;
-        EXPECT_TRUE(windows.sLog.starts_with("; lock") && windows.sLog.ends_with("; unlock")) << c.pName;
+        EXPECT_TRUE(desktop.sWindows.starts_with("; lock") && desktop.sWindows.ends_with("; unlock"))
+            << c.pName;
     }
     EXPECT_EQ(Marks(), "234567");
 }
@@ -61,7 +62,7 @@ TEST_F(frmMainSelect, LeavesAnEmptyListAlone)
         }
     }
     EXPECT_EQ(main.form.ActiveControl(), &main.lvFolders);
-    EXPECT_EQ(windows.sLog, "");
+    EXPECT_EQ(desktop.sWindows, "");
 }
 
 } // namespace

@@ -1,9 +1,6 @@
 #include "Escaped.h"
 
-#include <algorithm>
-#include <cctype>
 #include <gtest/gtest.h>
-#include <random>
 
 namespace {
 
@@ -27,30 +24,6 @@ TEST(Escaped, LetsNoNameActOnTheTextAroundIt)
     };
     for (const auto& each : cases) {
         EXPECT_EQ(platform::Escaped(each.sName), each.sShown);
-    }
-}
-
-/// What an escape stands for; anything else is itself.
-std::string ReadBack(const std::string& sShown)
-{
-    std::string sBytes;
-    for (std::size_t n = 0; n < sShown.size(); ++n) {
-        const bool bEscape = sShown.substr(n, 2) == "\\x" && sShown.size() >= n + 4 &&
-                             std::isxdigit(sShown[n + 2]) != 0 && std::isxdigit(sShown[n + 3]) != 0;
-        sBytes += bEscape ? static_cast<char>(std::stoi(sShown.substr(n + 2, 2), nullptr, 16)) : sShown[n];
-        n += bEscape ? 3 : 0;
-    }
-    return sBytes;
-}
-
-TEST(Escaped, CanBeReadBack)
-{
-    std::mt19937 random(11); // NOLINT: the same course each time
-    const std::string sAlphabet = "\\\\\\xx05aF\n\xC3\xA9\xE2\x82\xAC\xFF";
-    for (int n = 0; n < 5000; ++n) {
-        std::string sBytes(random() % 12, ' ');
-        std::generate(sBytes.begin(), sBytes.end(), [&] { return sAlphabet[random() % sAlphabet.size()]; });
-        ASSERT_EQ(ReadBack(platform::Escaped(sBytes)), sBytes);
     }
 }
 

@@ -63,23 +63,6 @@ TEST(CRC, FasterLoopsAgreeWithTheTable)
     }
 }
 
-TEST(CRC, PiecesAddUpToTheWhole)
-{
-    const std::string sText = RandomText(200'000);
-    std::mt19937 random(5);
-    cCRC oCRC;
-    for (const std::int32_t nAlgorithm : {0, 1}) {
-        oCRC.Algorithm(nAlgorithm);
-        const std::int32_t nWhole = oCRC.CalculateString(sText);
-        oCRC.Clear();
-        for (std::size_t n = 0, nPiece = 0; n < sText.size(); n += nPiece) {
-            nPiece = random() % 700;
-            oCRC.AddString(std::string_view(sText).substr(n, nPiece));
-        }
-        EXPECT_EQ(oCRC.AddBytes({}), nWhole);
-    }
-}
-
 TEST(CRC, StateOfTheRegisters)
 {
     cCRC oCRC;

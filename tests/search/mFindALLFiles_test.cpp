@@ -140,11 +140,4 @@ TEST(FindAllFiles, EntersAtMost32767SubfoldersOfAFolder)
     EXPECT_EQ(Found().back(), "/r/d32766/f");
 }
 
-TEST(ChecksumText, HasNoLeadingZeros)
-{
-    EXPECT_EQ(search::tChecksumText(0).View(), "0");
-    EXPECT_EQ(search::tChecksumText(0x00ABCDEF).View(), "ABCDEF");
-    EXPECT_EQ(search::tChecksumText(0xFFFFFFFF).View(), "FFFFFFFF");
-}
-
 } // namespace

@@ -133,11 +133,11 @@ ssize_t Writing(const char* pCall, int h, std::size_t nBytes, const Write& write
     return write(nError == kShort ? (nBytes + 1) / 2 : nBytes);
 }
 
-int Sync(int h, long nCall)
+long Sync(int h, long nCall)
 {
     const int nError = Judge("fsync", NameOf(h));
     errno = nError;
-    return nError > 0 ? -1 : g_bArmed && !g_settings.bSyncForReal ? 0 : static_cast<int>(syscall(nCall, h));
+    return nError > 0 ? -1 : g_bArmed && !g_settings.bSyncForReal ? 0 : syscall(nCall, h);
 }
 
 } // namespace
@@ -174,17 +174,8 @@ using namespace support::faults;
 // The C library's names. They take precedence over those of the C library for every library of the process.
 extern "C" {
 
-#define OPEN(name)                                                                                           \
-    int name(const char* pPath, int nFlags, ...)                                                             \
-    {                                                                                                        \
-        va_list rest;                                                                                        \
-        va_start(rest, nFlags);                                                                              \
-        const unsigned mode = (nFlags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(rest, unsigned) : 0;            \
-        va_end(rest);                                                                                        \
-        return static_cast<int>(Open(AT_FDCWD, pPath, nFlags, mode));                                        \
-    }
-#define OPENAT(name)                                                                                         \
-    int name(int hFolder, const char* pPath, int nFlags, ...)                                                \
+#define OPEN(name, hFolder, ...)                                                                             \
+    int name(__VA_ARGS__ const char* pPath, int nFlags, ...)                                                 \
     {                                                                                                        \
         va_list rest;                                                                                        \
         va_start(rest, nFlags);                                                                              \
@@ -192,50 +183,45 @@ extern "C" {
         va_end(rest);                                                                                        \
         return static_cast<int>(Open(hFolder, pPath, nFlags, mode));                                         \
     }
-OPEN(open)
-OPEN(open64)
-OPENAT(openat)
-OPENAT(openat64)
+#define COMMA ,
+OPEN(open, AT_FDCWD)
+OPEN(open64, AT_FDCWD)
+OPEN(openat, hFrom, int hFrom COMMA)
+OPEN(openat64, hFrom, int hFrom COMMA)
 
-int mkdir(const char* pPath, mode_t mode) noexcept
-{
-    return static_cast<int>(Pass("mkdir", pPath, SYS_mkdirat, AT_FDCWD, pPath, mode));
-}
-
-int unlink(const char* pPath) noexcept
-{
-    return static_cast<int>(Pass("unlink", pPath, SYS_unlinkat, AT_FDCWD, pPath, 0));
-}
-
-int unlinkat(int hFolder, const char* pPath, int nFlags) noexcept
-{
-    return static_cast<int>(Pass("unlink", pPath, SYS_unlinkat, hFolder, pPath, nFlags));
-}
-
-int rename(const char* pFrom, const char* pTo) noexcept
-{
-    return static_cast<int>(Rename(AT_FDCWD, pFrom, AT_FDCWD, pTo, 0));
-}
-
-int renameat(int hFrom, const char* pFrom, int hTo, const char* pTo) noexcept
-{
-    return static_cast<int>(Rename(hFrom, pFrom, hTo, pTo, 0));
-}
-
-int renameat2(int hFrom, const char* pFrom, int hTo, const char* pTo, unsigned nFlags) noexcept
-{
-    return static_cast<int>(Rename(hFrom, pFrom, hTo, pTo, nFlags));
-}
-
-int link(const char* pFrom, const char* pTo) noexcept
-{
-    return static_cast<int>(Pass("link", pTo, SYS_linkat, AT_FDCWD, pFrom, AT_FDCWD, pTo, 0));
-}
-
-int linkat(int hFrom, const char* pFrom, int hTo, const char* pTo, int nFlags) noexcept
-{
-    return static_cast<int>(Pass("link", pTo, SYS_linkat, hFrom, pFrom, hTo, pTo, nFlags));
-}
+// A name with its parameters, and what is done instead.
+#define CALL(name, parameters, ...)                                                                          \
+    int name parameters                                                                                      \
+    {                                                                                                        \
+        return static_cast<int>(__VA_ARGS__);                                                                \
+    }
+CALL(mkdir, (const char* pPath, mode_t mode) noexcept,
+     Pass("mkdir", pPath, SYS_mkdirat, AT_FDCWD, pPath, mode))
+CALL(unlink, (const char* pPath) noexcept, Pass("unlink", pPath, SYS_unlinkat, AT_FDCWD, pPath, 0))
+CALL(unlinkat, (int hAt, const char* pPath, int nFlags) noexcept,
+     Pass("unlink", pPath, SYS_unlinkat, hAt, pPath, nFlags))
+CALL(rename, (const char* pFrom, const char* pTo) noexcept, Rename(AT_FDCWD, pFrom, AT_FDCWD, pTo, 0))
+CALL(renameat, (int hFrom, const char* pFrom, int hTo, const char* pTo) noexcept,
+     Rename(hFrom, pFrom, hTo, pTo, 0))
+CALL(renameat2, (int hFrom, const char* pFrom, int hTo, const char* pTo, unsigned nFlags) noexcept,
+     Rename(hFrom, pFrom, hTo, pTo, nFlags))
+CALL(link, (const char* pFrom, const char* pTo) noexcept,
+     Pass("link", pTo, SYS_linkat, AT_FDCWD, pFrom, AT_FDCWD, pTo, 0))
+CALL(linkat, (int hFrom, const char* pFrom, int hTo, const char* pTo, int nFlags) noexcept,
+     Pass("link", pTo, SYS_linkat, hFrom, pFrom, hTo, pTo, nFlags))
+CALL(fsync, (int h), Sync(h, SYS_fsync))
+CALL(fdatasync, (int h), Sync(h, SYS_fdatasync))
+CALL(ftruncate, (int h, off_t nSize) noexcept, Pass("truncate", h, SYS_ftruncate, h, nSize))
+CALL(ftruncate64, (int h, off64_t nSize) noexcept, Pass("truncate", h, SYS_ftruncate, h, nSize))
+CALL(fallocate64, (int h, int nMode, off64_t nOffset, off64_t nSize),
+     Pass("allocate", h, SYS_fallocate, h, nMode, nOffset, nSize))
+CALL(fchmod, (int h, mode_t mode) noexcept, Pass("chmod", h, SYS_fchmod, h, mode))
+CALL(fchown, (int h, uid_t user, gid_t group) noexcept, Pass("chown", h, SYS_fchown, h, user, group))
+CALL(futimens, (int h, const timespec times[2]) noexcept,
+     Pass("utime", h, SYS_utimensat, h, nullptr, times, 0))
+CALL(fsetxattr, (int h, const char* pName, const void* pValue, size_t nBytes, int nFlags) noexcept,
+     Pass("xattr", h, SYS_fsetxattr, h, pName, pValue, nBytes, nFlags))
+CALL(fremovexattr, (int h, const char* pName) noexcept, Pass("xattr", h, SYS_fremovexattr, h, pName))
 
 ssize_t write(int h, const void* pBytes, size_t nBytes)
 {
@@ -262,56 +248,6 @@ int ioctl(int h, unsigned long nRequest, ...) noexcept
     va_end(rest);
     return static_cast<int>(nRequest == FICLONE ? Pass("clone", h, SYS_ioctl, h, nRequest, nArgument)
                                                 : syscall(SYS_ioctl, h, nRequest, nArgument));
-}
-
-int fsync(int h)
-{
-    return Sync(h, SYS_fsync);
-}
-
-int fdatasync(int h)
-{
-    return Sync(h, SYS_fdatasync);
-}
-
-int ftruncate(int h, off_t nSize) noexcept
-{
-    return static_cast<int>(Pass("truncate", h, SYS_ftruncate, h, nSize));
-}
-
-int ftruncate64(int h, off64_t nSize) noexcept
-{
-    return static_cast<int>(Pass("truncate", h, SYS_ftruncate, h, nSize));
-}
-
-int fallocate64(int h, int nMode, off64_t nOffset, off64_t nSize)
-{
-    return static_cast<int>(Pass("allocate", h, SYS_fallocate, h, nMode, nOffset, nSize));
-}
-
-int fchmod(int h, mode_t mode) noexcept
-{
-    return static_cast<int>(Pass("chmod", h, SYS_fchmod, h, mode));
-}
-
-int fchown(int h, uid_t user, gid_t group) noexcept
-{
-    return static_cast<int>(Pass("chown", h, SYS_fchown, h, user, group));
-}
-
-int futimens(int h, const timespec times[2]) noexcept
-{
-    return static_cast<int>(Pass("utime", h, SYS_utimensat, h, nullptr, times, 0));
-}
-
-int fsetxattr(int h, const char* pName, const void* pValue, size_t nBytes, int nFlags) noexcept
-{
-    return static_cast<int>(Pass("xattr", h, SYS_fsetxattr, h, pName, pValue, nBytes, nFlags));
-}
-
-int fremovexattr(int h, const char* pName) noexcept
-{
-    return static_cast<int>(Pass("xattr", h, SYS_fremovexattr, h, pName));
 }
 
 } // extern "C"

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Form.h"
+#include "Menu.h"
 #include "ScriptedFiles.h"
 #include "System.h"
 
@@ -11,9 +13,13 @@
 
 namespace support {
 
-/// What the desktop does for the commands on results, with answers of the test's. Each request is noted in
-/// `log`, NULs as "0".
-class ScriptedDesktop final : public platform::ShellFiles,
+/// All that the windows meet but their event loop, with answers of the test's. Each request is noted in
+/// `log`, NULs as "0"; what is asked of windows, and what messages say, in `sWindows`, behind a "; " each.
+class ScriptedDesktop final : public platform::Screen,
+                              public platform::MessageBoxes,
+                              public platform::WindowManager,
+                              public platform::ShellDialogs,
+                              public platform::ShellFiles,
                               public platform::Launcher,
                               public platform::FileDialogs,
                               public platform::TextFiles,
@@ -22,6 +28,14 @@ class ScriptedDesktop final : public platform::ShellFiles,
 public:
     ScriptedFiles files; ///< what is on the disk
     std::vector<std::string> log;
+    std::string sWindows;
+
+    // The Add Folder window.
+    std::function<void()> whileBrowsing = [] {}; ///< runs in the place of the dialog's event loop
+    std::map<long, std::string> paths;           ///< of the items of its tree
+    platform::tVolumeLabel label;
+    platform::BROWSEINFO browseRequest;
+
     std::string sChosenFolder;           ///< what the folder dialog comes to; empty for Cancel
     std::string sChosenFile;             ///< what the save dialog comes to; empty for Cancel
     int nShellResult = 0;                ///< what each request to the shell comes to
@@ -31,14 +45,9 @@ public:
     int nLinesThatFit = 1000; ///< the disk is full behind them; -1: the file cannot be opened
     platform::OPENFILENAME saveRequest;
 
-    void EnterInto(platform::tSystem& system)
+    platform::tSystem System()
     {
-        system.files = &files;
-        system.shellFiles = this;
-        system.launcher = this;
-        system.fileDialogs = this;
-        system.textFiles = this;
-        system.volumes = this;
+        return {&files, nullptr, this, this, this, this, this, this, this, this, this};
     }
 
     static std::string Shown(std::string sText)
@@ -46,6 +55,42 @@ public:
         std::replace(sText.begin(), sText.end(), '\0', '0');
         return sText;
     }
+
+    void SetMousePointer(platform::MousePointer /*pointer*/) override {}
+    void Show(std::string_view sText, platform::MessageIcon /*icon*/) override
+    {
+        Note("message " + std::string(sText));
+    }
+    void ShowForm(platform::Form& form, bool bModal, platform::Form* pOwner) override
+    {
+        Note((bModal ? "modal " : "show ") + form.design.sCaption + (pOwner != nullptr ? " owned" : ""));
+    }
+    void TakeDownForm(platform::Form& form) override { Note("down " + form.design.sCaption); }
+    void RefreshForm(platform::Form& form) override { Note("refresh " + form.design.sCaption); }
+    void PopupMenu(platform::MenuItem& menu, const platform::ListView* pList) override
+    {
+        Note("menu " + menu.sCaption + (pList != nullptr ? " at the row" : ""));
+    }
+    void SetForegroundWindow(platform::WindowHandle /*hWnd*/) override { Note("front"); }
+    void LockWindowUpdate(platform::WindowHandle hWnd) override { Note(hWnd != nullptr ? "lock" : "unlock"); }
+
+    platform::ItemId SHBrowseForFolder(const platform::BROWSEINFO& info) override
+    {
+        Note("browse");
+        browseRequest = info;
+        whileBrowsing();
+        return 0;
+    }
+    bool SHGetPathFromIDList(platform::ItemId pidl, std::string& sBuffer) override
+    {
+        const auto path = paths.find(pidl);
+        if (path == paths.end()) {
+            return false;
+        }
+        sBuffer.replace(0, path->second.size() + 1, path->second + '\0');
+        return true;
+    }
+    platform::tVolumeLabel VolumeLabel(const std::string& /*sFolder*/) override { return label; }
 
     int SHFileOperationA(const platform::SHFILEOPSTRUCT& request) override
     {
@@ -131,6 +176,8 @@ public:
     }
 
 private:
+    void Note(const std::string& sWhat) { sWindows += "; " + sWhat; }
+
     struct Dialog final : platform::Control {
         explicit Dialog(std::vector<std::string>& New_log) : sLog(New_log) {}
         long TextMessage(unsigned nMessage, long wParam, const std::string& sText) override

@@ -35,7 +35,6 @@ public:
     void Started(const desktop::tOperation& /*operation*/) override { shown.emplace_back("Started"); }
     bool Progress(const desktop::tOperationProgress& progress) override
     {
-        ++nProgress;
         return !onProgress || onProgress(progress);
     }
     void Finished(const desktop::tOperation& operation, const desktop::tOperationOutcome& result) override
@@ -52,7 +51,6 @@ public:
 
     std::vector<std::string> shown; ///< what was called, Progress left out
     std::vector<std::pair<desktop::tFileFacts, desktop::tFileFacts>> questions;
-    std::size_t nProgress = 0;
     desktop::tOperationOutcome outcome;
 };
 

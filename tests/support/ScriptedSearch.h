@@ -16,8 +16,7 @@ class ScriptedSearch final : public search::MainFormMembers,
                              private search::ProgressBarMembers,
                              private platform::EventLoop,
                              private platform::Screen,
-                             private platform::MessageBoxes,
-                             private platform::ControlObserver
+                             private platform::MessageBoxes
 {
 public:
     ScriptedSearch()
@@ -25,10 +24,6 @@ public:
         platform::UseSystem({&files, this, this, this});
         search::UseForms(*this, *this);
         search::bStopped = false;
-        form.Observe(this);
-        lblStatus.Observe(this);
-        StatusBar1.Panels(1).Observe(this);
-        StatusBar1.Panels(2).Observe(this);
     }
 
     void AddFolder(const std::string& sPath) { lvFolders.ListItems.Add(sPath, sPath, 1); }
@@ -65,18 +60,17 @@ public:
     std::int64_t nSteps = 0;      ///< the steps yielded for so far
     std::int64_t nYields = 0;     ///< in how many calls
     std::int64_t nCancelStep = 0; ///< the step at which Cancel is clicked; 0 for never
-    std::vector<std::string> log; ///< what the forms, the screen and the messages saw, in order
     float nBar = -1, nBarMax = -1;
     std::string Labels() { return lblStatus.Caption() + "|" + lblFolder.Caption() + "|" + lblFile.Caption(); }
 
 private:
-    void CheckMenu() override { log.push_back("menu " + std::to_string(lvFiles.ListItems.Count())); }
+    void CheckMenu() override {}
     std::string sSelectedFolder() override { return "picked"; }
 
     ProgressBarMembers& pbProgress() override { return *this; }
-    void Show() override { log.emplace_back("show"); }
-    void Refresh() override { log.push_back("refresh " + lblFolder.Caption()); }
-    void Unload() override { log.emplace_back("unload"); }
+    void Show() override {}
+    void Refresh() override {}
+    void Unload() override {}
     void SetMax(float New_Max) override { nBarMax = New_Max; }
     void SetValue(float New_Value) override { nBar = New_Value; }
 
@@ -90,24 +84,8 @@ private:
         }
     }
 
-    void SetMousePointer(platform::MousePointer pointer) override
-    {
-        log.push_back("pointer " + std::to_string(static_cast<int>(pointer)));
-    }
-    void Show(std::string_view sText, platform::MessageIcon icon) override
-    {
-        log.push_back(std::to_string(static_cast<int>(icon)) + " " + std::string(sText));
-    }
-    void ControlChanged(platform::Control& control) override
-    {
-        if (auto* pPanel = dynamic_cast<platform::Panel*>(&control)) {
-            log.push_back(pPanel->Text());
-        } else if (&control == &form) {
-            log.emplace_back(form.Enabled() ? "enabled" : "disabled");
-        } else {
-            log.push_back(lblStatus.Caption());
-        }
-    }
+    void SetMousePointer(platform::MousePointer /*pointer*/) override {}
+    void Show(std::string_view /*sText*/, platform::MessageIcon /*icon*/) override {}
 };
 
 } // namespace support

@@ -4,8 +4,10 @@
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <sstream>
 #include <string>
 #include <string_view>
+#include <unistd.h>
 
 namespace support {
 
@@ -38,6 +40,24 @@ public:
     }
 
     std::string sRoot; ///< canonical, without a trailing separator
+};
+
+/// All of a file; empty also if there is none.
+inline std::string Content(const std::string& sPath)
+{
+    std::ostringstream content;
+    content << std::ifstream(sPath, std::ios::binary).rdbuf();
+    return content.str();
+}
+
+/// Acts as an unprivileged user while it lives; this is only in effect where the tests run as root.
+class Unprivileged
+{
+public:
+    Unprivileged() { EXPECT_EQ(geteuid() == 0 ? seteuid(65534) : 0, 0); }
+    Unprivileged(const Unprivileged&) = delete;
+    Unprivileged& operator=(const Unprivileged&) = delete;
+    ~Unprivileged() { EXPECT_EQ(getuid() == 0 ? seteuid(0) : 0, 0); }
 };
 
 } // namespace support

@@ -1,23 +1,12 @@
 #pragma once
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
+#include "TempTree.h"
+
 #include <glib.h>
 #include <map>
 #include <set>
-#include <sstream>
-#include <string>
 
 namespace support {
-
-/// All of a file; empty also if there is none.
-inline std::string Content(const std::string& sPath)
-{
-    std::ostringstream content;
-    content << std::ifstream(sPath, std::ios::binary).rdbuf();
-    return content.str();
-}
 
 /// The files directly in a folder and what is in them; none if there is no folder.
 inline std::map<std::string, std::string> Contents(const std::string& sFolder)

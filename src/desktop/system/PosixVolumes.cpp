@@ -18,7 +18,12 @@ std::string PosixVolumes::FileSystemOf(const std::string& sFolder)
             pHolder = &mount;
         }
     }
-    return pHolder == nullptr ? std::string() : pHolder->sDevice;
+    if (pHolder != nullptr) {
+        return pHolder->sDevice;
+    }
+    // In a root that is no mount of its own, as a changed one is, the table does not have what holds the
+    // rest.
+    return sFolder.starts_with('/') ? "/" : "";
 }
 
 void PosixVolumes::ReadIfChanged()

@@ -13,6 +13,7 @@ namespace fileops_test {
 using support::Choice;
 using support::Content;
 using support::TempTree;
+using support::Unprivileged;
 namespace fs = std::filesystem;
 
 inline struct stat StatusOf(const std::string& sPath)
@@ -28,16 +29,6 @@ inline bool Shell(const std::string& sCommand)
 {
     return std::system((sCommand + " >/dev/null 2>&1").c_str()) == 0;
 }
-
-/// Acts as an unprivileged user while it lives; this is only in effect where the tests run as root.
-class Unprivileged
-{
-public:
-    Unprivileged() { EXPECT_EQ(geteuid() == 0 ? seteuid(65534) : 0, 0); }
-    Unprivileged(const Unprivileged&) = delete;
-    Unprivileged& operator=(const Unprivileged&) = delete;
-    ~Unprivileged() { EXPECT_EQ(getuid() == 0 ? seteuid(0) : 0, 0); }
-};
 
 /// Operations on files of a tree in the home, whose trash begins empty. Each run adds to what `user` was
 /// shown.
