@@ -35,7 +35,10 @@ std::vector<tMount> ReadMountTable(std::istream& mountInfo)
 
 bool IsIn(std::string_view sPath, std::string_view sFolder)
 {
-    return sPath == sFolder || sFolder == "/" || (sPath.starts_with(sFolder) && sPath[sFolder.size()] == '/');
+    if (sFolder == "/") {
+        return sPath.starts_with('/');
+    }
+    return sPath == sFolder || (sPath.starts_with(sFolder) && sPath[sFolder.size()] == '/');
 }
 
 } // namespace desktop
