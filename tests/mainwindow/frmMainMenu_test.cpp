@@ -1,6 +1,9 @@
 #include "MainWindow.h"
 #include "mCommon.h"
 
+#include <functional>
+#include <set>
+
 namespace {
 
 using platform::MenuItem;
@@ -18,6 +21,21 @@ protected:
         return sFound;
     }
 };
+
+TEST_F(frmMainMenu, HoldsEachItemOnceWithAHandlerIfItIsACommand)
+{
+    std::set<const MenuItem*> seen;
+    const std::function<void(const std::vector<MenuItem*>&)> visit = [&](const auto& items) {
+        for (const MenuItem* pItem : items) {
+            EXPECT_TRUE(seen.insert(pItem).second) << pItem->sCaption;
+            const bool bCommand = pItem->items.empty() && pItem->sCaption != "-";
+            EXPECT_EQ(pItem->Click != nullptr, bCommand) << pItem->sCaption;
+            visit(pItem->items);
+        }
+    };
+    visit(main.form.menus);
+    EXPECT_EQ(seen.size(), 46U);
+}
 
 TEST_F(frmMainMenu, EnablesTheFileCommandsAsOfTheLastOperation)
 {
