@@ -45,7 +45,7 @@ void World::Renew()
         const std::size_t nFolder = Random(nFolders);
         std::string sFolder = Tree();
         for (std::size_t nUp = nFolder; nUp > 0; nUp /= 3) {
-            sFolder += (nUp % 7 == 0 ? "/.f" : "/f") + std::to_string(nUp);
+            sFolder.append(nUp % 7 == 0 ? "/.f" : "/f").append(std::to_string(nUp));
         }
         fs::create_directories(sFolder);
         static const std::string kOdd[] = {"n", "a b", ".h", "\xff", "new\nline", "\xc3\xa4", "-rf", "\"q\""};
@@ -54,7 +54,7 @@ void World::Renew()
         const std::size_t nContent = Random(nContents);
         const std::string sContent =
             nContent == 0 ? "" : std::to_string(nContent) + std::string(100 * (nContent % 4), 'x') + "\n";
-        std::ofstream(sFolder + "/" + sName, std::ios::binary) << sContent;
+        std::ofstream(fs::path(sFolder) / sName, std::ios::binary) << sContent;
     }
 }
 
