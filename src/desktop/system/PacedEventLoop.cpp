@@ -7,7 +7,7 @@ namespace desktop {
 namespace {
 
 /// A frame of a usual screen: more runs could show nothing, fewer could be felt.
-constexpr std::chrono::milliseconds kPace{16};
+constexpr std::chrono::milliseconds kPace{20};
 
 /// The time at the last tick of the system, at most 10 ms old: fine enough for the pace, and a sixth of the
 /// cost of the exact time, which a search of many small files asks for a million times.
