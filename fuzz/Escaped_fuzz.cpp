@@ -1,30 +1,15 @@
 // What is shown of a name is harmless text that the name can be told from; and our view of UTF-8 is GLib's.
 
 #include "Escaped.h"
+#include "NameOf.h"
 #include "Require.h"
 #include "Utf8.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdint>
 #include <glib.h>
 
 namespace {
-
-/// The bytes of a name from what is shown of it. "\x" and two digits is an escape wherever it stands.
-std::string NameOf(std::string_view sShown)
-{
-    std::string sName;
-    while (!sShown.empty()) {
-        unsigned char nByte = 0;
-        const bool bEscape =
-            sShown.size() >= 4 && sShown.starts_with("\\x") &&
-            std::from_chars(sShown.data() + 2, sShown.data() + 4, nByte, 16).ptr == sShown.data() + 4;
-        sName += bEscape ? static_cast<char>(nByte) : sShown[0];
-        sShown.remove_prefix(bEscape ? 4 : 1);
-    }
-    return sName;
-}
 
 bool ActsOnTheTextAround(gunichar nChar)
 {
