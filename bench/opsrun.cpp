@@ -23,7 +23,7 @@ namespace fs = std::filesystem;
 constexpr int kUsage = 64;
 constexpr int kFailed = 1;
 constexpr int kRounds = 5;
-constexpr std::size_t kFileMegabytes = 128;
+constexpr std::size_t kFileMegabytes = 512;
 
 /// A user who agrees to everything.
 class Consent final : public desktop::OperationDialogs
@@ -36,14 +36,30 @@ public:
         return {};
     }
     void Started(const desktop::tOperation& /*operation*/) override {}
-    bool Progress(const desktop::tOperationProgress& /*progress*/) override { return true; }
+    bool Progress(const desktop::tOperationProgress& /*progress*/) override
+    {
+        Told();
+        return true;
+    }
     void Finished(const desktop::tOperation& /*operation*/,
                   const desktop::tOperationOutcome& outcome) override
     {
+        Told();
         nNotDone += outcome.notDone.size();
     }
 
     std::size_t nNotDone = 0;
+    std::chrono::steady_clock::duration longestSilence{}; ///< in which the user sees nothing move
+
+private:
+    void Told()
+    {
+        const auto now = std::chrono::steady_clock::now();
+        longestSilence = std::max(longestSilence, now - m_lastTold);
+        m_lastTold = now;
+    }
+
+    std::chrono::steady_clock::time_point m_lastTold = std::chrono::steady_clock::now();
 };
 
 /// One way to do the work; each round begins anew with `prepare`.
@@ -80,7 +96,8 @@ void Compare(std::vector<tContender> contenders, const std::function<void()>& pr
     }
 }
 
-void Carry(const platform::SHFILEOPSTRUCT& request)
+/// Returns the longest time without a word of progress.
+double Carry(const platform::SHFILEOPSTRUCT& request)
 {
     Consent consent;
     desktop::ShellFileOperations operations(consent);
@@ -88,6 +105,7 @@ void Carry(const platform::SHFILEOPSTRUCT& request)
         std::fprintf(stderr, "opsrun: %zu files not done\n", consent.nNotDone);
         std::exit(kFailed);
     }
+    return std::chrono::duration<double>(consent.longestSilence).count();
 }
 
 void Command(const std::string& sCommand)
@@ -144,7 +162,8 @@ void Copy(const std::string& sRoot, std::size_t nMegabytes)
         sCopy += ' ' + sPath;
     }
     sCopy += ' ' + sRoot + "/to";
-    Compare({{"ours", [&] { Carry(request); }},
+    double dLongest = 0;
+    Compare({{"ours", [&] { dLongest = std::max(dLongest, Carry(request)); }},
              {"cp -p", [&] { Command(sCopy); }},
              {"cp -p, sync", [&] { Command(sCopy + " && sync " + sRoot + "/to/*"); }}},
             [&] {
@@ -152,6 +171,7 @@ void Copy(const std::string& sRoot, std::size_t nMegabytes)
                 fs::create_directories(sRoot + "/to");
                 Command("cat " + sRoot + "/from/* >/dev/null"); // in memory for everyone
             });
+    std::printf("longest time without a word of progress, in any round: %.3f s\n", dLongest);
 }
 
 } // namespace

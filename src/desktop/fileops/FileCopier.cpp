@@ -8,12 +8,17 @@
 #include <linux/fs.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
+#include <utility>
 
 namespace desktop {
 namespace {
 
 constexpr std::size_t kChunk = 4 << 20;
 constexpr std::size_t kBuffer = 256 << 10;
+
+/// How far the copying may be ahead of the disk, in bytes. A slow disk gets a gigabyte into memory in a
+/// moment and then takes a minute for the sync, in which nobody can see progress or cancel.
+constexpr std::int64_t kAhead = 32 << 20;
 
 /// The next stretch of a file that is not a hole.
 struct tRange {
@@ -70,14 +75,32 @@ tEnding FileCopier::CopyRange(std::int64_t nStart, std::int64_t nEnd)
                 return ending;
             }
         }
-        // The disk begins at once, so that the sync at the end does not take long. Only a hint: it may fail.
-        sync_file_range(m_hTo, nStart, nCopied, SYNC_FILE_RANGE_WRITE);
-        nStart += nCopied;
+        const std::int64_t nCopyEnd = nStart + nCopied;
+        if (!BringToDisk(nStart, nCopyEnd)) {
+            return tEnding::NotDone(Reason(errno, Step::Write));
+        }
+        nStart = nCopyEnd;
         if (!m_goOn(nStart)) {
             return {tEnding::Kind::Cancelled, {}};
         }
     }
     return {};
+}
+
+/// Has the disk begin with a stretch just copied, and waits for what lies far behind it. False if that could
+/// not be written, which the sync at the end would not tell again.
+bool FileCopier::BringToDisk(std::int64_t nStart, std::int64_t nEnd)
+{
+    // A file system that cannot begin by itself does all of it at the end.
+    m_bBegins = m_bBegins && sync_file_range(m_hTo, nStart, nEnd - nStart, SYNC_FILE_RANGE_WRITE) == 0;
+    const std::int64_t nDue = nEnd - kAhead;
+    if (!m_bBegins || nDue - m_nOnDisk < static_cast<std::int64_t>(kChunk)) {
+        return true;
+    }
+    const off_t nFrom = std::exchange(m_nOnDisk, nDue);
+    constexpr unsigned nWait =
+        SYNC_FILE_RANGE_WAIT_BEFORE | SYNC_FILE_RANGE_WRITE | SYNC_FILE_RANGE_WAIT_AFTER;
+    return Retried([&] { return sync_file_range(m_hTo, nFrom, nDue - nFrom, nWait); }) == 0;
 }
 
 std::int64_t FileCopier::CopyInKernel(std::int64_t nOffset, std::size_t nBytes)

@@ -18,12 +18,13 @@ public:
     {
     }
 
-    /// Not for the disk yet: that is to be synced by the caller.
+    /// The disk follows close behind, but what it has at the end is to be synced by the caller.
     tEnding Copy();
 
 private:
     tEnding CopyRange(std::int64_t nStart, std::int64_t nEnd);
     std::int64_t CopyInKernel(std::int64_t nOffset, std::size_t nBytes);
+    bool BringToDisk(std::int64_t nStart, std::int64_t nEnd);
     std::int64_t CopyByHand(std::int64_t nOffset, std::size_t nBytes, tEnding& ending);
 
     int m_hFrom;
@@ -31,6 +32,8 @@ private:
     std::int64_t m_cySize;
     const ProgressCall& m_goOn;
     bool m_bInKernel = true; ///< the kernel has not yet refused to copy by itself
+    bool m_bBegins = true;      ///< the disk begins while the copying goes on
+    std::int64_t m_nOnDisk = 0; ///< up to here it is known to have written all
     std::unique_ptr<char[]> m_buffer;
 };
 
