@@ -21,6 +21,7 @@ constexpr const char* kTrashFull = "There is no space left for the trash.";
 constexpr const char* kReadOnly = "The disk that it is on is read-only.";
 constexpr const char* kMayNotRemove = "You are not permitted to remove it from its folder.";
 constexpr const char* kMayNotWrite = "You are not permitted to change the destination folder.";
+constexpr const char* kInUse = "It is in use by the system.";
 constexpr const char* kDiskError = "The disk that it is on reported an error.";
 
 constexpr std::array kReasons{
@@ -48,6 +49,8 @@ constexpr std::array kReasons{
     tReason{ENOSPC, Step::Trash, kTrashFull},
     tReason{EDQUOT, Step::Trash, kTrashFull},
     tReason{EFBIG, Step::Write, "It is too large for the destination."},
+    tReason{EBUSY, Step::Remove, kInUse},
+    tReason{EBUSY, Step::Trash, kInUse},
     tReason{EIO, Step::Read, kDiskError},
     tReason{EIO, Step::Remove, kDiskError},
     tReason{EIO, Step::Trash, kDiskError},

@@ -4,6 +4,7 @@
 #include "Reasons.h"
 #include "Renaming.h"
 #include "Retried.h"
+#include "TrashFolders.h"
 #include "TrashInfo.h"
 
 #include <array>
@@ -111,7 +112,12 @@ tEnding TrashCan::Put(const std::string& sPath, const tFileIdentity& expected, t
     if (!ending.IsDone()) {
         return ending;
     }
-    // 4. Into the trash.
+    // 4. What is in the trash already stays there.
+    if (WouldReplaceInTrash(sBefore)) {
+        return tEnding::NotDone(
+            "The trash has another file of its name and has lost where that one came from.");
+    }
+    // 5. Into the trash.
     GError* pError = nullptr;
     const bool bTaken = g_file_trash(pFile.get(), nullptr, &pError) != FALSE;
     const std::unique_ptr<GError, decltype(&g_error_free)> pOwned(pError, &g_error_free);
@@ -119,7 +125,7 @@ tEnding TrashCan::Put(const std::string& sPath, const tFileIdentity& expected, t
     if (!bTaken || sAfter == sBefore) {
         return tEnding::NotDone(WhyNotTrashed(sTidyPath, pError));
     }
-    // 5. Without a whole note there is no way back: then it goes back now.
+    // 6. Without a whole note there is no way back: then it goes back now.
     trashed = Trashed(sTidyPath, sAfter);
     const bool bFound = IsStill(LookAt(sAfter), expected).IsDone();
     if (bFound &&
