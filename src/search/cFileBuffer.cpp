@@ -1,14 +1,15 @@
 #include "cFileBuffer.h"
 
+#include "LargePages.h"
+
 #include <algorithm>
-#include <new>
 
 namespace search {
 namespace {
 
 /// At once the room that any file of a search needs, so that it need not grow: pages that are never written
 /// to take no memory.
-constexpr std::size_t kUsualRoom = std::size_t{10} << 20;
+constexpr std::size_t kUsualRoom = 10'000'000;
 
 } // namespace
 
@@ -16,9 +17,11 @@ std::uint8_t* cFileBuffer::Reserve(std::size_t nBytes)
 {
     if (m_nRoom < nBytes || !m_aBytes) {
         Release();
-        const std::size_t nRoom = std::max(nBytes, kUsualRoom);
-        m_aBytes.reset(new (std::nothrow) std::uint8_t[nRoom]);
+        const std::size_t nPages = std::max(nBytes, kUsualRoom) / platform::kLargePage + 1;
+        const std::size_t nRoom = nPages * platform::kLargePage;
+        m_aBytes.reset(static_cast<std::uint8_t*>(std::aligned_alloc(platform::kLargePage, nRoom)));
         m_nRoom = m_aBytes ? nRoom : 0;
+        platform::UseLargePages(m_aBytes.get(), m_nRoom);
     }
     return m_aBytes.get();
 }

@@ -2,12 +2,14 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <memory>
 
 namespace search {
 
 /// Room for the bytes of one file at a time. The room is kept from file to file, what was in it is not: pages
-/// that the system has to provide and clear anew for every file cost more than reading the file.
+/// that the system has to provide and clear anew for every file cost more than reading the file. Few large ones
+/// are reached quicker than many small ones.
 class cFileBuffer
 {
 public:
@@ -18,7 +20,11 @@ public:
     void Release();
 
 private:
-    std::unique_ptr<std::uint8_t[]> m_aBytes;
+    struct tFree {
+        void operator()(std::uint8_t* pBytes) const { std::free(pBytes); }
+    };
+
+    std::unique_ptr<std::uint8_t, tFree> m_aBytes;
     std::size_t m_nRoom = 0;
 };
 
