@@ -8,7 +8,7 @@ namespace {
 
 TEST(mListView, RemovesTheSelectedRowsAndLeavesTheCurrentOneSelected)
 {
-    // A row for each letter, a capital for a selected one.
+    // A row for each letter, a capital for a selected one, which need not be the current one.
     const struct {
         std::string sRows;
         bool bMulti;
@@ -16,11 +16,9 @@ TEST(mListView, RemovesTheSelectedRowsAndLeavesTheCurrentOneSelected)
         std::string sAfter;
         std::optional<std::size_t> rowShown;
     } cases[] = {
-        {"A", false, 0, "", {}},      {"abc", false, 1, "aBc", 1}, // none was selected
-        {"Abc", false, 0, "Bc", 0},   {"abC", false, 2, "aB", 1},
-        {"abC", false, 0, "Ab", 0}, // the selected row need not be the current one
-        {"aBcDe", true, 4, "acE", 2}, {"aBCDe", true, 2, "aE", 1},
-        {"AbcD", true, 1, "Bc", 0},   {"ABC", true, 1, "", {}},
+        {"A", false, 0, "", {}},     {"abc", false, 1, "aBc", 1}, {"Abc", false, 0, "Bc", 0},
+        {"abC", false, 2, "aB", 1},  {"abC", false, 0, "Ab", 0},  {"aBcDe", true, 4, "acE", 2},
+        {"aBCDe", true, 2, "aE", 1}, {"AbcD", true, 1, "Bc", 0},  {"ABC", true, 1, "", {}},
     };
     for (const auto& each : cases) {
         platform::Form form;

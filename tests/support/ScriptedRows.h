@@ -9,14 +9,14 @@ struct ScriptedRows final : platform::ListViewObserver {
     std::optional<std::size_t> rowAtMouse;
     std::optional<std::size_t> rowShown;
 
-    void RowAdded(std::size_t /*nRow*/) override {}
-    void RowChanged(std::size_t /*nRow*/) override {}
-    void RowRemoved(std::size_t /*nRow*/) override {}
+    void RowAdded(std::size_t) override {}
+    void RowChanged(std::size_t) override {}
+    void RowRemoved(std::size_t) override {}
     void RowsCleared() override {}
     void RowsSorted() override {}
     void SelectionChanged() override {}
     void ShowRow(std::size_t nRow) override { rowShown = nRow; }
-    std::optional<std::size_t> RowAt(float /*x*/, float /*y*/) override { return rowAtMouse; }
+    std::optional<std::size_t> RowAt(float, float) override { return rowAtMouse; }
 };
 
 } // namespace support
