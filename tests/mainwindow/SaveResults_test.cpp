@@ -1,7 +1,6 @@
 #include "MainWindow.h"
 #include "Texts.h"
 #include "mFileDialog.h"
-#include "mFileInfo.h"
 
 namespace {
 
@@ -76,20 +75,6 @@ TEST_F(SaveResults, AsksAgainWhereTheLastFileWent)
         EXPECT_EQ(desktop.saveRequest.lpstrFile.c_str(), std::string("a_b_c______*.txt"));
         EXPECT_EQ(desktop.saveRequest.lpstrDefExt, "All");
     }
-}
-
-TEST(mFileInfo, TakesPathsApartAndTogether)
-{
-    EXPECT_EQ(results::ParentFolder("C:\\Docs\\letter.txt", false, '\\'), "C:\\Docs");
-    EXPECT_EQ(results::ParentFolder("/docs/letter", false), "/docs");
-    EXPECT_EQ(results::ParentFolder("/docs//", false), "/docs");
-    EXPECT_EQ(results::ParentFolder("/letter", true), "/");
-    EXPECT_EQ(results::ParentFolder("", false), "");
-    EXPECT_EQ(results::JoinPath("", "f"), "f");
-    EXPECT_EQ(results::JoinPath("/d", "f"), "/d/f");
-    EXPECT_EQ(results::JoinPath("/d/", "f"), "/d/f");
-    EXPECT_EQ(results::CutAtNull(std::string("ab\0c", 4)) + results::CutAtNull("  d e "), "abd e");
-    EXPECT_EQ(results::CutAtNull(std::string("\0x", 2)), "");
 }
 
 } // namespace

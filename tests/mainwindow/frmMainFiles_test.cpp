@@ -1,5 +1,4 @@
 #include "MainWindow.h"
-#include "mCommon.h"
 
 namespace {
 

@@ -1,10 +1,24 @@
 #include "MainWindow.h"
-#include "ScriptedRows.h"
 #include "mCommon.h"
+#include "mListView.h"
 
 namespace {
 
 using frmMainLists = MainWindow;
+
+/// Rows that nobody sees.
+struct ScriptedRows final : platform::ListViewObserver {
+    std::optional<std::size_t> rowAtMouse, rowShown;
+
+    void RowAdded(std::size_t) override {}
+    void RowChanged(std::size_t) override {}
+    void RowRemoved(std::size_t) override {}
+    void RowsCleared() override {}
+    void RowsSorted() override {}
+    void SelectionChanged() override {}
+    void ShowRow(std::size_t nRow) override { rowShown = nRow; }
+    std::optional<std::size_t> RowAt(float, float) override { return rowAtMouse; }
+};
 
 TEST_F(frmMainLists, ActOnKeysWithExactlyTheirMask)
 {
@@ -31,7 +45,7 @@ TEST_F(frmMainLists, ActOnKeysWithExactlyTheirMask)
 
 TEST_F(frmMainLists, RememberWhetherTheLastPressHitARow)
 {
-    support::ScriptedRows rows;
+    ScriptedRows rows;
     main.lvFiles.ObserveRows(&rows);
     Add(main.lvFiles, {"a"});
     EXPECT_FALSE(main.bItemHit);
@@ -49,6 +63,36 @@ TEST_F(frmMainLists, RememberWhetherTheLastPressHitARow)
     EXPECT_EQ(desktop.sWindows, "; menu &File; menu &File at the row");
     EXPECT_FALSE(main.bItemHit);
     main.lvFiles.ObserveRows(nullptr);
+}
+
+TEST_F(frmMainLists, RemoveTheSelectedRowsAndLeaveTheCurrentOneSelected)
+{
+    // Which rows are selected, the current one, and what comes of it in lvFiles, which takes several.
+    const struct {
+        std::string sSelected;
+        std::size_t nCurrent;
+        const char* pAfter;
+        std::optional<std::size_t> rowShown;
+    } cases[] = {
+        {"+", 0, "", {}},       {"---", 1, "a[b]c", 1}, {"+--", 0, "[b]c", 0},
+        {"--+", 2, "a[b]", 1},  {"--+", 0, "[a]b", 0},  {"-+-+-", 4, "ac[e]", 2},
+        {"-++++", 2, "[a]", 0}, {"+--+", 1, "[b]c", 0}, {"+++", 1, "", {}},
+    };
+    for (const auto& [sSelected, nCurrent, pAfter, rowShown] : cases) {
+        for (std::size_t n = 0; n < sSelected.size(); ++n) {
+            const std::string sName(1, "abcde"[n]);
+            main.lvFiles.ListItems.Add(sName, sName, 1);
+        }
+        Select(sSelected);
+        main.lvFiles.SetSelectedItem(nCurrent);
+        ScriptedRows rows;
+        main.lvFiles.ObserveRows(&rows);
+        results::RemoveSelectedItems(main.lvFiles);
+        EXPECT_EQ(Texts(main.lvFiles), pAfter) << sSelected;
+        EXPECT_EQ(rows.rowShown, rowShown) << sSelected;
+        main.lvFiles.ObserveRows(nullptr);
+        main.lvFiles.ListItems.Clear();
+    }
 }
 
 TEST_F(frmMainLists, StartOverInANewSearch)

@@ -5,33 +5,20 @@
 
 namespace {
 
+using frmMainMenu = MainWindow;
 using platform::MenuItem;
 
-class frmMainMenu : public MainWindow
+/// All items, each behind those that hold it.
+std::vector<const MenuItem*> All(const std::vector<MenuItem*>& items)
 {
-protected:
-    /// All items, each behind those that hold it.
-    static std::vector<const MenuItem*> All(const std::vector<MenuItem*>& items)
-    {
-        std::vector<const MenuItem*> all;
-        for (const MenuItem* pItem : items) {
-            all.push_back(pItem);
-            const auto inner = All(pItem->items);
-            all.insert(all.end(), inner.begin(), inner.end());
-        }
-        return all;
+    std::vector<const MenuItem*> all;
+    for (const MenuItem* pItem : items) {
+        all.push_back(pItem);
+        const auto inner = All(pItem->items);
+        all.insert(all.end(), inner.begin(), inner.end());
     }
-
-    /// The captions of the items that are not enabled.
-    std::string Disabled()
-    {
-        std::string sFound;
-        for (const MenuItem* pItem : All(main.form.menus)) {
-            sFound += pItem->Enabled() ? "" : pItem->sCaption + ";";
-        }
-        return sFound;
-    }
-};
+    return all;
+}
 
 TEST_F(frmMainMenu, HoldsEachItemOnceWithAHandlerIfItIsACommand)
 {
@@ -48,14 +35,21 @@ TEST_F(frmMainMenu, EnablesTheFileCommandsAsOfTheLastOperation)
 {
     const std::string sNeedRows =
         "Open;Explore;Open with;Select;Move To Folder ..;Copy To Folder ..;Delete;Properties;";
+    const auto disabled = [&] {
+        std::string sFound;
+        for (const MenuItem* pItem : All(main.form.menus)) {
+            sFound += pItem->Enabled() ? "" : pItem->sCaption + ";";
+        }
+        return sFound;
+    };
     Add(main.lvFiles, {"a"});
-    EXPECT_EQ(Disabled(), sNeedRows); // until an operation begins or ends
+    EXPECT_EQ(disabled(), sNeedRows); // until an operation begins or ends
     search::SetWorking(true);
-    EXPECT_EQ(Disabled(), "");
+    EXPECT_EQ(disabled(), "");
     main.mnuSearchClearResults.Click();
-    EXPECT_EQ(Disabled(), "");
+    EXPECT_EQ(disabled(), "");
     search::SetWorking(false);
-    EXPECT_EQ(Disabled(), sNeedRows);
+    EXPECT_EQ(disabled(), sNeedRows);
 }
 
 TEST_F(frmMainMenu, TurnsTheModesAsOneGroup)

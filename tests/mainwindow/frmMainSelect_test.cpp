@@ -2,22 +2,16 @@
 
 namespace {
 
-class frmMainSelect : public MainWindow
-{
-protected:
-    frmMainSelect()
-    {
-        Row("/home/a/", "one", 2, "0");
-        Row("/home/a/", "two", 3, "1,000");
-        Row("/media/disk/a/", "two", 4, "0");
-        Row("/home/A/", "red", 5, "10");
-        Row("/home/a/b/", "red", 6, "0");
-        Row("/home/a/", "gone", 7, "00");
-    }
-};
+using frmMainSelect = MainWindow;
 
 TEST_F(frmMainSelect, SelectsByRule)
 {
+    Row("/home/a/", "one", 2, "0");
+    Row("/home/a/", "two", 3, "1,000");
+    Row("/media/disk/a/", "two", 4, "0");
+    Row("/home/A/", "red", 5, "10");
+    Row("/home/a/b/", "red", 6, "0");
+    Row("/home/a/", "gone", 7, "00");
     const struct {
         platform::MenuItem& item;
         std::size_t nCurrent; ///< counted from 0
@@ -46,7 +40,6 @@ TEST_F(frmMainSelect, SelectsByRule)
 
 TEST_F(frmMainSelect, LeavesAnEmptyListAlone)
 {
-    main.lvFiles.ListItems.Clear();
     ASSERT_TRUE(main.lvFolders.SetFocus());
     for (const platform::MenuItem* pItem : main.mnuSelect.items) {
         if (pItem->Click) {

@@ -1,44 +1,11 @@
 #include "Escaped.h"
 #include "FileTime.h"
-#include "TextStore.h"
 #include "Texts.h"
-#include "Utf8.h"
 #include "mTextCompare.h"
 
 #include <gtest/gtest.h>
 
 namespace {
-
-TEST(Utf8, CountsCharactersAndStrayBytes)
-{
-    // Characters of one to four bytes, the last code point, and one past it; three overlong forms, a
-    // surrogate; a character cut short, stray bytes.
-    const struct {
-        std::string sText;
-        std::size_t nChars;
-        bool bValid;
-    } cases[] = {
-        {"", 0, true},
-        {"plain text", 10, true},
-        {"ä€\U0001F600", 3, true},
-        {"\U0010FFFF", 1, true},
-        {"\xF4\x90\x80\x80", 4, false},
-        {"\xC0\xAF", 2, false},
-        {"\xE0\x9F\xBF", 3, false},
-        {"\xF0\x8F\xBF\xBF", 4, false},
-        {"\xED\xA0\x80", 3, false},
-        {"\xE2\x82", 2, false},
-        {"a\xFFz\x80", 4, false},
-    };
-    for (const auto& [sText, nChars, bValid] : cases) {
-        EXPECT_EQ(platform::CountChars(sText), nChars) << sText;
-        EXPECT_EQ(platform::IsValidUtf8(sText), bValid) << sText;
-        for (std::size_t n = 0; n <= nChars; ++n) {
-            std::string sBoth(platform::LeftChars(sText, n));
-            EXPECT_EQ(sBoth.append(platform::RightChars(sText, nChars - n)), sText);
-        }
-    }
-}
 
 TEST(TextCompare, IgnoresLetterCase)
 {
@@ -71,26 +38,18 @@ TEST(Escaped, LetsNoNameActOnTheTextAroundIt)
         {"\\x0A\\x0", "\\x5Cx0A\\x0"},
         {"two\nlines\t\x7F", "two\\x0Alines\\x09\\x7F"},
         {std::string("a\0b", 3), "a\\x00b"},
+        // Stray bytes and a character cut short; overlong forms, a surrogate; the last code point, one past
+        // it.
         {"\xFF\xC3(\xE2\x82", "\\xFF\\xC3(\\xE2\\x82"},
+        {"\xC0\xAF\xE0\x9F\xBF", "\\xC0\\xAF\\xE0\\x9F\\xBF"},
+        {"\xF0\x8F\xBF\xBF\xED\xA0\x80", "\\xF0\\x8F\\xBF\\xBF\\xED\\xA0\\x80"},
+        {"\U0010FFFF\xF4\x90\x80\x80", "\U0010FFFF\\xF4\\x90\\x80\\x80"},
         {"\u0085\u009F\u00A0", "\\xC2\\x85\\xC2\\x9F\u00A0"},
         {"exe\u202Etxt\u2028", "exe\\xE2\\x80\\xAEtxt\\xE2\\x80\\xA8"},
         {"zero\u200Bwidth\u200D", "zero\\xE2\\x80\\x8Bwidth\u200D"},
     };
     for (const auto& [sName, sShown] : cases) {
         EXPECT_EQ(platform::Escaped(sName), sShown);
-    }
-}
-
-TEST(TextStore, KeepsTextsOfAnyLength)
-{
-    platform::TextStore store;
-    std::vector<std::pair<std::string, platform::StoredText>> kept;
-    for (std::size_t n = 0; n < 300; ++n) { // the last ones are longer than a block
-        const std::string sText(n * n, static_cast<char>('a' + n % 26));
-        kept.emplace_back(sText, store.Add(sText));
-    }
-    for (const auto& [sText, stored] : kept) {
-        EXPECT_EQ(stored.View(), sText);
     }
 }
 

@@ -104,16 +104,16 @@ private:
         if (left.cySize != right.cySize) {
             return false;
         }
-        for (tEntry* pEntry : {&left, &right}) {
-            if (pEntry->sCRC.empty()) {
-                FillChecksum(*pEntry);
-            }
-        }
+        FillChecksum(left);
+        FillChecksum(right);
         return left.sCRC == right.sCRC;
     }
 
     static void FillChecksum(tEntry& entry)
     {
+        if (!entry.sCRC.empty()) {
+            return;
+        }
         const auto nSize = static_cast<std::int32_t>(entry.cySize);
         const auto checksum = search::cCRC().CalculateFiles(entry.sPath + entry.sName, nSize);
         const auto* pNumber = std::get_if<std::int32_t>(&checksum);

@@ -10,7 +10,8 @@ namespace support {
 /// All that the windows meet but their event loop, with answers of the test's. Each request is a line of
 /// `sLog`, NULs as "0"; what is asked of windows, and what messages say, is in `sWindows`, behind a "; "
 /// each.
-class ScriptedDesktop final : public platform::Screen,
+class ScriptedDesktop final : public platform::Control, // the folder dialog
+                              public platform::Screen,
                               public platform::MessageBoxes,
                               public platform::WindowManager,
                               public platform::ShellDialogs,
@@ -114,11 +115,15 @@ private:
     {
         sLog += "browse " + info.lpszTitle + (info.hwndOwner ? "\n" : " unowned\n");
         if (info.lpfn != nullptr) {
-            Dialog dialog(sLog);
-            EXPECT_EQ(info.lpfn(&dialog, platform::BFFM_INITIALIZED, 0, info.lParam), 0);
-            EXPECT_EQ(info.lpfn(&dialog, platform::BFFM_SELCHANGED, 7, info.lParam), 0);
+            EXPECT_EQ(info.lpfn(this, platform::BFFM_INITIALIZED, 0, info.lParam), 0);
+            EXPECT_EQ(info.lpfn(this, platform::BFFM_SELCHANGED, 7, info.lParam), 0);
         }
         return sChosenFolder.empty() ? 0 : 7;
+    }
+    long TextMessage(unsigned nMessage, long wParam, const std::string& sText) override
+    {
+        sLog += std::to_string(nMessage) + " " + std::to_string(wParam) + " " + Shown(sText) + '\n';
+        return 0;
     }
     bool SHGetPathFromIDListA(platform::ItemId pidl, std::string& sBuffer) override
     {
@@ -160,16 +165,6 @@ private:
     {
         return sFolder.starts_with("/media/disk/") ? "8:17" : "8:1";
     }
-
-    struct Dialog final : platform::Control {
-        explicit Dialog(std::string& New_log) : sLog(New_log) {}
-        long TextMessage(unsigned nMessage, long wParam, const std::string& sText) override
-        {
-            sLog += std::to_string(nMessage) + " " + std::to_string(wParam) + " " + Shown(sText) + '\n';
-            return 0;
-        }
-        std::string& sLog;
-    };
 };
 
 } // namespace support

@@ -26,16 +26,14 @@ public:
     void AddFolder(const std::string& sPath) { lvFolders.ListItems.Add(sPath, sPath, 1); }
 
     /// The rows as "2 /a/x", behind it the columns, each behind a "|".
-    std::vector<std::string> Rows(bool bColumns = true)
+    std::vector<std::string> Rows()
     {
         std::vector<std::string> rows;
         for (std::size_t n = 1; n <= lvFiles.ListItems.Count(); ++n) {
             const auto item = lvFiles.ListItems(n);
             rows.push_back(std::to_string(item.SmallIcon()) + " " + item.Key());
-            if (bColumns) {
-                for (const auto sText : {item.Text(), item.SubItems(1), item.SubItems(2), item.SubItems(3)}) {
-                    rows.back().append("|").append(sText);
-                }
+            for (const auto sText : {item.Text(), item.SubItems(1), item.SubItems(2), item.SubItems(3)}) {
+                rows.back().append("|").append(sText);
             }
         }
         return rows;
