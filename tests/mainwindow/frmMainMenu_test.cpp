@@ -64,15 +64,16 @@ TEST_F(frmMainMenu, TurnsTheModesAsOneGroup)
         return sState;
     };
     EXPECT_EQ(state(), "x---");
-    // A click on the mode in force gives its place to both others.
-    const std::pair<int, std::string> clicks[] = {{1, "-x--"}, {2, "--x-"}, {2, "xx--"}, {2, "--x-"},
-                                                  {0, "x---"}, {0, "-xx-"}, {1, "x-x-"}};
+    // Each mode takes its place from either of the others; a click on the one in force gives it to both.
+    const std::pair<int, std::string> clicks[] = {{2, "--x-"}, {1, "-x--"}, {0, "x---"},
+                                                  {1, "-x--"}, {2, "--x-"}, {0, "x---"},
+                                                  {0, "-xx-"}, {1, "x-x-"}, {2, "xx--"}};
     for (const auto& [nClicked, sAfter] : clicks) {
         modes[nClicked]->Click();
         EXPECT_EQ(state(), sAfter);
     }
     main.mnuOptionsHidden.Click();
-    EXPECT_EQ(state(), "x-xx");
+    EXPECT_EQ(state(), "xx-x");
 }
 
 } // namespace

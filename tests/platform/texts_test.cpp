@@ -38,9 +38,9 @@ TEST(Escaped, LetsNoNameActOnTheTextAroundIt)
         {"\\x0A\\x0", "\\x5Cx0A\\x0"},
         {"two\nlines\t\x7F", "two\\x0Alines\\x09\\x7F"},
         {std::string("a\0b", 3), "a\\x00b"},
-        // Stray bytes and a character cut short; overlong forms, a surrogate; the last code point, one past
+        // Stray bytes and characters cut short; overlong forms, a surrogate; the last code point, one past
         // it.
-        {"\xFF\xC3(\xE2\x82", "\\xFF\\xC3(\\xE2\\x82"},
+        {"\xFF\xC3(\xE2\xAC(\xE2\xAC", "\\xFF\\xC3(\\xE2\\xAC(\\xE2\\xAC"},
         {"\xC0\xAF\xE0\x9F\xBF", "\\xC0\\xAF\\xE0\\x9F\\xBF"},
         {"\xF0\x8F\xBF\xBF\xED\xA0\x80", "\\xF0\\x8F\\xBF\\xBF\\xED\\xA0\\x80"},
         {"\U0010FFFF\xF4\x90\x80\x80", "\U0010FFFF\\xF4\\x90\\x80\\x80"},

@@ -39,7 +39,7 @@ TEST(Search, StartsOverAndShowsWhereItIs)
     world.lvFiles.ListItems.Add("/old/row", "row", 2);
     for (const PairKey key : {PairKey::Size, PairKey::Name, PairKey::Size}) {
         Search(world, key);
-        EXPECT_EQ(world.StatusBar1.Panels(1).Text() + world.StatusBar1.Panels(2).Text(), "Done2");
+        ASSERT_EQ(world.StatusBar1.Panels(1).Text() + world.StatusBar1.Panels(2).Text(), "Done2");
         EXPECT_EQ(world.lvFiles.ListItems(1).Key(), "/a/y");
         EXPECT_EQ(world.lvFiles.ListItems(2).Key(), sLong + "y");
         EXPECT_EQ(world.nBarMax, 5);

@@ -7,9 +7,8 @@
 
 namespace support {
 
-/// All that the windows meet but their event loop, with answers of the test's. Each request is a line of
-/// `sLog`, NULs as "0"; what is asked of windows, and what messages say, is in `sWindows`, behind a "; "
-/// each.
+/// All that the windows meet but their event loop, with answers of the test's. Requests are lines of `sLog`,
+/// NULs as "0"; what is asked of windows, and what messages say, is in `sWindows`, each behind a "; ".
 class ScriptedDesktop final : public platform::Control, // the folder dialog
                               public platform::Screen,
                               public platform::MessageBoxes,
