@@ -48,7 +48,7 @@ TEST_F(Browse, AddsTheSelectedFolderAsOftenAsAsked)
         desktop.label.sLabel = "";
         EXPECT_EQ(SaidOfAdding(3), "");
         EXPECT_EQ(SaidOfAdding(99), sTwice); // what the shell has no path for leaves everything as it was
-        desktop.label.sError = "Gone";       // the volume: the row stays, without a label
+        desktop.label = {"Disk", "Gone"};    // the volume: the row stays, without a label
         EXPECT_EQ(SaidOfAdding(4), "; message Gone.");
         EXPECT_EQ(SaidOfAdding(2), ""); // what is no folder cannot be added
         EXPECT_FALSE(form.cmdAdd.Enabled());
