@@ -1,56 +1,45 @@
 #include "MainWindow.h"
-#include "mCommon.h"
 
 #include <limits>
 #include <stdexcept>
 
 namespace {
 
-using platform::ProgressWindow;
+using Progress = MainWindow;
 
-class Progress : public MainWindow
+int Position(const platform::Form& form)
 {
-protected:
-    static int Position(const platform::Form& form)
-    {
-        return dynamic_cast<const ProgressWindow&>(*form.Children().at(0)).Position();
-    }
-};
+    return dynamic_cast<const platform::ProgressWindow&>(*form.Children().at(0)).Position();
+}
 
 TEST_F(Progress, ShowsAValueAsAPercentageOfTheRange)
 {
     constexpr float fHuge = std::numeric_limits<float>::max();
+    // An empty range, an upside-down one, one that is measured from 0 and not from Min; held at the start and
+    // at the end; 0.5, 1.5 and 2.5, each to the even number; beyond what is counted with, position -1.
     const struct {
         float min, max, value;
         int nPosition;
         float valueBack;
-        bool bOverflow = false;
     } cases[] = {
-        {0, 100, 0, 0, 0},         {0, 1000, 999, 100, 999},
-        {0, 3, 1, 33, 1},          {0, 0, 5, 5, 0}, // an empty range
-        {10, 0, 20, 20, -2},                        // an upside-down one
-        {50, 150, 75, 75, 75},                      // measured from 0, not from Min
-        {0, 100, -5, 0, -5},                        // held at the start
-        {0, 10, 25, 100, 25},                       // held at the end
-        {0, 200, 1, 0, 1},                          // 0.5, to the even number
-        {0, 200, 3, 2, 3},                          // 1.5
-        {0, 200, 5, 2, 5},                          // 2.5
-        {0, 1, fHuge, 0, 0, true}, {-fHuge, fHuge, 1, 0, 0, true},
-        {0, 1, 3e7F, 0, 0, true}, // a position beyond 32 bits
+        {0, 1000, 999, 100, 999}, {0, 3, 1, 33, 1},    {0, 0, 5, 5, 0},      {10, 0, 20, 20, -2},
+        {50, 150, 75, 75, 75},    {0, 100, -5, 0, -5}, {0, 10, 25, 100, 25}, {0, 200, 1, 0, 1},
+        {0, 200, 3, 2, 3},        {0, 200, 5, 2, 5},   {0, 1, fHuge, -1, 0}, {-fHuge, fHuge, 1, -1, 0},
+        {0, 1, 3e7F, -1, 0},
     };
-    for (const auto& each : cases) {
+    for (const auto& [min, max, value, nPosition, valueBack] : cases) {
         platform::Form form;
         dialogs::cProgressBar bar;
         bar.Create(form.hWnd());
-        bar.SetMin(each.min);
-        bar.SetMax(each.max);
-        if (each.bOverflow) {
-            EXPECT_THROW(bar.SetValue(each.value), std::overflow_error) << each.value;
+        bar.SetMin(min);
+        bar.SetMax(max);
+        if (nPosition < 0) {
+            EXPECT_THROW(bar.SetValue(value), std::overflow_error) << value;
             continue;
         }
-        bar.SetValue(each.value);
-        EXPECT_EQ(Position(form), each.nPosition) << each.value << " of " << each.max;
-        EXPECT_FLOAT_EQ(bar.Value(), each.valueBack);
+        bar.SetValue(value);
+        EXPECT_EQ(Position(form), nPosition) << value << " of " << max;
+        EXPECT_FLOAT_EQ(bar.Value(), valueBack);
     }
 }
 

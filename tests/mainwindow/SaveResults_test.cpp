@@ -1,7 +1,6 @@
 #include "MainWindow.h"
 #include "Texts.h"
 #include "mFileDialog.h"
-#include "mFileInfo.h"
 
 namespace {
 
@@ -19,20 +18,19 @@ protected:
         Row("/r/", "no group", 1);
         desktop.sChosenFile = "/out/report.txt";
     }
-    std::string m_sDate = platform::FormatDateTime(platform::Now()); ///< at the latest when the test began
 };
 
 TEST_F(SaveResults, WritesEachGroupAndOpensTheFile)
 {
     main.mnuSearchSaveResults.Click();
     const std::string sHead = "Tallyfen Report\nGenereted on ";
-    ASSERT_TRUE(desktop.sReport.starts_with(sHead));
-    const auto nDateEnd = desktop.sReport.find('\n', sHead.size());
-    EXPECT_EQ(desktop.sReport.substr(sHead.size(), nDateEnd - sHead.size()).size(), m_sDate.size());
-    EXPECT_EQ(desktop.sReport.substr(nDateEnd), "\n\n+ /p/a.jpg\n| /q/n\\x0D\\x0A+ /forged\\xFF\n+ /q/c.jpg\n"
-                                                "\n+ /p/gone\n| /q/gone\n+ /r/gone\n\n-->\n");
+    const std::string sDate = platform::FormatDateTime(platform::Now());
+    EXPECT_TRUE(desktop.sReport.starts_with(sHead));
+    EXPECT_EQ(desktop.sReport.substr(sHead.size() + sDate.size()),
+              "\n\n+ /p/a.jpg\n| /q/n\\x0D\\x0A+ /forged\\xFF\n+ /q/c.jpg\n"
+              "\n+ /p/gone\n| /q/gone\n+ /r/gone\n\n-->\n");
     EXPECT_EQ(Asked(), "write /out/report.txt\nclose\nopen 1 [/out/report.txt] [] []\n");
-    EXPECT_EQ(main.StatusBar1.Panels(1).Text(), "Done");
+    EXPECT_EQ(Status(), "Done");
 
     const platform::OPENFILENAME& request = desktop.saveRequest;
     EXPECT_EQ(request.hwndOwner, main.form.hWnd());
@@ -57,52 +55,26 @@ TEST_F(SaveResults, ShowsWhatIsThereIfItCannotBeWritten)
 
 TEST_F(SaveResults, DoesNothingWithoutAFileNameOrARow)
 {
-    desktop.sChosenFile.clear();
     main.StatusBar1.Panels(1).SetText("as before");
+    desktop.sChosenFile.clear();
     main.mnuSearchSaveResults.Click();
-    main.lvFiles.ListItems.Clear();
     desktop.sChosenFile = "/out/report.txt";
+    main.lvFiles.ListItems.Clear();
     main.mnuSearchSaveResults.Click();
-    EXPECT_EQ(Asked(), "");
-    EXPECT_EQ(main.StatusBar1.Panels(1).Text(), "as before");
+    EXPECT_EQ(Asked() + Status(), "as before");
 }
 
 TEST_F(SaveResults, AsksAgainWhereTheLastFileWent)
 {
+    const std::string sFolder = "/" + std::string(400, 'd');
     std::string sInitDir = "/start";
-    desktop.sChosenFile = "/" + std::string(400, 'd') + "/f.txt";
-    EXPECT_EQ(results::ShowSaveDialog(nullptr, "All|x", "a/b:c?\\<>|\"*.txt", sInitDir, "T"),
-              desktop.sChosenFile);
-    EXPECT_EQ(sInitDir, "/" + std::string(400, 'd'));
-    EXPECT_EQ(desktop.saveRequest.lpstrFile.c_str(), std::string("a_b_c______*.txt"));
-    EXPECT_EQ(desktop.saveRequest.lpstrDefExt, "All");
-    desktop.sChosenFile.clear();
-    EXPECT_EQ(results::ShowSaveDialog(nullptr, "a.b", "", sInitDir, "T"), "");
-    EXPECT_EQ(sInitDir, "/" + std::string(400, 'd'));
-}
-
-TEST(mFileInfo, TakesPathsApartAndTogether)
-{
-    const struct tCase {
-        const char* pPath;
-        bool bTrailing;
-        char cSeparator;
-        const char* pParent;
-    } cases[] = {
-        {"C:\\Docs\\letter.txt", false, '\\', "C:\\Docs"},
-        {"/docs/letter", false, '/', "/docs"},
-        {"/docs//", false, '/', "/docs"},
-        {"/letter", true, '/', "/"},
-        {"", false, '/', ""},
-    };
-    for (const tCase& c : cases) {
-        EXPECT_EQ(results::ParentFolder(c.pPath, c.bTrailing, c.cSeparator), c.pParent) << c.pPath;
+    for (const std::string& sChosen : {sFolder + "/f.txt", std::string()}) {
+        desktop.sChosenFile = sChosen;
+        EXPECT_EQ(results::ShowSaveDialog(nullptr, "All|x", "a/b:c?\\<>|\"*.txt", sInitDir, "T"), sChosen);
+        EXPECT_EQ(sInitDir, sFolder);
+        EXPECT_EQ(desktop.saveRequest.lpstrFile.c_str(), std::string("a_b_c______*.txt"));
+        EXPECT_EQ(desktop.saveRequest.lpstrDefExt, "All");
     }
-    EXPECT_EQ(results::JoinPath("", "f"), "f");
-    EXPECT_EQ(results::JoinPath("/d", "f"), "/d/f");
-    EXPECT_EQ(results::JoinPath("/d/", "f"), "/d/f");
-    EXPECT_EQ(results::CutAtNull(std::string("ab\0c", 4)) + results::CutAtNull("  d e "), "abd e");
-    EXPECT_EQ(results::CutAtNull(std::string("\0x", 2)), "");
 }
 
 } // namespace

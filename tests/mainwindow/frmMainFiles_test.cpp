@@ -1,5 +1,4 @@
 #include "MainWindow.h"
-#include "mCommon.h"
 
 namespace {
 
@@ -29,13 +28,17 @@ TEST_F(frmMainFiles, DeletesWhatIsSelectedAndThere)
 {
     Select("-++");
     desktop.files.files.erase("/d/b/x"); // behind the program's back
-    LetGo({"/d/c/y"});
+    LetGo({"/d/a/x", "/d/c/y"});
+    desktop.nShellResult = 1;
     main.lvFiles.KeyUp(46, 0);
-    EXPECT_EQ(Asked(), "request 3 flags 320 /d/c/y0 > \n");
-    EXPECT_EQ(Marks(), "267");
-    EXPECT_EQ(Selected(), "-++");
+    EXPECT_EQ(Marks(), "-2+3+4") << "marks change only after a request carried out";
+    desktop.nShellResult = 0;
+    desktop.files.files["/d/c/y"];
+    main.lvFiles.KeyUp(46, 0);
+    EXPECT_EQ(Asked(), "request 3 flags 320 /d/c/y0 > \nrequest 3 flags 320 /d/c/y0 > \n");
+    EXPECT_EQ(Marks(), "-2+6+7") << "only those of selected rows";
     EXPECT_TRUE(main.form.Enabled());
-    EXPECT_EQ(main.StatusBar1.Panels(1).Text(), "Done");
+    EXPECT_EQ(Status(), "Done");
     EXPECT_TRUE(desktop.sWindows.ends_with("; lock; unlock; front")) << desktop.sWindows;
 
     // A file that has come back is taken again, and its mark stays.
@@ -43,54 +46,39 @@ TEST_F(frmMainFiles, DeletesWhatIsSelectedAndThere)
     LetGo({});
     main.mnuFileDelete.Click();
     EXPECT_EQ(Asked(), "request 3 flags 320 /d/b/x0 > \n");
-    EXPECT_EQ(Marks(), "267");
-}
-
-TEST_F(frmMainFiles, LooksOnlyAtSelectedRowsAndOnlyAfterARequestCarriedOut)
-{
-    Select("--+");
-    LetGo({"/d/a/x", "/d/c/y"});
-    desktop.nShellResult = 1;
-    main.mnuFileDelete.Click();
-    EXPECT_EQ(Marks(), "234");
-    desktop.nShellResult = 0;
-    main.mnuFileDelete.Click();
-    EXPECT_EQ(Asked(), "request 3 flags 320 /d/c/y0 > \nrequest 3 flags 320  > \n");
-    EXPECT_EQ(Marks(), "237");
+    EXPECT_EQ(Marks(), "-2+6+7");
 }
 
 TEST_F(frmMainFiles, MovesAndCopiesToAChosenFolder)
 {
-    const std::string sMove = "browse Select the folder that you want to move selected files to.\n";
-    const std::string sCopy = "browse Select the folder that you want to copy selected files to.\n";
+    const std::string sMove =
+        "browse Select the folder that you want to move selected files to.\n1126 1 /d/b/0\n";
+    const std::string sCopy =
+        "browse Select the folder that you want to copy selected files to.\n1126 1 /d/b/0\n";
     Select("+-+");
     main.lvFiles.SetSelectedItem(1);
     desktop.sChosenFolder = "/";
     LetGo({"/d/a/x"});
     main.mnuFileMoveTo.Click();
-    EXPECT_EQ(Asked(), sMove + "1126 1 /d/b/0\nfree 7\nrequest 1 flags 257 /d/a/x0/d/c/y0 > /x0/y0\n");
-    EXPECT_EQ(Marks(), "534");
+    EXPECT_EQ(Asked(), sMove + "free 7\nrequest 1 flags 257 /d/a/x0/d/c/y0 > /x0/y0\n");
+    EXPECT_EQ(Marks(), "+5-3+4");
 
     // The list of destinations names each file that is still there, and a copy finds what has gone.
     desktop.sChosenFolder = std::string(300, 'f');
     LetGo({"/d/c/y"});
     main.mnuFileCopyTo.Click();
-    EXPECT_EQ(Asked(), sCopy + "1126 1 /d/b/0\nfree 7\nrequest 2 flags 257 /d/c/y0 > " +
-                           desktop.sChosenFolder + "/y0\n");
-    EXPECT_EQ(Marks(), "537");
+    EXPECT_EQ(Asked(), sCopy + "free 7\nrequest 2 flags 257 /d/c/y0 > " + desktop.sChosenFolder + "/y0\n");
+    EXPECT_EQ(Marks(), "+5-3+7");
 
     desktop.sChosenFolder.clear();
-    search::SetWorking(false);
     main.StatusBar1.Panels(1).SetText("as before");
     main.mnuFileMoveTo.Click();
-    EXPECT_EQ(Asked(), sMove + "1126 1 /d/b/0\nfree 0\n");
-    EXPECT_EQ(main.StatusBar1.Panels(1).Text(), "as before");
-
+    EXPECT_EQ(Asked(), sMove + "free 0\n");
     main.lvFiles.ListItems.Clear();
     for (auto* pItem : {&main.mnuFileDelete, &main.mnuFileMoveTo, &main.mnuFileCopyTo}) {
         pItem->Click();
     }
-    EXPECT_EQ(Asked(), "");
+    EXPECT_EQ(Asked() + Status(), "as before");
 }
 
 } // namespace

@@ -1,11 +1,23 @@
 #include "MainWindow.h"
-#include "ScriptedRows.h"
 #include "mCommon.h"
+#include "mListView.h"
 
 namespace {
 
-class frmMainLists : public MainWindow
-{
+using frmMainLists = MainWindow;
+
+/// Rows that nobody sees.
+struct ScriptedRows final : platform::ListViewObserver {
+    std::optional<std::size_t> rowAtMouse, rowShown;
+
+    void RowAdded(std::size_t) override {}
+    void RowChanged(std::size_t) override {}
+    void RowRemoved(std::size_t) override {}
+    void RowsCleared() override {}
+    void RowsSorted() override {}
+    void SelectionChanged() override {}
+    void ShowRow(std::size_t nRow) override { rowShown = nRow; }
+    std::optional<std::size_t> RowAt(float, float) override { return rowAtMouse; }
 };
 
 TEST_F(frmMainLists, ActOnKeysWithExactlyTheirMask)
@@ -14,30 +26,26 @@ TEST_F(frmMainLists, ActOnKeysWithExactlyTheirMask)
         int KeyCode, Shift;
         const char* pAfter;
     } cases[] = {
-        {65, 2, "xy[z]|[a][b]|"}, {17, 2, "xy[z]|[a][b]|"}, {65, 0, "x[y]z|ab|"},
-        {17, 0, "x[y]z|ab|"},     {65, 3, "x[y]z|ab|"},     {65, 6, "x[y]z|ab|"},
-        {66, 2, "x[y]z|ab|"},     {46, 0, "[x]z|ab|"},      {46, 7, "[x]z|ab|"},
+        {65, 2, "xy[z]|[a][b]"}, {17, 2, "xy[z]|[a][b]"}, {65, 0, "x[y]z|ab"},
+        {17, 0, "x[y]z|ab"},     {65, 3, "x[y]z|ab"},     {65, 6, "x[y]z|ab"},
+        {66, 2, "x[y]z|ab"},     {46, 0, "[x]z|ab"},      {46, 7, "[x]z|ab"},
     };
-    for (const auto& each : cases) {
+    for (const auto& [KeyCode, Shift, pAfter] : cases) {
         main.lvFolders.ListItems.Clear();
         main.lvFiles.ListItems.Clear();
         Add(main.lvFolders, {"x", "y", "z"});
         Add(main.lvFiles, {"a", "b"});
         main.lvFolders.ListItems(2).SetSelected(true);
-        main.lvFolders.KeyUp(each.KeyCode, each.Shift);
-        main.lvFiles.KeyUp(each.KeyCode, each.Shift);
-        // Delete acts on the files too, and its operation leaves its word behind.
-        const bool bDelete = each.KeyCode == 46;
-        EXPECT_EQ(State(), each.pAfter + std::string(bDelete ? "Done|0" : "Add at least one folder|0"))
-            << each.KeyCode << each.Shift;
-        EXPECT_EQ(std::exchange(desktop.log, {}).size(), bDelete ? 1U : 0U);
-        main.StatusBar1.Panels(1).SetText("Add at least one folder");
+        main.lvFolders.KeyUp(KeyCode, Shift);
+        main.lvFiles.KeyUp(KeyCode, Shift);
+        EXPECT_EQ(Texts(main.lvFolders) + "|" + Texts(main.lvFiles), pAfter) << KeyCode << Shift;
+        EXPECT_EQ(!Asked().empty(), KeyCode == 46) << "files are deleted by Delete alone";
     }
 }
 
 TEST_F(frmMainLists, RememberWhetherTheLastPressHitARow)
 {
-    support::ScriptedRows rows;
+    ScriptedRows rows;
     main.lvFiles.ObserveRows(&rows);
     Add(main.lvFiles, {"a"});
     EXPECT_FALSE(main.bItemHit);
@@ -57,12 +65,33 @@ TEST_F(frmMainLists, RememberWhetherTheLastPressHitARow)
     main.lvFiles.ObserveRows(nullptr);
 }
 
-TEST_F(frmMainLists, SortFoldersTheOtherWayAtEachClick)
+TEST_F(frmMainLists, RemoveTheSelectedRowsAndLeaveTheCurrentOneSelected)
 {
-    Add(main.lvFolders, {"b", "c", "a"});
-    for (const char* pAfter : {"cba", "abc", "cba"}) {
-        main.lvFolders.ColumnClick();
-        EXPECT_TRUE(State().starts_with(pAfter)) << State();
+    // Which rows are selected, the current one, and what comes of it in lvFiles, which takes several.
+    const struct {
+        std::string sSelected;
+        std::size_t nCurrent;
+        const char* pAfter;
+        std::optional<std::size_t> rowShown;
+    } cases[] = {
+        {"+", 0, "", {}},       {"---", 1, "a[b]c", 1}, {"+--", 0, "[b]c", 0},
+        {"--+", 2, "a[b]", 1},  {"--+", 0, "[a]b", 0},  {"-+-+-", 4, "ac[e]", 2},
+        {"-++++", 2, "[a]", 0}, {"+--+", 1, "[b]c", 0}, {"+++", 1, "", {}},
+    };
+    for (const auto& [sSelected, nCurrent, pAfter, rowShown] : cases) {
+        for (std::size_t n = 0; n < sSelected.size(); ++n) {
+            const std::string sName(1, "abcde"[n]);
+            main.lvFiles.ListItems.Add(sName, sName, 1);
+        }
+        Select(sSelected);
+        main.lvFiles.SetSelectedItem(nCurrent);
+        ScriptedRows rows;
+        main.lvFiles.ObserveRows(&rows);
+        results::RemoveSelectedItems(main.lvFiles);
+        EXPECT_EQ(Texts(main.lvFiles), pAfter) << sSelected;
+        EXPECT_EQ(rows.rowShown, rowShown) << sSelected;
+        main.lvFiles.ObserveRows(nullptr);
+        main.lvFiles.ListItems.Clear();
     }
 }
 
@@ -88,13 +117,17 @@ TEST_F(frmMainLists, StartOverInANewSearch)
     EXPECT_TRUE(main.mnuFileOpen.Enabled()); // until the next operation
 }
 
-TEST_F(frmMainLists, RemoveAndClear)
+TEST_F(frmMainLists, SortRemoveAndClear)
 {
     main.StatusBar1.Panels(1).SetText("Done");
     main.mnuSearchRemove.Click(); // nothing there
     EXPECT_EQ(State(), "||Add at least one folder|0");
-    Add(main.lvFolders, {"x", "y", "z"});
+    Add(main.lvFolders, {"y", "x", "z"});
     Add(main.lvFiles, {"f"});
+    for (const char* pAfter : {"zyx", "xyz", "zyx", "xyz"}) {
+        main.lvFolders.ColumnClick();
+        EXPECT_EQ(Texts(main.lvFolders), pAfter) << "each click sorts the other way";
+    }
     main.lvFolders.SetSelectedItem(1);
     main.mnuSearchRemove.Click(); // the current row, though not selected
     EXPECT_EQ(State(), "x[z]|f|Ready|0");

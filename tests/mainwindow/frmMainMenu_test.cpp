@@ -1,55 +1,55 @@
 #include "MainWindow.h"
 #include "mCommon.h"
 
-#include <functional>
 #include <set>
 
 namespace {
 
+using frmMainMenu = MainWindow;
 using platform::MenuItem;
 
-class frmMainMenu : public MainWindow
+/// All items, each behind those that hold it.
+std::vector<const MenuItem*> All(const std::vector<MenuItem*>& items)
 {
-protected:
-    /// The captions of the items that are not enabled.
-    static std::string Disabled(const std::vector<MenuItem*>& items)
-    {
-        std::string sFound;
-        for (const MenuItem* pItem : items) {
-            sFound += (pItem->Enabled() ? "" : pItem->sCaption + ";") + Disabled(pItem->items);
-        }
-        return sFound;
+    std::vector<const MenuItem*> all;
+    for (const MenuItem* pItem : items) {
+        all.push_back(pItem);
+        const auto inner = All(pItem->items);
+        all.insert(all.end(), inner.begin(), inner.end());
     }
-};
+    return all;
+}
 
 TEST_F(frmMainMenu, HoldsEachItemOnceWithAHandlerIfItIsACommand)
 {
-    std::set<const MenuItem*> seen;
-    const std::function<void(const std::vector<MenuItem*>&)> visit = [&](const auto& items) {
-        for (const MenuItem* pItem : items) {
-            EXPECT_TRUE(seen.insert(pItem).second) << pItem->sCaption;
-            const bool bCommand = pItem->items.empty() && pItem->sCaption != "-";
-            EXPECT_EQ(pItem->Click != nullptr, bCommand) << pItem->sCaption;
-            visit(pItem->items);
-        }
-    };
-    visit(main.form.menus);
-    EXPECT_EQ(seen.size(), 46U);
+    const auto all = All(main.form.menus);
+    EXPECT_EQ(all.size(), 46U);
+    EXPECT_EQ(std::set(all.begin(), all.end()).size(), all.size());
+    for (const MenuItem* pItem : all) {
+        const bool bCommand = pItem->items.empty() && pItem->sCaption != "-";
+        EXPECT_EQ(pItem->Click != nullptr, bCommand) << pItem->sCaption;
+    }
 }
 
 TEST_F(frmMainMenu, EnablesTheFileCommandsAsOfTheLastOperation)
 {
     const std::string sNeedRows =
         "Open;Explore;Open with;Select;Move To Folder ..;Copy To Folder ..;Delete;Properties;";
-    EXPECT_EQ(Disabled(main.form.menus), sNeedRows);
+    const auto disabled = [&] {
+        std::string sFound;
+        for (const MenuItem* pItem : All(main.form.menus)) {
+            sFound += pItem->Enabled() ? "" : pItem->sCaption + ";";
+        }
+        return sFound;
+    };
     Add(main.lvFiles, {"a"});
-    EXPECT_EQ(Disabled(main.form.menus), sNeedRows); // until an operation begins or ends
+    EXPECT_EQ(disabled(), sNeedRows); // until an operation begins or ends
     search::SetWorking(true);
-    EXPECT_EQ(Disabled(main.form.menus), "");
+    EXPECT_EQ(disabled(), "");
     main.mnuSearchClearResults.Click();
-    EXPECT_EQ(Disabled(main.form.menus), "");
+    EXPECT_EQ(disabled(), "");
     search::SetWorking(false);
-    EXPECT_EQ(Disabled(main.form.menus), sNeedRows);
+    EXPECT_EQ(disabled(), sNeedRows);
 }
 
 TEST_F(frmMainMenu, TurnsTheModesAsOneGroup)
@@ -58,30 +58,22 @@ TEST_F(frmMainMenu, TurnsTheModesAsOneGroup)
                                &main.mnuOptionsSearchNameSize};
     const auto state = [&] {
         std::string sState;
-        for (const MenuItem* pItem : modes) {
+        for (const MenuItem* pItem : {modes[0], modes[1], modes[2], &main.mnuOptionsHidden}) {
             sState += pItem->Checked() ? 'x' : '-';
         }
         return sState;
     };
-    EXPECT_EQ(state(), "x--");
-    const struct {
-        std::string sBefore, aAfter[3];
-    } table[] = {
-        {"x--", {"-xx", "-x-", "--x"}}, {"-x-", {"x--", "x-x", "--x"}}, {"--x", {"x--", "-x-", "xx-"}},
-        {"-xx", {"x--", "x-x", "xx-"}}, {"x-x", {"-xx", "-x-", "xx-"}}, {"xx-", {"-xx", "x-x", "--x"}},
-    };
-    for (const auto& row : table) {
-        for (std::size_t nClicked = 0; nClicked < 3; ++nClicked) {
-            for (std::size_t n = 0; n < 3; ++n) {
-                modes[n]->SetChecked(row.sBefore[n] == 'x');
-            }
-            modes[nClicked]->Click();
-            EXPECT_EQ(state(), row.aAfter[nClicked]) << row.sBefore << " " << nClicked;
-        }
+    EXPECT_EQ(state(), "x---");
+    // Each mode takes its place from either of the others; a click on the one in force gives it to both.
+    const std::pair<int, std::string> clicks[] = {{2, "--x-"}, {1, "-x--"}, {0, "x---"},
+                                                  {1, "-x--"}, {2, "--x-"}, {0, "x---"},
+                                                  {0, "-xx-"}, {1, "x-x-"}, {2, "xx--"}};
+    for (const auto& [nClicked, sAfter] : clicks) {
+        modes[nClicked]->Click();
+        EXPECT_EQ(state(), sAfter);
     }
-    EXPECT_FALSE(main.mnuOptionsHidden.Checked());
     main.mnuOptionsHidden.Click();
-    EXPECT_TRUE(main.mnuOptionsHidden.Checked());
+    EXPECT_EQ(state(), "xx-x");
 }
 
 } // namespace

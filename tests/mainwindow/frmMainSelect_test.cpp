@@ -2,59 +2,44 @@
 
 namespace {
 
-class frmMainSelect : public MainWindow
-{
-protected:
-    frmMainSelect()
-    {
-        Row("/home/a/", "one", 2, "0");
-        Row("/home/a/", "two", 3, "1,000");
-        Row("/media/disk/a/", "two", 4, "0");
-        Row("/home/A/", "red", 5, "10");
-        Row("/home/a/b/", "red", 6, "0");
-        Row("/home/a/", "gone", 7, "00");
-        desktop.sWindows.clear();
-    }
-};
+using frmMainSelect = MainWindow;
 
 TEST_F(frmMainSelect, SelectsByRule)
 {
-    struct tCase {
-        const char* pName;
+    Row("/home/a/", "one", 2, "0");
+    Row("/home/a/", "two", 3, "1,000");
+    Row("/media/disk/a/", "two", 4, "0");
+    Row("/home/A/", "red", 5, "10");
+    Row("/home/a/b/", "red", 6, "0");
+    Row("/home/a/", "gone", 7, "00");
+    const struct {
         platform::MenuItem& item;
         std::size_t nCurrent; ///< counted from 0
-        const char* pBefore;
-        const char* pAfter;
+        const char *pBefore, *pAfter;
+    } cases[] = {
+        {main.mnuSelectDuplicatedFiles, 0, "+-----", "-2+3+4+5+6+7"},
+        {main.mnuSelectEmptyFiles, 0, "-+-+-+", "+2-3+4-5+6-7"},
+        {main.mnuSelectDrive, 4, "--+---", "+2+3-4+5+6+7"},
+        {main.mnuSelectDrive, 2, "++++++", "-2-3+4-5-6-7"},
+        {main.mnuSelectPath, 5, "--++--", "+2+3-4-5-6+7"},
+        {main.mnuSelectAll, 0, "-+----", "+2+3+4+5+6+7"},
+        {main.mnuSelectInvert, 0, "-+--+-", "+2-3+4+5-6+7"},
+        {main.mnuSelectNone, 0, "-+--+-", "-2-3-4-5-6-7"},
     };
-    const tCase cases[] = {
-        {"duplicates", main.mnuSelectDuplicatedFiles, 0, "+-----", "-+++++"},
-        {"duplicates again", main.mnuSelectDuplicatedFiles, 0, "-+++++", "-+++++"},
-        {"empty", main.mnuSelectEmptyFiles, 0, "-+-+-+", "+-+-+-"},
-        {"drive of home", main.mnuSelectDrive, 4, "--+---", "++-+++"},
-        {"drive of disk", main.mnuSelectDrive, 2, "++++++", "--+---"},
-        {"path", main.mnuSelectPath, 5, "--++--", "++---+"},
-        {"all", main.mnuSelectAll, 0, "-+----", "++++++"},
-        {"invert", main.mnuSelectInvert, 0, "-+--+-", "+-++-+"},
-        {"invert all", main.mnuSelectInvert, 0, "++++++", "------"},
-        {"none", main.mnuSelectNone, 0, "-+--+-", "------"},
-    };
-    for (const tCase& c : cases) {
-        Select(c.pBefore);
-        main.lvFiles.SetSelectedItem(c.nCurrent);
+    for (const auto& [item, nCurrent, pBefore, pAfter] : cases) {
+        Select(pBefore);
+        main.lvFiles.SetSelectedItem(nCurrent);
         desktop.sWindows.clear();
-        c.item.Click();
-        EXPECT_EQ(Selected(), c.pAfter) << c.pName;
-        EXPECT_EQ(main.lvFiles.SelectedItem()->Index(), c.nCurrent + 1) << c.pName;
-        EXPECT_EQ(main.form.ActiveControl(), &main.lvFiles) << c.pName;
-        EXPECT_TRUE(desktop.sWindows.starts_with("; lock") && desktop.sWindows.ends_with("; unlock"))
-            << c.pName;
+        item.Click();
+        EXPECT_EQ(Marks(), pAfter) << item.sCaption;
+        EXPECT_EQ(main.lvFiles.SelectedItem()->Index(), nCurrent + 1) << item.sCaption;
+        EXPECT_EQ(main.form.ActiveControl(), &main.lvFiles) << item.sCaption;
+        EXPECT_TRUE(desktop.sWindows.starts_with("; lock") && desktop.sWindows.ends_with("; unlock"));
     }
-    EXPECT_EQ(Marks(), "234567");
 }
 
 TEST_F(frmMainSelect, LeavesAnEmptyListAlone)
 {
-    main.lvFiles.ListItems.Clear();
     ASSERT_TRUE(main.lvFolders.SetFocus());
     for (const platform::MenuItem* pItem : main.mnuSelect.items) {
         if (pItem->Click) {

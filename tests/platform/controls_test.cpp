@@ -4,13 +4,10 @@
 
 namespace {
 
-using platform::Form;
-using platform::ListView;
-
 TEST(ListView, RefusesAKeyItHolds)
 {
-    Form form;
-    ListView list(form);
+    platform::Form form;
+    platform::ListView list(form);
     // A key is the same however it falls into head and text.
     const struct {
         std::string sKey, sText;
@@ -20,11 +17,10 @@ TEST(ListView, RefusesAKeyItHolds)
         {"/a/B", "B", true}, {"", "", true},          {"", "x", false},
         {"/a/", "", true},   {"b", "b", true},
     };
-    for (const auto& each : cases) {
-        const std::size_t nBefore = list.ListItems.Count();
-        EXPECT_EQ(list.ListItems.Add(each.sKey, each.sText, 1).has_value(), each.bAdded) << each.sKey;
-        EXPECT_EQ(list.ListItems.Count(), nBefore + (each.bAdded ? 1 : 0));
+    for (const auto& [sKey, sText, bAdded] : cases) {
+        EXPECT_EQ(list.ListItems.Add(sKey, sText, 1).has_value(), bAdded) << sKey;
     }
+    EXPECT_EQ(list.ListItems.Count(), 5U);
     EXPECT_EQ(list.ListItems(3).Key(), "");
     // Many keys, so that the table of keys grows more than once.
     for (const bool bNew : {true, false}) {

@@ -2,16 +2,14 @@
 
 #include "LiteralSearch.h"
 
-#include <gtest/gtest.h>
 #include <random>
 
 namespace {
 
-using search::FindDuplicatesByContent;
-using search::FindDuplicatesByName;
+using search::PairKey;
 using support::LiteralSearch;
 using support::ScriptedSearch;
-using Rows = std::vector<std::string>;
+using Paths = std::vector<std::string>;
 
 void AddFile(ScriptedSearch& world, const std::string& sFolder, const std::string& sName,
              const std::string& sText)
@@ -20,104 +18,78 @@ void AddFile(ScriptedSearch& world, const std::string& sFolder, const std::strin
     world.files.files[sFolder + sName] = {sText};
 }
 
+void Search(ScriptedSearch& world, PairKey key)
+{
+    world.mnuOptionsSearchContent.SetChecked(key == PairKey::Size);
+    world.mnuOptionsSearchNameSize.SetChecked(key == PairKey::NameAndSize);
+    search::mnuSearchFind_Click();
+}
+
 TEST(Search, StartsOverAndShowsWhereItIs)
 {
     const std::string sLong = "/a/" + std::string(60, 'b') + "/";
-    for (const bool bContent : {true, false}) {
-        ScriptedSearch world;
-        world.AddFolder("/a");
-        AddFile(world, "/a/", "x", "1");
-        AddFile(world, "/a/", "X", "1");
-        world.mnuOptionsSearchContent.SetChecked(bContent);
-        search::mnuSearchFind_Click();
-        // Paths that differ only in letter case are one file.
-        EXPECT_EQ(world.ShortRows(), Rows{});
-        AddFile(world, "/a/", "y", "2");
-        world.files.folders["/a/"].push_back({std::string(60, 'b'), true});
-        AddFile(world, sLong, "y", "2");
-        AddFile(world, sLong, "z", "unlike any");
-        world.lvFiles.ListItems.Add("/old/row", "row", 2);
-        world.StatusBar1.Panels(2).SetText("7");
-        search::mnuSearchFind_Click();
-        EXPECT_EQ(world.StatusBar1.Panels(1).Text() + world.StatusBar1.Panels(2).Text(), "Done2");
-        EXPECT_EQ(world.ShortRows(), (Rows{"2 /a/y", "4 " + sLong + "y"}));
+    ScriptedSearch world;
+    world.AddFolder("/a");
+    AddFile(world, "/a/", "x", "1");
+    AddFile(world, "/a/", "X", "1"); // paths that differ only in letter case are one file
+    AddFile(world, "/a/", "y", "2");
+    world.files.folders["/a/"].push_back({std::string(60, 'b'), true});
+    AddFile(world, sLong, "y", "2");
+    AddFile(world, sLong, "z", "unlike any");
+    world.lvFiles.ListItems.Add("/old/row", "row", 2);
+    for (const PairKey key : {PairKey::Size, PairKey::Name, PairKey::Size}) {
+        Search(world, key);
+        ASSERT_EQ(world.StatusBar1.Panels(1).Text() + world.StatusBar1.Panels(2).Text(), "Done2");
+        EXPECT_EQ(world.lvFiles.ListItems(1).Key(), "/a/y");
+        EXPECT_EQ(world.lvFiles.ListItems(2).Key(), sLong + "y");
         EXPECT_EQ(world.nBarMax, 5);
         EXPECT_EQ(world.nBar, 4);
         EXPECT_EQ(world.Labels(), "Comparing...|.." + std::string(55, 'b') + "|z");
-        EXPECT_EQ(world.lvFiles.SelectedItem()->Selected(), !bContent);
+        EXPECT_EQ(world.lvFiles.SelectedItem()->Selected(), key == PairKey::Name);
         EXPECT_TRUE(search::bStopped);
-    }
-}
-
-/// `nFiles` files in /a/ or below it, each second one of the same size as one before, on a cold disk or in
-/// memory.
-void AddPairs(ScriptedSearch& world, int nFiles, bool bCold, std::size_t nSize)
-{
-    for (int n = 0; n < nFiles; ++n) {
-        AddFile(world, "/a/", std::to_string(n),
-                std::string(nSize + static_cast<std::size_t>(n % (nFiles / 2)), 'x'));
-    }
-    for (auto& [sPath, file] : world.files.files) {
-        file.bWaits = bCold;
     }
 }
 
 TEST(Search, AnnouncesWhatItWillReadWhenTheDiskIsCold)
 {
-    for (const bool bCold : {true, false}) {
+    const struct {
+        int nFiles; ///< each of the second half of the same size as one of the first
+        std::size_t nSize;
+        int nEach; ///< how many files there are for one that is not in memory
+        std::size_t nMostAhead;
+    } cases[] = {{3000, 1, 1, 512}, {200, 1'000'000, 1, 64}, {3000, 1, 1000, 8}, {3000, 1, 4000, 0}};
+    for (const auto& [nFiles, nSize, nEach, nMostAhead] : cases) {
         ScriptedSearch world;
         world.AddFolder("/a");
-        AddPairs(world, 3000, bCold, 1);
-        FindDuplicatesByContent();
-        ASSERT_EQ(world.files.opened.size(), 3000U);
-        // All but the first, which was waited for unannounced; in reading order, and not too far ahead.
-        const Rows expected(world.files.opened.begin() + 1, world.files.opened.end());
-        EXPECT_EQ(world.files.announced, bCold ? expected : Rows{});
-        EXPECT_EQ(world.files.nMostAhead, bCold ? 512U : 0U);
+        for (int n = 0; n < nFiles; ++n) {
+            const std::string sName = std::to_string(n);
+            AddFile(world, "/a/", sName,
+                    std::string(nSize + static_cast<std::size_t>(n % (nFiles / 2)), 'x'));
+            world.files.files["/a/" + sName].bWaits = (n + 1) % nEach == 0;
+        }
+        Search(world, PairKey::Size);
+        ASSERT_EQ(world.files.opened.size(), static_cast<std::size_t>(nFiles));
+        EXPECT_EQ(world.files.nMostAhead, nMostAhead);
+        if (nEach == 1) { // all but the first, which was waited for unannounced, in reading order
+            EXPECT_EQ(world.files.announced, Paths(world.files.opened.begin() + 1, world.files.opened.end()));
+        } else {
+            EXPECT_LE(world.files.announced.size(), static_cast<std::size_t>(nFiles / nEach * 16));
+        }
     }
-    ScriptedSearch large;
-    large.AddFolder("/a");
-    AddPairs(large, 200, true, 1'000'000);
-    FindDuplicatesByContent();
-    EXPECT_GT(large.files.nMostBytesAhead, 64'000'000);
-    EXPECT_LT(large.files.nMostBytesAhead, 66'000'000);
-}
-
-TEST(Search, AnnouncesLittleForALoneColdFile)
-{
-    ScriptedSearch world;
-    world.AddFolder("/a");
-    AddPairs(world, 3000, false, 1);
-    for (const char* pName : {"500", "900", "1300"}) {
-        world.files.files[std::string("/a/") + pName].bWaits = true;
-    }
-    FindDuplicatesByContent();
-    EXPECT_LE(world.files.announced.size(), 3 * 16U);
 }
 
 TEST(Search, LooksAtFewPairsWhateverTheFilesAreLike)
 {
-    const struct {
-        const char* pWhat;
-        std::string (*nameOf)(int n);
-        std::string (*contentOf)(int n);
-    } tables[] = {
-        {"one size", [](int n) { return std::to_string(n); },
-         [](int n) { return std::to_string(10'000 + n); }},
-        {"alike", [](int n) { return std::to_string(n); }, [](int) { return std::string("same"); }},
-        {"two sizes", [](int n) { return std::to_string(n); },
-         [](int n) { return std::string(n % 2 == 0 ? 1U : 2U, 'x'); }},
-    };
-    for (const auto& table : tables) {
-        for (const bool bContent : {true, false}) {
+    for (const auto& [nSizes, nContents] : {std::pair(1, 1), std::pair(2, 1), std::pair(1, 2000)}) {
+        for (const PairKey key : {PairKey::Size, PairKey::Name, PairKey::NameAndSize}) {
             ScriptedSearch world;
             world.AddFolder("/a");
             for (int n = 0; n < 2000; ++n) {
-                AddFile(world, "/a/", table.nameOf(n), table.contentOf(n));
+                const std::string sLead(static_cast<std::size_t>(n % nSizes), 'x');
+                AddFile(world, "/a/", std::to_string(n), sLead + std::to_string(10'000 + n % nContents));
             }
-            world.mnuOptionsSearchContent.SetChecked(bContent);
-            search::mnuSearchFind_Click();
-            EXPECT_LT(world.nYields, 2000 * 10) << table.pWhat;
+            Search(world, key);
+            EXPECT_LT(world.nYields, 2000 * 10) << nSizes << ' ' << nContents;
         }
     }
 }
@@ -154,13 +126,14 @@ TEST(Search, DoesExactlyWhatComparingAllPairsDoes)
     std::size_t nRows = 0;
     std::size_t nCancelled = 0;
     for (unsigned nSeed = 0; nSeed < 6000; ++nSeed) {
-        const auto mode = static_cast<LiteralSearch::Mode>(nSeed % 3);
+        SCOPED_TRACE(nSeed);
+        const auto key = static_cast<PairKey>(nSeed % 3);
         const std::int64_t nCancelStep = nSeed % 2 == 0 ? 0 : 1 + nSeed * 7919 % 400;
 
         ScriptedSearch literalWorld;
         MakeWorld(literalWorld, nSeed);
         literalWorld.nCancelStep = nCancelStep;
-        LiteralSearch literal(literalWorld, mode);
+        const LiteralSearch literal(literalWorld, key);
 
         ScriptedSearch world;
         MakeWorld(world, nSeed);
@@ -168,21 +141,18 @@ TEST(Search, DoesExactlyWhatComparingAllPairsDoes)
             continue;
         }
         world.nCancelStep = nCancelStep;
-        world.mnuOptionsSearchContent.SetChecked(mode == LiteralSearch::Mode::Content);
-        world.mnuOptionsSearchNameSize.SetChecked(mode == LiteralSearch::Mode::NameAndSize);
-        search::mnuSearchFind_Click();
+        Search(world, key);
 
-        ASSERT_EQ(world.Rows(), literal.rows) << "seed " << nSeed;
-        ASSERT_EQ(support::TableOfProgram(), literal.table) << "seed " << nSeed;
-        ASSERT_EQ(world.files.opened, literalWorld.files.opened) << "seed " << nSeed;
+        ASSERT_EQ(world.Rows(), literal.rows);
+        ASSERT_EQ(LiteralSearch::TableOfProgram(), literal.table);
+        ASSERT_EQ(world.files.opened, literalWorld.files.opened);
         if (nCancelStep == 0 || world.nSteps < nCancelStep) {
-            ASSERT_EQ(world.nSteps, literalWorld.nSteps) << "seed " << nSeed;
+            ASSERT_EQ(world.nSteps, literalWorld.nSteps);
         } else {
             ++nCancelled;
         }
-        if (literal.nPairsEntry > 0) {
-            const auto& shown = literal.table[static_cast<std::size_t>(literal.nPairsEntry) - 1];
-            ASSERT_EQ(world.Labels(), "Comparing...|" + shown.sPath + "|" + shown.sName) << "seed " << nSeed;
+        if (!literal.sLabels.empty()) {
+            ASSERT_EQ(world.Labels(), literal.sLabels);
         }
         nRows += literal.rows.size();
     }

@@ -2,19 +2,22 @@
 
 #include "ScriptedSearch.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
-using search::FindAllFiles;
+using search::FileList;
 using support::ScriptedSearch;
 using Names = std::vector<std::string>;
 
-Names Found()
+/// What walks of these folders find, one after the other.
+Names Found(std::initializer_list<const char*> roots)
 {
+    search::ClearResults();
+    for (const char* pRoot : roots) {
+        search::FindAllFiles(pRoot);
+    }
     Names names;
     for (std::size_t n = 0; n < static_cast<std::size_t>(search::FileCount); ++n) {
-        names.push_back(search::FileList[n].FullPath());
+        names.push_back(FileList[n].FullPath());
     }
     return names;
 }
@@ -28,46 +31,36 @@ void MakeTree(ScriptedSearch& world)
         {"/r/s/", {{"t", true}, {"5"}}},
         {"/r/s/t/", {{"6"}}},
     };
-    search::ClearResults();
-    world.nSteps = 0;
 }
 
 TEST(FindAllFiles, TakesAFoldersFilesBeforeItsSubfolders)
 {
     ScriptedSearch world;
     MakeTree(world);
-    for (const char* pRoot : {"/r", "/r/"}) {
-        search::ClearResults();
-        FindAllFiles(pRoot);
-        EXPECT_EQ(Found(), (Names{"/r/1", "/r/3", "/r/s/5", "/r/s/t/6"}));
-    }
+    const Names seen{"/r/1", "/r/3", "/r/s/5", "/r/s/t/6"};
+    EXPECT_EQ(Found({"/r"}), seen);
+    EXPECT_EQ(Found({"/r/"}), seen);
     EXPECT_EQ(world.Labels(), "|/r/gone|");
+    // A hidden folder that is named itself is walked all the same.
+    EXPECT_EQ(Found({"/r/s", "/r/.h"}), (Names{"/r/s/5", "/r/s/t/6", "/r/.h/4"}));
     world.mnuOptionsHidden.SetChecked(true);
-    search::ClearResults();
-    FindAllFiles("/r");
-    EXPECT_EQ(Found(), (Names{"/r/1", "/r/.2", "/r/3", "/r/.h/4", "/r/s/5", "/r/s/t/6"}));
-    // A hidden folder that is named itself is walked all the same, and results add up.
-    world.mnuOptionsHidden.SetChecked(false);
-    FindAllFiles("/r/.h");
-    EXPECT_EQ(search::FileCount, 7);
+    EXPECT_EQ(Found({"/r"}), (Names{"/r/1", "/r/.2", "/r/3", "/r/.h/4", "/r/s/5", "/r/s/t/6"}));
 }
 
 TEST(FindAllFiles, StopsAtAnyStepAndKeepsWhatItHas)
 {
     ScriptedSearch world;
     MakeTree(world);
-    FindAllFiles("/r");
-    const Names all = Found();
+    const Names all = Found({"/r"});
     const std::int64_t nSteps = world.nSteps;
     ASSERT_EQ(nSteps, 6 + 6 + 2 + 2 + 2 + 1 + 1 + 1); // entries twice, descents once, hidden ones counted
     for (std::int64_t nStop = 1; nStop <= nSteps; ++nStop) {
-        MakeTree(world);
         search::bStopped = false;
+        world.nSteps = 0;
         world.nCancelStep = nStop;
-        FindAllFiles("/r");
+        const Names found = Found({"/r"});
         EXPECT_LE(world.nSteps, nStop + 2); // each level above notices at its next step
-        const Names found = Found();
-        EXPECT_LE(found.size(), all.size());
+        ASSERT_LE(found.size(), all.size());
         EXPECT_TRUE(std::equal(found.begin(), found.end(), all.begin()));
     }
 }
@@ -77,32 +70,25 @@ TEST(FindAllFiles, FillsEntries)
     ScriptedSearch world;
     setenv("TZ", "XYZ-2:30", 1);
     tzset();
-    world.files.folders = {
-        {"/r/",
-         {{"limit", false, 10'000'000, 1'075'965'423},
-          {"above", false, 10'000'001, -2'209'183'200}, // 29 December 1899 at 20:30 local time
-          {"huge", false, 1LL << 62, 253'402'300'800},  // past the year 9999
-          {"odd", false, 0, std::numeric_limits<std::int64_t>::min()}}}};
-    search::ClearResults();
-    FindAllFiles("/r");
     const struct {
-        std::int64_t cySize;
+        std::int64_t cySize, nSeconds;
         double dtDate;
         bool bDone;
-    } expected[] = {{10'000'000, 38022 + (9 * 3600 + 47 * 60 + 3) / 86400.0, false},
-                    {10'000'001, -1 - 20.5 / 24, true},
-                    {1LL << 62, 0, true},
-                    {0, 0, false}};
-    for (std::size_t n = 0; n < std::size(expected); ++n) {
-        EXPECT_EQ(search::FileList[n].cySize, expected[n].cySize);
-        EXPECT_DOUBLE_EQ(search::FileList[n].dtDate, expected[n].dtDate);
-        EXPECT_EQ(search::FileList[n].bDone, expected[n].bDone);
-        EXPECT_TRUE(search::FileList[n].sCRC.empty());
+    } cases[] = {
+        {10'000'000, 1'075'965'423, 38022 + (9 * 3600 + 47 * 60 + 3) / 86400.0, false},
+        {10'000'001, -2'209'183'200, -1 - 20.5 / 24, true}, // 29 December 1899 at 20:30 local time
+        {1LL << 62, 253'402'300'800, 0, true},              // past the year 9999
+        {0, std::numeric_limits<std::int64_t>::min(), 0, false},
+    };
+    for (const auto& each : cases) {
+        world.files.folders["/r/"] = {{"f", false, each.cySize, each.nSeconds}};
+        ASSERT_EQ(Found({"/r"}), Names{"/r/f"});
+        EXPECT_EQ(FileList[0].cySize, each.cySize);
+        EXPECT_DOUBLE_EQ(FileList[0].dtDate, each.dtDate);
+        EXPECT_EQ(FileList[0].bDone, each.bDone) << each.cySize;
     }
     EXPECT_EQ(search::FileTimeToText({1'075'965'423}), "5/2/2004 9:47:3");
     EXPECT_EQ(search::FileTimeToText({253'402'300'800}), "");
-    EXPECT_EQ(search::TrimNull(std::string_view("ab\0c\0", 5)), "ab");
-    EXPECT_EQ(search::TrimNull("abc"), "abc");
 }
 
 TEST(FindAllFiles, TakesAFileOnceHoweverManyMountsLeadToIt)
@@ -110,34 +96,28 @@ TEST(FindAllFiles, TakesAFileOnceHoweverManyMountsLeadToIt)
     ScriptedSearch world;
     world.files.folders = {{"/a/", {{"f"}}}, {"/b/", {{"f"}}}, {"/c/", {{"f"}}}, {"/d/", {{"f"}}}};
     world.files.identities = {{"/a/", {1, 7, 1}}, {"/b/", {1, 7, 2}}, {"/c/", {1, 8, 2}}, {"/d/", {2, 7, 3}}};
-    search::ClearResults();
-    for (const char* pRoot : {"/a", "/b", "/a", "/c", "/d", "/b"}) {
-        FindAllFiles(pRoot);
-    }
     std::string sDone;
-    for (std::size_t n = 0; n < 6; ++n) {
-        sDone += search::FileList[n].bDone ? 'x' : '-';
+    const std::size_t nFound = Found({"/a", "/b", "/a", "/c", "/d", "/b"}).size();
+    for (std::size_t n = 0; n < nFound; ++n) {
+        sDone += FileList[n].bDone ? 'x' : '-';
     }
     EXPECT_EQ(sDone, "-x---x"); // a folder listed twice is left to the comparison
-    // The next search knows nothing of it.
-    search::ClearResults();
-    FindAllFiles("/b");
-    EXPECT_FALSE(search::FileList[0].bDone);
+    Found({"/b"});
+    EXPECT_FALSE(FileList[0].bDone) << "the next search knows nothing of the one before";
 }
 
 TEST(FindAllFiles, EntersAtMost32767SubfoldersOfAFolder)
 {
     ScriptedSearch world;
-    auto& root = world.files.folders["/r/"];
     for (int n = 0; n < 32'769; ++n) {
-        root.push_back({"d" + std::to_string(n), true});
-        world.files.folders["/r/d" + std::to_string(n) + "/"] = {{"f"}};
+        const std::string sName = "d" + std::to_string(n);
+        world.files.folders["/r/"].push_back({sName, true});
+        world.files.folders["/r/" + sName + "/"] = {{"f"}};
     }
-    root.push_back({"last"});
-    search::ClearResults();
-    FindAllFiles("/r");
-    EXPECT_EQ(search::FileCount, 1 + 32'767);
-    EXPECT_EQ(Found().back(), "/r/d32766/f");
+    world.files.folders["/r/"].push_back({"last"});
+    const Names found = Found({"/r"});
+    ASSERT_EQ(found.size(), 1 + 32'767U);
+    EXPECT_EQ(found.back(), "/r/d32766/f");
 }
 
 } // namespace

@@ -33,18 +33,24 @@ protected:
         }
     }
 
-    /// The rows of both lists, those selected in brackets, and the panels.
+    /// The rows of a list, those selected in brackets.
+    static std::string Texts(platform::ListView& list)
+    {
+        std::string sTexts;
+        for (std::size_t n = 1; n <= list.ListItems.Count(); ++n) {
+            const std::string sText(list.ListItems(n).Text());
+            sTexts += list.ListItems(n).Selected() ? "[" + sText + "]" : sText;
+        }
+        return sTexts;
+    }
+
+    std::string Status() { return main.StatusBar1.Panels(1).Text(); }
+
+    /// The rows of both lists and the panels.
     std::string State()
     {
-        std::string sState;
-        for (platform::ListView* pList : {&main.lvFolders, &main.lvFiles}) {
-            for (std::size_t n = 1; n <= pList->ListItems.Count(); ++n) {
-                const std::string sText(pList->ListItems(n).Text());
-                sState += pList->ListItems(n).Selected() ? "[" + sText + "]" : sText;
-            }
-            sState += "|";
-        }
-        return sState + main.StatusBar1.Panels(1).Text() + "|" + main.StatusBar1.Panels(2).Text();
+        return Texts(main.lvFolders) + "|" + Texts(main.lvFiles) + "|" + Status() + "|" +
+               main.StatusBar1.Panels(2).Text();
     }
 
     /// Adds the row of a file, which is there.
@@ -52,7 +58,6 @@ protected:
     {
         desktop.files.files[sFolder + sName];
         auto row = main.lvFiles.ListItems.Add(sFolder + sName, sName, nMark);
-        ASSERT_TRUE(row);
         row->SetSubItems(1, pSize);
         row->SetSubItems(3, sFolder);
     }
@@ -65,33 +70,19 @@ protected:
         }
     }
 
-    std::string Selected()
-    {
-        std::string sPattern;
-        for (const bool bSelected : main.lvFiles.ListItems.Selection()) {
-            sPattern += bSelected ? '+' : '-';
-        }
-        return sPattern;
-    }
-
+    /// The marks of the rows, those selected behind a "+", the others behind a "-".
     std::string Marks()
     {
         std::string sMarks;
         for (std::size_t n = 1; n <= main.lvFiles.ListItems.Count(); ++n) {
-            sMarks += std::to_string(main.lvFiles.ListItems(n).SmallIcon());
+            const auto row = main.lvFiles.ListItems(n);
+            sMarks += (row.Selected() ? "+" : "-") + std::to_string(row.SmallIcon());
         }
         return sMarks;
     }
 
-    /// What the desktop was asked for since the last call, in order.
-    std::string Asked()
-    {
-        std::string sAsked;
-        for (const std::string& sLine : std::exchange(desktop.log, {})) {
-            sAsked += sLine + "\n";
-        }
-        return sAsked;
-    }
+    /// What the desktop was asked for since the last call, a line each.
+    std::string Asked() { return std::exchange(desktop.sLog, {}); }
 
     support::ScriptedDesktop desktop;
     mainwindow::frmMain main;

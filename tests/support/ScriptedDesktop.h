@@ -5,17 +5,12 @@
 #include "ScriptedFiles.h"
 #include "System.h"
 
-#include <algorithm>
-#include <functional>
-#include <map>
-#include <string>
-#include <vector>
-
 namespace support {
 
-/// All that the windows meet but their event loop, with answers of the test's. Each request is noted in
-/// `log`, NULs as "0"; what is asked of windows, and what messages say, in `sWindows`, behind a "; " each.
-class ScriptedDesktop final : public platform::Screen,
+/// All that the windows meet but their event loop, with answers of the test's. Requests are lines of `sLog`,
+/// NULs as "0"; what is asked of windows, and what messages say, is in `sWindows`, each behind a "; ".
+class ScriptedDesktop final : public platform::Control, // the folder dialog
+                              public platform::Screen,
                               public platform::MessageBoxes,
                               public platform::WindowManager,
                               public platform::ShellDialogs,
@@ -27,8 +22,7 @@ class ScriptedDesktop final : public platform::Screen,
 {
 public:
     ScriptedFiles files; ///< what is on the disk
-    std::vector<std::string> log;
-    std::string sWindows;
+    std::string sLog, sWindows;
 
     // The Add Folder window.
     std::function<void()> whileBrowsing = [] {}; ///< runs in the place of the dialog's event loop
@@ -36,12 +30,12 @@ public:
     platform::tVolumeLabel label;
     platform::BROWSEINFO browseRequest;
 
-    std::string sChosenFolder;           ///< what the folder dialog comes to; empty for Cancel
-    std::string sChosenFile;             ///< what the save dialog comes to; empty for Cancel
-    int nShellResult = 0;                ///< what each request to the shell comes to
-    std::function<void()> duringRequest; ///< what happens to the disk meanwhile
-    std::map<std::string, long> launchResults;
-    std::string sReport;      ///< all lines written
+    std::string sChosenFolder;                   ///< what the folder dialog comes to; empty for Cancel
+    std::string sChosenFile;                     ///< what the save dialog comes to; empty for Cancel
+    int nShellResult = 0;                        ///< what each request to the shell comes to
+    std::function<void()> duringRequest = [] {}; ///< what happens to the disk meanwhile
+    std::map<std::string, long> launchResults;   ///< of what does not start
+    std::string sReport;                         ///< all lines written
     int nLinesThatFit = 1000; ///< the disk is full behind them; -1: the file cannot be opened
     platform::OPENFILENAME saveRequest;
 
@@ -56,117 +50,113 @@ public:
         return sText;
     }
 
-    void SetMousePointer(platform::MousePointer /*pointer*/) override {}
-    void Show(std::string_view sText, platform::MessageIcon /*icon*/) override
+private:
+    using WindowHandle = platform::WindowHandle;
+
+    void SetMousePointer(platform::MousePointer) override {}
+    void Show(std::string_view sText, platform::MessageIcon) override
     {
-        Note("message " + std::string(sText));
+        sWindows.append("; message ").append(sText);
     }
     void ShowForm(platform::Form& form, bool bModal, platform::Form* pOwner) override
     {
-        Note((bModal ? "modal " : "show ") + form.design.sCaption + (pOwner != nullptr ? " owned" : ""));
+        sWindows += (bModal ? "; modal " : "; show ") + form.design.sCaption + (pOwner ? " owned" : "");
     }
-    void TakeDownForm(platform::Form& form) override { Note("down " + form.design.sCaption); }
-    void RefreshForm(platform::Form& form) override { Note("refresh " + form.design.sCaption); }
+    void TakeDownForm(platform::Form& form) override { sWindows += "; down " + form.design.sCaption; }
+    void RefreshForm(platform::Form& form) override { sWindows += "; refresh " + form.design.sCaption; }
     void PopupMenu(platform::MenuItem& menu, const platform::ListView* pList) override
     {
-        Note("menu " + menu.sCaption + (pList != nullptr ? " at the row" : ""));
+        sWindows += "; menu " + menu.sCaption + (pList ? " at the row" : "");
     }
-    void SetForegroundWindow(platform::WindowHandle /*hWnd*/) override { Note("front"); }
-    void LockWindowUpdate(platform::WindowHandle hWnd) override { Note(hWnd != nullptr ? "lock" : "unlock"); }
+    void SetForegroundWindow(WindowHandle) override { sWindows += "; front"; }
+    void LockWindowUpdate(WindowHandle hWnd) override { sWindows += hWnd ? "; lock" : "; unlock"; }
 
     platform::ItemId SHBrowseForFolder(const platform::BROWSEINFO& info) override
     {
-        Note("browse");
+        sWindows += "; browse";
         browseRequest = info;
         whileBrowsing();
         return 0;
     }
     bool SHGetPathFromIDList(platform::ItemId pidl, std::string& sBuffer) override
     {
-        const auto path = paths.find(pidl);
-        if (path == paths.end()) {
-            return false;
-        }
-        sBuffer.replace(0, path->second.size() + 1, path->second + '\0');
-        return true;
+        return paths.contains(pidl) && Fill(sBuffer, paths[pidl]);
     }
-    platform::tVolumeLabel VolumeLabel(const std::string& /*sFolder*/) override { return label; }
+    platform::tVolumeLabel VolumeLabel(const std::string&) override { return label; }
 
     int SHFileOperationA(const platform::SHFILEOPSTRUCT& request) override
     {
-        log.push_back("request " + std::to_string(request.wFunc) + " flags " +
-                      std::to_string(request.fFlags) + (request.hwnd != nullptr ? " " : " unowned ") +
-                      Shown(request.pFrom) + " > " + Shown(request.pTo));
-        if (duringRequest) {
-            duringRequest();
-        }
+        sLog += "request " + std::to_string(request.wFunc) + " flags " + std::to_string(request.fFlags) +
+                (request.hwnd ? " " : " unowned ") + Shown(request.pFrom) + " > " + Shown(request.pTo) + '\n';
+        duringRequest();
         return nShellResult;
     }
-    long SHGetFileInfoA(const std::string& sPath, unsigned /*dwFileAttributes*/, unsigned uFlags) override
+    long SHGetFileInfoA(const std::string& sPath, unsigned, unsigned uFlags) override
     {
         return uFlags == platform::SHGFI_DISPLAYNAME && files.PathFound(sPath) ? 1 : 0;
     }
 
-    long ShellExecuteA(platform::WindowHandle hwnd, const std::string& sVerb, const std::string& sFile,
+    long ShellExecuteA(WindowHandle hwnd, const std::string& sVerb, const std::string& sFile,
                        const std::string& sParameters, const std::string& sDirectory, int nShowCmd) override
     {
-        log.push_back(sVerb + (hwnd != nullptr ? " owned " : " ") + std::to_string(nShowCmd) + " [" + sFile +
-                      "] [" + sParameters + "] [" + sDirectory + "]");
-        const auto result = launchResults.find(sFile);
-        return result == launchResults.end() ? 33 : result->second;
+        sLog += sVerb + (hwnd ? " owned " : " ") + std::to_string(nShowCmd) + " [" + sFile + "] [" +
+                sParameters + "] [" + sDirectory + "]\n";
+        return launchResults.contains(sFile) ? launchResults[sFile] : 33;
     }
     bool ShellExecuteExA(const platform::SHELLEXECUTEINFO& info) override
     {
-        log.push_back(info.lpVerb + (info.hwnd != nullptr ? " owned " : " ") + std::to_string(info.fMask) +
-                      " [" + info.lpFile + "]");
+        sLog += info.lpVerb + (info.hwnd ? " owned " : " ") + std::to_string(info.fMask) + " [" +
+                info.lpFile + "]\n";
         return false;
     }
 
     platform::ItemId SHBrowseForFolderA(const platform::BROWSEINFO& info) override
     {
-        log.push_back("browse " + info.lpszTitle + (info.hwndOwner != nullptr ? "" : " unowned"));
+        sLog += "browse " + info.lpszTitle + (info.hwndOwner ? "\n" : " unowned\n");
         if (info.lpfn != nullptr) {
-            Dialog dialog(log);
-            EXPECT_EQ(info.lpfn(&dialog, platform::BFFM_INITIALIZED, 0, info.lParam), 0);
-            EXPECT_EQ(info.lpfn(&dialog, platform::BFFM_SELCHANGED, 7, info.lParam), 0);
+            EXPECT_EQ(info.lpfn(this, platform::BFFM_INITIALIZED, 0, info.lParam), 0);
+            EXPECT_EQ(info.lpfn(this, platform::BFFM_SELCHANGED, 7, info.lParam), 0);
         }
         return sChosenFolder.empty() ? 0 : 7;
     }
+    long TextMessage(unsigned nMessage, long wParam, const std::string& sText) override
+    {
+        sLog += std::to_string(nMessage) + " " + std::to_string(wParam) + " " + Shown(sText) + '\n';
+        return 0;
+    }
     bool SHGetPathFromIDListA(platform::ItemId pidl, std::string& sBuffer) override
     {
-        if (pidl == 0) {
-            return false;
-        }
-        sBuffer.replace(0, sChosenFolder.size() + 1, sChosenFolder + '\0');
-        return true;
+        return pidl != 0 && Fill(sBuffer, sChosenFolder);
     }
-    void CoTaskMemFree(platform::ItemId pidl) override { log.push_back("free " + std::to_string(pidl)); }
-
+    void CoTaskMemFree(platform::ItemId pidl) override { sLog += "free " + std::to_string(pidl) + '\n'; }
     bool GetSaveFileNameA(platform::OPENFILENAME& request) override
     {
         saveRequest = request;
-        request.lpstrFile.replace(0, sChosenFile.size() + 1, sChosenFile + '\0');
-        return !sChosenFile.empty();
+        return !sChosenFile.empty() && Fill(request.lpstrFile, sChosenFile);
+    }
+    static bool Fill(std::string& sBuffer, const std::string& sPath)
+    {
+        sBuffer.replace(0, sPath.size() + 1, sPath + '\0');
+        return true;
     }
 
     platform::FileHandle OpenForOutput(const std::string& sPath) override
     {
-        log.push_back("write " + sPath);
+        sLog += "write " + sPath + '\n';
         return nLinesThatFit < 0 ? platform::INVALID_HANDLE_VALUE : 5;
     }
     bool PrintLine(platform::FileHandle hFile, std::string_view sLine) override
     {
         EXPECT_EQ(hFile, 5);
-        if (nLinesThatFit-- <= 0) {
-            return false;
+        if (nLinesThatFit-- > 0) {
+            sReport.append(sLine).append("\n");
         }
-        sReport.append(sLine).append("\n");
-        return true;
+        return nLinesThatFit >= 0;
     }
     bool CloseOutput(platform::FileHandle hFile) override
     {
         EXPECT_EQ(hFile, 5);
-        log.emplace_back("close");
+        sLog += "close\n";
         return true;
     }
 
@@ -174,19 +164,6 @@ public:
     {
         return sFolder.starts_with("/media/disk/") ? "8:17" : "8:1";
     }
-
-private:
-    void Note(const std::string& sWhat) { sWindows += "; " + sWhat; }
-
-    struct Dialog final : platform::Control {
-        explicit Dialog(std::vector<std::string>& New_log) : sLog(New_log) {}
-        long TextMessage(unsigned nMessage, long wParam, const std::string& sText) override
-        {
-            sLog.push_back(std::to_string(nMessage) + " " + std::to_string(wParam) + " " + Shown(sText));
-            return 0;
-        }
-        std::vector<std::string>& sLog;
-    };
 };
 
 } // namespace support

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -37,39 +38,34 @@ public:
     std::vector<std::string> opened;          ///< the paths given to CreateFileA, in order
     std::map<std::string, std::string> links; ///< where links to folders lead
     std::vector<std::string> announced;
-    std::size_t nMostAhead = 0; ///< the most files, and bytes, that were announced and not opened at any time
-    std::int64_t nMostBytesAhead = 0;
+    std::size_t nMostAhead = 0; ///< the most files that were announced and not opened at any time
 
     ~ScriptedFiles() override { EXPECT_TRUE(m_handles.empty()) << "a file was left open"; }
 
     bool ListFolder(const std::string& sPath, platform::FolderListing& listing) override
     {
         listing.Clear();
-        const auto folder = folders.find(sPath);
-        if (folder == folders.end()) {
+        if (!folders.contains(sPath)) {
             return false;
         }
         listing.SetIdentity(identities[sPath]);
-        for (const tListed& entry : folder->second) {
-            const std::string sField = entry.sName + std::string(3, '\0');
-            listing.Add({sField, entry.bDirectory, entry.sName[0] == '.', entry.nSize, {entry.nSeconds}});
+        for (const auto& [sName, bDirectory, nSize, nSeconds] : folders[sPath]) {
+            const std::string sField = sName + std::string(3, '\0');
+            listing.Add({sField, bDirectory, sName[0] == '.', nSize, {nSeconds}});
         }
         return true;
     }
 
-    bool PathFound(const std::string& sPath) override { return files.count(sPath) != 0; }
+    bool PathFound(const std::string& sPath) override { return files.contains(sPath); }
     std::optional<std::string> CanonicalFolder(const std::string& sPath) override
     {
-        const auto link = links.find(sPath);
-        return link == links.end() ? std::nullopt : std::optional(link->second);
+        return links.contains(sPath) ? std::optional(links[sPath]) : std::nullopt;
     }
-    bool AnnounceRead(const std::string& sPath, std::int64_t nBytes) override
+    bool AnnounceRead(const std::string& sPath, std::int64_t) override
     {
         announced.push_back(sPath);
-        m_ahead[sPath] = nBytes;
-        m_nBytesAhead += nBytes;
+        m_ahead.insert(sPath);
         nMostAhead = std::max(nMostAhead, m_ahead.size());
-        nMostBytesAhead = std::max(nMostBytesAhead, m_nBytesAhead);
         return files[sPath].bWaits;
     }
     void SearchEnded() override {}
@@ -77,10 +73,7 @@ public:
     platform::FileHandle CreateFileA(const std::string& sPath) override
     {
         opened.push_back(sPath);
-        if (const auto ahead = m_ahead.find(sPath); ahead != m_ahead.end()) {
-            m_nBytesAhead -= ahead->second;
-            m_ahead.erase(ahead);
-        }
+        m_ahead.erase(sPath);
         if (sPath.starts_with("/gone/") || !files[sPath].bOpens) {
             return platform::INVALID_HANDLE_VALUE;
         }
@@ -110,8 +103,7 @@ public:
     }
 
 private:
-    std::map<std::string, std::int64_t> m_ahead;
-    std::int64_t m_nBytesAhead = 0;
+    std::set<std::string> m_ahead;
     std::map<platform::FileHandle, const tFile*> m_handles;
     platform::FileHandle m_nLastHandle = 0;
 };

@@ -20,9 +20,7 @@ public:
     {
         shown.push_back("Confirm " + std::to_string(operation.nFiles) + ' ' +
                         std::to_string(operation.cyTotal));
-        if (onConfirm) {
-            onConfirm();
-        }
+        onConfirm();
         return bConfirm;
     }
     desktop::tReplaceAnswer AskReplace(const desktop::tFileFacts& source,
@@ -32,7 +30,7 @@ public:
         questions.emplace_back(source, target);
         return answer;
     }
-    void Started(const desktop::tOperation& /*operation*/) override { shown.emplace_back("Started"); }
+    void Started(const desktop::tOperation&) override { shown.emplace_back("Started"); }
     bool Progress(const desktop::tOperationProgress& progress) override
     {
         return !onProgress || onProgress(progress);
@@ -45,7 +43,7 @@ public:
     }
 
     bool bConfirm = true;
-    std::function<void()> onConfirm;
+    std::function<void()> onConfirm = [] {};
     desktop::tReplaceAnswer answer;
     std::function<bool(const desktop::tOperationProgress&)> onProgress;
 

@@ -5,9 +5,6 @@
 #include "System.h"
 #include "mCommon.h"
 
-#include <string>
-#include <vector>
-
 namespace support {
 
 /// Everything a search meets, in memory: forms, files, and an event loop in which Cancel can be clicked.
@@ -28,40 +25,26 @@ public:
 
     void AddFolder(const std::string& sPath) { lvFolders.ListItems.Add(sPath, sPath, 1); }
 
-    struct tRow {
-        int nMark;
-        std::string sKey, sText, sSize, sDate, sFolder;
-        bool operator==(const tRow&) const = default;
-    };
-
-    std::vector<tRow> Rows()
-    {
-        std::vector<tRow> rows;
-        for (std::size_t n = 1; n <= lvFiles.ListItems.Count(); ++n) {
-            const auto item = lvFiles.ListItems(n);
-            rows.push_back({item.SmallIcon(), item.Key(), std::string(item.Text()),
-                            std::string(item.SubItems(1)), std::string(item.SubItems(2)),
-                            std::string(item.SubItems(3))});
-        }
-        return rows;
-    }
-
-    /// The rows in short, as "2 /a/x".
-    std::vector<std::string> ShortRows()
+    /// The rows as "2 /a/x", behind it the columns, each behind a "|".
+    std::vector<std::string> Rows()
     {
         std::vector<std::string> rows;
-        for (const tRow& row : Rows()) {
-            rows.push_back(std::to_string(row.nMark) + " " + row.sKey);
+        for (std::size_t n = 1; n <= lvFiles.ListItems.Count(); ++n) {
+            const auto item = lvFiles.ListItems(n);
+            rows.push_back(std::to_string(item.SmallIcon()) + " " + item.Key());
+            for (const auto sText : {item.Text(), item.SubItems(1), item.SubItems(2), item.SubItems(3)}) {
+                rows.back().append("|").append(sText);
+            }
         }
         return rows;
     }
+    std::string Labels() { return lblStatus.Caption() + "|" + lblFolder.Caption() + "|" + lblFile.Caption(); }
 
     ScriptedFiles files;
     std::int64_t nSteps = 0;      ///< the steps yielded for so far
     std::int64_t nYields = 0;     ///< in how many calls
     std::int64_t nCancelStep = 0; ///< the step at which Cancel is clicked; 0 for never
     float nBar = -1, nBarMax = -1;
-    std::string Labels() { return lblStatus.Caption() + "|" + lblFolder.Caption() + "|" + lblFile.Caption(); }
 
 private:
     void CheckMenu() override {}
@@ -79,13 +62,11 @@ private:
         const bool bBefore = nSteps < nCancelStep;
         nSteps += nStepsNow;
         ++nYields;
-        if (bBefore && nSteps >= nCancelStep) {
-            search::bStopped = true;
-        }
+        search::bStopped = search::bStopped || (bBefore && nSteps >= nCancelStep);
     }
 
-    void SetMousePointer(platform::MousePointer /*pointer*/) override {}
-    void Show(std::string_view /*sText*/, platform::MessageIcon /*icon*/) override {}
+    void SetMousePointer(platform::MousePointer) override {}
+    void Show(std::string_view, platform::MessageIcon) override {}
 };
 
 } // namespace support
