@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FileFaults.h"
 #include "ScriptedOperations.h"
 #include "TempTree.h"
 #include "TrashBin.h"
@@ -14,7 +15,11 @@ using support::Choice;
 using support::Content;
 using support::TempTree;
 using support::Unprivileged;
+namespace faults = support::faults;
 namespace fs = std::filesystem;
+
+using Reasons = std::map<std::string, std::string>;
+using Bin = std::multiset<std::pair<std::string, std::string>>;
 
 inline struct stat StatusOf(const std::string& sPath)
 {
@@ -30,8 +35,7 @@ inline bool Shell(const std::string& sCommand)
     return std::system((sCommand + " >/dev/null 2>&1").c_str()) == 0;
 }
 
-/// Operations on files of a tree in the home, whose trash begins empty. Each run adds to what `user` was
-/// shown.
+/// Operations on files of a tree in the home, whose trash begins empty.
 class Operations : public ::testing::Test
 {
 protected:
@@ -41,9 +45,9 @@ protected:
         fs::permissions(tree.sRoot, fs::perms::all);
     }
 
-    /// Carries out one operation; the reasons given by the names of the files.
-    std::map<std::string, std::string> Run(unsigned wFunc, const std::vector<std::string>& paths,
-                                           const std::string& sFolder = "")
+    /// Carries out one operation; the reasons given by the names of the files. What the user is shown adds
+    /// up.
+    Reasons Run(unsigned wFunc, const std::vector<std::string>& paths, const std::string& sFolder = "")
     {
         user.outcome = {};
         desktop::ShellFileOperations operations(user);
@@ -60,8 +64,5 @@ protected:
     TempTree tree{support::Home()};
     support::ScriptedOperations user;
 };
-
-using Reasons = std::map<std::string, std::string>;
-using Bin = std::multiset<std::pair<std::string, std::string>>;
 
 } // namespace fileops_test
