@@ -2,10 +2,8 @@
 
 #include <cerrno>
 #include <cstdarg>
-#include <cstdint>
 #include <fcntl.h>
 #include <filesystem>
-#include <linux/fs.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -158,16 +156,6 @@ ssize_t copy_file_range(int hFrom, off64_t* pFrom, int hTo, off64_t* pTo, size_t
 {
     return Writing("copy_file_range", hTo, nBytes,
                    [&](size_t n) { return syscall(SYS_copy_file_range, hFrom, pFrom, hTo, pTo, n, nFlags); });
-}
-
-int ioctl(int h, unsigned long nRequest, ...) noexcept
-{
-    va_list rest;
-    va_start(rest, nRequest);
-    const std::uintptr_t nArgument = va_arg(rest, std::uintptr_t);
-    va_end(rest);
-    return nRequest == FICLONE ? Pass("clone", h, SYS_ioctl, h, nRequest, nArgument)
-                               : static_cast<int>(syscall(SYS_ioctl, h, nRequest, nArgument));
 }
 
 } // extern "C"

@@ -28,7 +28,6 @@ const tScenario kScenarios[] = {
     {"move to the trash's volume without safe rename", platform::FO_MOVE, true, false, true, true},
     {"move to a volume without trash", platform::FO_MOVE, false, true, true},
     {"copy", platform::FO_COPY, false, false, true},
-    {"copy without safe rename", platform::FO_COPY, false, false, true, true},
     {"copy to a volume without trash", platform::FO_COPY, false, true},
 };
 
@@ -64,14 +63,15 @@ std::string New(const std::string& sName)
     return std::string(5000, sName[0]);
 }
 
-/// The files of one run, and the verdict on what became of them.
-class World
+/// The operations of a scenario, run after run.
+class FaultSweep : public Operations
 {
-public:
-    explicit World(const tScenario& scenario) : m_scenario(scenario)
+protected:
+    void Begin(const tScenario& scenario)
     {
-        m_sFrom = (scenario.bFromOtherVolume ? m_other.sRoot : m_home.sRoot) + "/from";
-        m_sTo = (scenario.bToOtherVolume ? m_other.sRoot : m_home.sRoot) + "/to";
+        m_scenario = scenario;
+        m_sFrom = (scenario.bFromOtherVolume ? m_other.sRoot : tree.sRoot) + "/from";
+        m_sTo = (scenario.bToOtherVolume ? m_other.sRoot : tree.sRoot) + "/to";
     }
 
     /// One run with a fault; what is wrong afterwards, empty if nothing.
@@ -79,27 +79,26 @@ public:
     {
         Prepare();
         if (fault.nError != kKill) {
-            outcome = Run(fault);
-            return Wrong(&outcome, fault);
+            RunWith(fault);
+            return Wrong(fault);
         }
         const pid_t child = fork();
         if (child == 0) {
-            Run(fault);
+            RunWith(fault);
             _exit(0);
         }
         int nStatus = 0;
         waitpid(child, &nStatus, 0);
         const bool bKilled = WIFEXITED(nStatus) && WEXITSTATUS(nStatus) == kKilled;
-        return (bKilled ? "" : "the program did not get there; ") + Wrong(nullptr, fault);
+        return (bKilled ? "" : "the program did not get there; ") + Wrong(fault);
     }
 
     std::vector<faults::tChange> changes; ///< of the last run
-    desktop::tOperationOutcome outcome;   ///< likewise
 
 private:
     void Prepare() const
     {
-        for (const std::string& sFolder : {m_sFrom, m_sTo, std::string(std::getenv("XDG_DATA_HOME"))}) {
+        for (const std::string& sFolder : {m_sFrom, m_sTo, Home() + "/share"}) {
             fs::remove_all(sFolder);
         }
         fs::create_directories(m_sFrom);
@@ -113,9 +112,8 @@ private:
         }
     }
 
-    desktop::tOperationOutcome Run(const tFault& fault)
+    void RunWith(const tFault& fault)
     {
-        support::ScriptedOperations user;
         bool bCancelled = false;
         user.answer = {Choice::Replace, true};
         user.onProgress = [&](const auto&) { return !bCancelled; };
@@ -130,26 +128,22 @@ private:
                                 std::find(errors.begin(), errors.end(), fault.nError) != errors.end();
             return bFails ? fault.nError : 0;
         };
-        desktop::ShellFileOperations operations(user);
-        const std::string sTo = m_scenario.wFunc == platform::FO_DELETE ? "" : m_sTo;
         faults::Arm(judge, m_scenario.bPlainRenameOnly);
-        EXPECT_EQ(operations.SHFileOperationA(support::Request(
-                      m_scenario.wFunc, {m_sFrom + "/a", m_sFrom + "/b", m_sFrom + "/c"}, sTo)),
-                  0);
+        Run(m_scenario.wFunc, {m_sFrom + "/a", m_sFrom + "/b", m_sFrom + "/c"},
+            m_scenario.wFunc == platform::FO_DELETE ? "" : m_sTo);
         changes = faults::Disarm();
-        return user.outcome;
     }
 
-    /// What is wrong, with an operation that came to its end or, without outcome, whatever happened to it.
-    std::string Wrong(const desktop::tOperationOutcome* pOutcome, const tFault& fault) const
+    /// What is wrong after an operation that came to its end, or that the program died in.
+    std::string Wrong(const tFault& fault) const
     {
         std::string sWrong;
         const auto look = [&](bool bWrong, const std::string& sWhat) {
             sWrong += bWrong ? sWhat + "; " : "";
         };
-        const auto from = support::Contents(m_sFrom);
-        const auto to = support::Contents(m_sTo);
-        const Bin bin = support::Restorable(support::HomeTrash());
+        const auto from = Contents(m_sFrom);
+        const auto to = Contents(m_sTo);
+        const Bin bin = Restorable();
         for (const std::string sName : kNames) {
             look(!from.contains(sName) && (!to.contains(sName) || to.at(sName) != New(sName)) &&
                      !bin.contains({m_sFrom + '/' + sName, New(sName)}),
@@ -158,17 +152,17 @@ private:
         look(m_scenario.bReplace && (!to.contains("b") || to.at("b") != kOld) &&
                  !bin.contains({m_sTo + "/b", kOld}),
              "lost the replaced b");
-        for (const auto& files : {from, to, support::Contents(support::HomeTrash() + "/files")}) {
+        for (const auto& files : {from, to, Contents(HomeTrash() + "/files")}) {
             for (const auto& [sName, sContent] : files) {
                 look(sContent != kOld && sContent != New(sName) && !sName.starts_with(".tallyfen-"),
                      "partial " + sName);
             }
         }
-        if (pOutcome == nullptr) {
+        if (fault.nError == kKill) {
             return sWrong;
         }
 
-        const auto reasons = support::Reasons(*pOutcome);
+        const auto reasons = support::Reasons(user.outcome);
         std::string sReasons;
         for (const auto& [sName, sReason] : reasons) {
             sReasons += sReason;
@@ -184,11 +178,11 @@ private:
             const bool bDone = bThere && from.contains(sName) == (m_scenario.wFunc == platform::FO_COPY);
             nDone += bDone ? 1U : 0U;
             // Twice denied the way back, a copy may stand there though it could not be finished properly.
-            look(!pOutcome->bCancelled && bDone == reasons.contains(sName) && !(bDone && fault.bStays),
+            look(!user.outcome.bCancelled && bDone == reasons.contains(sName) && !(bDone && fault.bStays),
                  sName + (bDone ? " done but denied" : " not done and not named"));
         }
-        look(pOutcome->nFilesDone > nDone || (pOutcome->nFilesDone < nDone && !fault.bStays),
-             "claims " + std::to_string(pOutcome->nFilesDone) + " of " + std::to_string(nDone));
+        look(user.outcome.nFilesDone > nDone || (user.outcome.nFilesDone < nDone && !fault.bStays),
+             "claims " + std::to_string(user.outcome.nFilesDone) + " of " + std::to_string(nDone));
         look(m_scenario.bReplace && !to.contains("b") && !isTold("is in the trash."),
              "the old b did not come back");
         for (const auto& files : {from, to}) {
@@ -204,37 +198,36 @@ private:
         return sWrong;
     }
 
-    const tScenario& m_scenario;
-    TempTree m_home{support::Home()};
+    tScenario m_scenario{};
     TempTree m_other;
     std::string m_sFrom;
     std::string m_sTo;
 };
 
-TEST(FaultSweep, LosesNothingAndClaimsNothing)
+TEST_F(FaultSweep, LosesNothingAndClaimsNothing)
 {
-    if (StatusOf(support::Home()).st_dev == StatusOf(fs::temp_directory_path()).st_dev) {
+    if (StatusOf(Home()).st_dev == StatusOf(fs::temp_directory_path()).st_dev) {
         GTEST_SKIP() << "the home of the tests is on the temporary folder's volume";
     }
     std::size_t nRuns = 0;
     for (const tScenario& scenario : kScenarios) {
-        World world(scenario);
-        ASSERT_EQ(world.Try({}), "") << scenario.pName;
-        ASSERT_EQ(world.outcome.nFilesDone, scenario.bToOtherVolume && scenario.bReplace ? 2U : 3U)
-            << scenario.pName << ": " << ::testing::PrintToString(support::Reasons(world.outcome));
-        const auto changes = world.changes;
-        for (std::size_t n = 1; n <= changes.size(); ++n) {
-            const auto& [sCall, sName] = changes[n - 1];
-            std::vector<tFault> all{{n, kKill}, {n, kCancel}, {n, ENOSPC, true}, {n, EIO, true}};
+        Begin(scenario);
+        ASSERT_EQ(Try({}), "") << scenario.pName;
+        ASSERT_EQ(user.outcome.nFilesDone, scenario.bToOtherVolume && scenario.bReplace ? 2U : 3U)
+            << scenario.pName << ": " << ::testing::PrintToString(support::Reasons(user.outcome));
+        const auto all = changes;
+        for (std::size_t n = 1; n <= all.size(); ++n) {
+            const auto& [sCall, sName] = all[n - 1];
+            std::vector<tFault> possible{{n, kKill}, {n, kCancel}, {n, ENOSPC, true}, {n, EIO, true}};
             for (const int nError : ErrorsOf(sCall)) {
-                all.push_back({n, nError});
+                possible.push_back({n, nError});
             }
-            for (const tFault& fault : all) {
-                EXPECT_EQ(world.Try(fault), "")
+            for (const tFault& fault : possible) {
+                EXPECT_EQ(Try(fault), "")
                     << scenario.pName << ", call " << n << " (" << sCall << ' ' << sName << "), error "
                     << fault.nError << (fault.bStays ? " from then on" : "");
-                ++nRuns;
             }
+            nRuns += possible.size();
         }
     }
     EXPECT_GE(nRuns, 500U);

@@ -31,25 +31,6 @@ protected:
     std::string sVolume = outside.sRoot;
 };
 
-TEST_F(Mounts, AFullDestinationKeepsNothingAndTakesWhatFits)
-{
-    ASSERT_EQ(mount("none", sVolume.c_str(), "tmpfs", 0, "size=1m"), 0);
-    const std::vector<std::string> paths{tree.File("big", std::string(3'000'000, 'b')),
-                                         tree.File("small", "s")};
-    EXPECT_EQ(Run(FO_MOVE, paths, sVolume), (Reasons{{"big", "There is no space left on the destination."}}));
-    EXPECT_EQ(support::Contents(sVolume), (Reasons{{"small", "s"}}));
-    EXPECT_TRUE(fs::exists(paths[0]) && !fs::exists(paths[1]));
-
-    // It has no trash either: nothing is deleted or replaced.
-    const std::string sNoTrash = "The volume that it is on has no trash.";
-    EXPECT_EQ(Run(FO_DELETE, {sVolume + "/small"}), (Reasons{{"small", sNoTrash}}));
-    user.answer = {Choice::Replace, true};
-    EXPECT_EQ(Run(FO_MOVE, {tree.File("small", "mine")}, sVolume),
-              (Reasons{{"small", "The file that is there cannot be put into the trash first. " + sNoTrash}}));
-    EXPECT_EQ(support::Contents(sVolume), (Reasons{{"small", "s"}}));
-    EXPECT_EQ(Content(paths[1]), "mine");
-}
-
 TEST_F(Mounts, ASecondRouteToAFolderIsThatFolder)
 {
     const std::string sPath = tree.File("real/a", "x");
@@ -82,18 +63,31 @@ TEST_F(Mounts, AVolumeHasATrashOfItsOwnUntilItIsFull)
     const std::string sTrash = sVolume + "/.Trash-" + std::to_string(geteuid());
     std::ofstream(sVolume + "/a") << "a";
     EXPECT_EQ(Run(FO_DELETE, {sVolume + "/a"}), Reasons());
-    EXPECT_EQ(support::Restorable(sTrash), (Bin{{"a", "a"}}));
+    EXPECT_EQ(Restorable(sTrash), (Bin{{"a", "a"}}));
     EXPECT_EQ(Run(FO_COPY, {tree.File("b")}, sTrash + "/files"),
               (Reasons{{"b", "The destination is inside the trash."}}));
 
+    // Locked for root, too.
+    std::ofstream(sVolume + "/b") << "b";
+    ASSERT_TRUE(Shell("cd " + sVolume + " && mkdir fixed && chattr +i b fixed"));
+    const std::string sFixed = "You are not permitted to change the destination folder.";
+    EXPECT_EQ(Run(FO_MOVE, {sVolume + "/b"}, Folder("to")),
+              (Reasons{{"b", "You are not permitted to remove it from its folder."}}));
+    EXPECT_EQ(Run(FO_COPY, {tree.sRoot + "/b"}, sVolume + "/fixed"), (Reasons{{"b", sFixed}}));
+    Shell("chattr -i " + sVolume + "/b");
+    EXPECT_EQ(Run(FO_MOVE, {sVolume + "/b"}, sVolume + "/fixed"), (Reasons{{"b", sFixed}}));
+
+    // Full.
     std::vector<std::string> paths;
     for (int n = 0; n < 20; ++n) {
         paths.push_back(sVolume + '/' + std::to_string(n));
         std::ofstream(paths.back()) << n;
     }
     Shell("dd if=/dev/zero bs=4k of=" + sVolume + "/filler");
+    EXPECT_EQ(Run(FO_COPY, {tree.File("c", std::string(100'000, 'c'))}, sVolume),
+              (Reasons{{"c", "There is no space left on the destination."}}));
     const auto reasons = Run(FO_DELETE, paths);
-    const Bin bin = support::Restorable(sTrash);
+    const Bin bin = Restorable(sTrash);
     EXPECT_GT(reasons.size(), 0U);
     for (const std::string& sPath : paths) {
         const std::string sName = fs::path(sPath).filename();

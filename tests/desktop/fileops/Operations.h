@@ -3,9 +3,11 @@
 #include "FileFaults.h"
 #include "ScriptedOperations.h"
 #include "TempTree.h"
-#include "TrashBin.h"
 
 #include <fcntl.h>
+#include <glib.h>
+#include <regex>
+#include <set>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -35,13 +37,55 @@ inline bool Shell(const std::string& sCommand)
     return std::system((sCommand + " >/dev/null 2>&1").c_str()) == 0;
 }
 
+/// The files directly in a folder and what is in them; none if there is no folder.
+inline std::map<std::string, std::string> Contents(const std::string& sFolder)
+{
+    std::map<std::string, std::string> contents;
+    std::error_code error;
+    for (const auto& entry : fs::directory_iterator(sFolder, error)) {
+        if (entry.is_regular_file()) {
+            contents[entry.path().filename()] = Content(entry.path());
+        }
+    }
+    return contents;
+}
+
+/// The home of this test program, on the volume of which files go to the home trash.
+inline std::string Home()
+{
+    return std::getenv("HOME");
+}
+
+inline std::string HomeTrash()
+{
+    return Home() + "/share/Trash";
+}
+
+/// What can be restored from a trash: pairs of the path noted and the content.
+inline Bin Restorable(const std::string& sTrash = HomeTrash())
+{
+    const std::regex note("\\[Trash Info\\]\nPath=(.+)\nDeletionDate=2.*\n");
+    Bin restorable;
+    const auto files = Contents(sTrash + "/files");
+    for (const auto& [sInfo, sNote] : Contents(sTrash + "/info")) {
+        const auto file = files.find(sInfo.substr(0, sInfo.rfind('.')));
+        std::smatch path;
+        if (file != files.end() && std::regex_match(sNote, path, note)) {
+            char* pPath = g_uri_unescape_string(path.str(1).c_str(), nullptr);
+            restorable.emplace(pPath != nullptr ? pPath : "", file->second);
+            g_free(pPath);
+        }
+    }
+    return restorable;
+}
+
 /// Operations on files of a tree in the home, whose trash begins empty.
 class Operations : public ::testing::Test
 {
 protected:
     Operations()
     {
-        fs::remove_all(std::getenv("XDG_DATA_HOME"));
+        fs::remove_all(Home() + "/share");
         fs::permissions(tree.sRoot, fs::perms::all);
     }
 
@@ -61,7 +105,7 @@ protected:
         return tree.sRoot + '/' + sName;
     }
 
-    TempTree tree{support::Home()};
+    TempTree tree{Home()};
     support::ScriptedOperations user;
 };
 

@@ -24,8 +24,8 @@ TEST_F(Trash, KeepsFilesOfAnyNameWithTheWayBack)
     paths.push_back(tree.sRoot + "/1/../roundabout");
     EXPECT_EQ(Run(FO_DELETE, paths), Reasons());
     EXPECT_EQ(user.outcome.nFilesDone, paths.size());
-    EXPECT_EQ(support::Restorable(support::HomeTrash()), expected);
-    EXPECT_EQ(support::Contents(tree.sRoot), Reasons());
+    EXPECT_EQ(Restorable(), expected);
+    EXPECT_EQ(Contents(tree.sRoot), Reasons());
 }
 
 TEST_F(Trash, AsksOnceAndFirst)
@@ -33,10 +33,10 @@ TEST_F(Trash, AsksOnceAndFirst)
     const std::vector<std::string> paths{tree.File("a", "12345"), tree.File("b", "123"),
                                          tree.sRoot + "/gone"};
     user.bConfirm = false;
-    user.onConfirm = [&] { EXPECT_TRUE(fs::exists(paths[0]) && !fs::exists(support::HomeTrash())); };
+    user.onConfirm = [&] { EXPECT_TRUE(fs::exists(paths[0]) && !fs::exists(HomeTrash())); };
     Run(FO_DELETE, paths);
     Run(FO_DELETE, {});
-    EXPECT_EQ(support::Contents(tree.sRoot).size(), 2U);
+    EXPECT_EQ(Contents(tree.sRoot).size(), 2U);
     user.bConfirm = true;
     EXPECT_EQ(Run(FO_DELETE, paths), (Reasons{{"gone", "It is no longer there."}}));
     EXPECT_EQ(user.shown,
@@ -72,7 +72,7 @@ TEST_F(Trash, LeavesWhatIsNoLongerTheFileThatWasConfirmed)
     };
     EXPECT_EQ(Run(FO_DELETE, paths), expected);
     EXPECT_EQ(std::distance(fs::directory_iterator(tree.sRoot), {}), 6);
-    EXPECT_EQ(support::Restorable(support::HomeTrash()), Bin());
+    EXPECT_EQ(Restorable(), Bin());
 }
 
 TEST_F(Trash, LeavesWhatItCouldNotRestore)
@@ -90,16 +90,11 @@ TEST_F(Trash, LeavesWhatItCouldNotRestore)
 TEST_F(Trash, ShellRefusesWhatItCannotCarryOutAtAll)
 {
     desktop::ShellFileOperations operations(user);
-    const auto move = support::Request(platform::FO_MOVE, {tree.File("a")}, tree.sRoot);
-    auto twoTargets = move;
-    twoTargets.pTo += move.pTo;
-    auto noFlags = move;
-    noFlags.fFlags = 0;
-    auto rename = move;
-    rename.wFunc = 4;
-    for (const auto& request : {twoTargets, noFlags, rename}) {
-        EXPECT_NE(operations.SHFileOperationA(request), 0);
-    }
+    auto request = support::Request(platform::FO_MOVE, {tree.File("a")}, tree.sRoot);
+    request.pTo += request.pTo;
+    EXPECT_NE(operations.SHFileOperationA(request), 0);
+    request.wFunc = 4;
+    EXPECT_NE(operations.SHFileOperationA(request), 0);
     EXPECT_EQ(user.shown, std::vector<std::string>());
     fs::create_symlink("nowhere", tree.sRoot + "/link");
     for (const char* pName : {"/a", "/link", "/gone"}) {
