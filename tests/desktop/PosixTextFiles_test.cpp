@@ -16,16 +16,13 @@ TEST(PosixTextFiles, WriteLinesOverWhatIsThere)
     std::filesystem::create_symlink(sPath, tree.sRoot + "/link");
     std::string sExpected;
     const auto h = files.OpenForOutput(tree.sRoot + "/link");
-    const auto hOther = files.OpenForOutput(tree.sRoot + "/new");
     for (int n = 0; n < 20'000; ++n) { // more than is held back
         const std::string sLine = n == 5 ? "" : "\xFE line " + std::to_string(n);
         EXPECT_TRUE(files.PrintLine(h, sLine));
         sExpected += sLine + "\r\n";
     }
-    EXPECT_TRUE(files.PrintLine(hOther, "other"));
-    EXPECT_TRUE(files.CloseOutput(h) && files.CloseOutput(hOther));
+    EXPECT_TRUE(files.CloseOutput(h));
     EXPECT_TRUE(Content(sPath) == sExpected);
-    EXPECT_EQ(Content(tree.sRoot + "/new"), "other\r\n");
     EXPECT_FALSE(files.PrintLine(h, "late") || files.CloseOutput(h));
 }
 
@@ -47,24 +44,19 @@ TEST(PosixTextFiles, TellWhatCouldNotBeWritten)
 
 TEST(SystemMessages, AreWrittenOverTheBuffer)
 {
-    const struct {
-        unsigned dwFlags;
-        long nCode;
-        std::string sBuffer, sExpected;
-    } cases[] = {
-        {4096, 2, std::string(30, '.'), std::string("No such file or directory\0....", 30)},
-        {4096, 2, "........", std::string("No such\0", 8)},
-        {4096, 31, "........", std::string("No appl\0", 8)},
-        {4096, 2, "", ""},
-        {4096, 9999, "....", "...."},
-        {4096, -1, "....", "...."},
-        {4096, 1L << 32U, "....", "...."},
-        {0, 2, "....", "...."},
+    const auto written = [](unsigned dwFlags, long nCode, std::size_t nBuffer) {
+        std::string sBuffer(nBuffer, '.');
+        platform::FormatMessageA(dwFlags, nCode, 0, sBuffer);
+        return sBuffer;
     };
-    for (auto each : cases) {
-        platform::FormatMessageA(each.dwFlags, each.nCode, 0, each.sBuffer);
-        EXPECT_EQ(each.sBuffer, each.sExpected) << each.nCode;
+    EXPECT_EQ(written(4096, 2, 30), std::string("No such file or directory\0....", 30));
+    EXPECT_EQ(written(4096, 2, 8), std::string("No such\0", 8));
+    EXPECT_EQ(written(4096, 31, 8), std::string("No appl\0", 8));
+    EXPECT_EQ(written(4096, 2, 0), "");
+    for (const long nUnknown : {9999L, -1L, 1L << 32U}) {
+        EXPECT_EQ(written(4096, nUnknown, 4), "....");
     }
+    EXPECT_EQ(written(0, 2, 4), "....");
 }
 
 } // namespace

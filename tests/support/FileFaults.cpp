@@ -15,11 +15,6 @@ bool g_bPlainRenameOnly = false;
 Judge g_judge;
 std::vector<tChange> g_changes;
 
-std::filesystem::path PathOf(int h)
-{
-    return "/proc/self/fd/" + std::to_string(h);
-}
-
 std::string NameOf(const char* pPath)
 {
     return std::filesystem::path(pPath).filename().string();
@@ -28,7 +23,7 @@ std::string NameOf(const char* pPath)
 std::string NameOf(int h)
 {
     std::error_code error;
-    return std::filesystem::read_symlink(PathOf(h), error).filename().string();
+    return std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(h), error).filename().string();
 }
 
 /// What the judge says of a call on `name`, a path or an open file.
@@ -58,17 +53,11 @@ int Pass(const char* pCall, Name name, long nCall, Arguments... arguments)
     return nError > 0 ? Result(nError) : static_cast<int>(syscall(nCall, arguments...));
 }
 
-int Open(int hFolder, const char* pPath, int nFlags, unsigned mode)
-{
-    return (nFlags & O_CREAT) != 0 ? Pass("open", pPath, SYS_openat, hFolder, pPath, nFlags, mode)
-                                   : static_cast<int>(syscall(SYS_openat, hFolder, pPath, nFlags, mode));
-}
-
 /// `write(nBytes)` writes so many.
 template <class Write>
 ssize_t Writing(const char* pCall, int h, std::size_t nBytes, const Write& write)
 {
-    const bool bFile = g_bArmed && std::filesystem::is_regular_file(PathOf(h));
+    const bool bFile = g_bArmed && std::filesystem::is_regular_file("/proc/self/fd/" + std::to_string(h));
     const int nError = bFile ? Verdict(pCall, h) : 0;
     return nError > 0 ? Result(nError) : write(nError == kShort ? (nBytes + 1) / 2 : nBytes);
 }
@@ -103,7 +92,9 @@ extern "C" {
         va_start(rest, nFlags);                                                                              \
         const unsigned mode = (nFlags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(rest, unsigned) : 0;            \
         va_end(rest);                                                                                        \
-        return Open(hFolder, pPath, nFlags, mode);                                                           \
+        return (nFlags & O_CREAT) != 0                                                                       \
+                   ? Pass("open", pPath, SYS_openat, hFolder, pPath, nFlags, mode)                           \
+                   : static_cast<int>(syscall(SYS_openat, hFolder, pPath, nFlags, mode));                    \
     }
 #define COMMA ,
 OPEN(open, AT_FDCWD)
@@ -131,8 +122,6 @@ CALL(linkat, (int hFrom, const char* pFrom, int hTo, const char* pTo, int nFlags
      Pass("link", pTo, SYS_linkat, hFrom, pFrom, hTo, pTo, nFlags))
 CALL(fsync, (int h), g_bArmed ? Result(Verdict("fsync", h)) : static_cast<int>(syscall(SYS_fsync, h)))
 CALL(ftruncate, (int h, off_t nSize) noexcept, Pass("truncate", h, SYS_ftruncate, h, nSize))
-CALL(fallocate64, (int h, int nMode, off64_t nOffset, off64_t nSize),
-     Pass("allocate", h, SYS_fallocate, h, nMode, nOffset, nSize))
 CALL(fchmod, (int h, mode_t mode) noexcept, Pass("chmod", h, SYS_fchmod, h, mode))
 CALL(fchown, (int h, uid_t user, gid_t group) noexcept, Pass("chown", h, SYS_fchown, h, user, group))
 CALL(futimens, (int h, const timespec times[2]) noexcept,

@@ -27,8 +27,7 @@ protected:
         }
     }
 
-    TempTree outside; // a mount below /dev, where the home may be, never has a trash
-    std::string sVolume = outside.sRoot;
+    const std::string& sVolume = other.sRoot; // a mount below /dev, where the home may be, never has a trash
 };
 
 TEST_F(Mounts, ASecondRouteToAFolderIsThatFolder)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FileFaults.h"
+#include "FolderEntry.h"
 #include "ScriptedOperations.h"
 #include "TempTree.h"
 
@@ -23,12 +24,9 @@ namespace fs = std::filesystem;
 using Reasons = std::map<std::string, std::string>;
 using Bin = std::multiset<std::pair<std::string, std::string>>;
 
-inline struct stat StatusOf(const std::string& sPath)
+inline auto StatusOf(const std::string& sPath)
 {
-    struct stat status {
-    };
-    EXPECT_EQ(lstat(sPath.c_str(), &status), 0) << sPath;
-    return status;
+    return desktop::LookAt(sPath).status;
 }
 
 /// Runs a command of the shell.
@@ -106,6 +104,7 @@ protected:
     }
 
     TempTree tree{Home()};
+    TempTree other; ///< on another volume, if there is one
     support::ScriptedOperations user;
 };
 

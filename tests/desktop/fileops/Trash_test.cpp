@@ -5,9 +5,7 @@ namespace {
 using namespace fileops_test;
 using platform::FO_DELETE;
 
-class Trash : public Operations
-{
-};
+using Trash = Operations;
 
 TEST_F(Trash, KeepsFilesOfAnyNameWithTheWayBack)
 {
@@ -78,24 +76,25 @@ TEST_F(Trash, LeavesWhatIsNoLongerTheFileThatWasConfirmed)
 TEST_F(Trash, LeavesWhatItCouldNotRestore)
 {
     const std::string sName(239, 'n');
-    const std::vector<std::string> paths{tree.File(sName), tree.File("locked/in")};
+    const std::vector<std::string> paths{tree.File(sName), tree.File("locked/in"), tree.File("stray", "new")};
     fs::permissions(tree.sRoot + "/locked", fs::perms(0555));
+    // What stands in the trash without a note would be replaced.
+    fs::create_directories(HomeTrash() + "/files");
+    std::ofstream(HomeTrash() + "/files/stray") << "old";
     const Unprivileged anybody;
     EXPECT_EQ(Run(FO_DELETE, paths),
               (Reasons{{sName, "Its name is too long for the trash."},
-                       {"in", "You are not permitted to remove it from its folder."}}));
-    EXPECT_TRUE(fs::exists(paths[0]) && fs::exists(paths[1]));
+                       {"in", "You are not permitted to remove it from its folder."},
+                       {"stray",
+                        "The trash has another file of its name and has lost where that one came from."}}));
+    EXPECT_TRUE(fs::exists(paths[0]) && fs::exists(paths[1]) && fs::exists(paths[2]));
+    EXPECT_EQ(Content(HomeTrash() + "/files/stray"), "old");
 }
 
-TEST_F(Trash, ShellRefusesWhatItCannotCarryOutAtAll)
+TEST_F(Trash, ShellFindsWhatIsThere)
 {
     desktop::ShellFileOperations operations(user);
-    auto request = support::Request(platform::FO_MOVE, {tree.File("a")}, tree.sRoot);
-    request.pTo += request.pTo;
-    EXPECT_NE(operations.SHFileOperationA(request), 0);
-    request.wFunc = 4;
-    EXPECT_NE(operations.SHFileOperationA(request), 0);
-    EXPECT_EQ(user.shown, std::vector<std::string>());
+    tree.File("a");
     fs::create_symlink("nowhere", tree.sRoot + "/link");
     for (const char* pName : {"/a", "/link", "/gone"}) {
         const bool bThere =
