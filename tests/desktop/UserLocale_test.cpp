@@ -22,9 +22,8 @@ TEST(PacedEventLoop, RunsNowAndThenHoweverOftenItIsAsked)
     int nRuns = 0;
     desktop::PacedEventLoop loop([&] { ++nRuns; });
     int nYields = 0;
-    while (nRuns < 3) {
+    for (; nRuns < 3; ++nYields) {
         loop.DoEvents(1);
-        ++nYields;
     }
     EXPECT_GT(nYields, 10 * nRuns);
 }

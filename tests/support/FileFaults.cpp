@@ -86,7 +86,7 @@ using namespace support::faults;
 extern "C" {
 
 #define OPEN(name, hFolder, ...)                                                                             \
-    int name(__VA_ARGS__ const char* pPath, int nFlags, ...)                                                 \
+    int name(__VA_ARGS__)                                                                                    \
     {                                                                                                        \
         va_list rest;                                                                                        \
         va_start(rest, nFlags);                                                                              \
@@ -96,11 +96,10 @@ extern "C" {
                    ? Pass("open", pPath, SYS_openat, hFolder, pPath, nFlags, mode)                           \
                    : static_cast<int>(syscall(SYS_openat, hFolder, pPath, nFlags, mode));                    \
     }
-#define COMMA ,
-OPEN(open, AT_FDCWD)
-OPEN(open64, AT_FDCWD)
-OPEN(openat, hFrom, int hFrom COMMA)
-OPEN(openat64, hFrom, int hFrom COMMA)
+OPEN(open, AT_FDCWD, const char* pPath, int nFlags, ...)
+OPEN(open64, AT_FDCWD, const char* pPath, int nFlags, ...)
+OPEN(openat, hFrom, int hFrom, const char* pPath, int nFlags, ...)
+OPEN(openat64, hFrom, int hFrom, const char* pPath, int nFlags, ...)
 
 // A name with its parameters, and what is done instead.
 #define CALL(name, parameters, ...)                                                                          \

@@ -11,10 +11,9 @@ TEST_F(Trash, KeepsFilesOfAnyNameWithTheWayBack)
 {
     std::vector<std::string> paths;
     Bin expected;
-    for (const std::string& sName :
-         {std::string("-rf"), std::string("two\nlines"), std::string("\xFF\xFE%25"), std::string(238, 'n'),
-          std::string(" "), std::string("..."), std::string("1/same"), std::string("2/same"),
-          std::string("3/same")}) {
+    const std::vector<std::string> names{
+        "-rf", "two\nlines", "\xFF\xFE%25", std::string(238, 'n'), " ", "...", "1/same", "2/same", "3/same"};
+    for (const std::string& sName : names) {
         paths.push_back(tree.File(sName, sName + "!"));
         expected.emplace(paths.back(), sName + "!");
     }
