@@ -8,24 +8,13 @@ namespace {
 
 TEST(GroupDigits, GroupsFromTheRightAsTheLocaleSays)
 {
-    const struct {
-        const char* pDigits;
-        std::string sSeparator, grouping, sExpected;
-    } cases[] = {
-        {"0", ",", "\3", "0"},
-        {"999", ",", "\3", "999"},
-        {"1000", ",", "\3\3", "1,000"},
-        {"12345678", "\xE2\x80\xAF", "\3",
-         "12\xE2\x80\xAF"
-         "345\xE2\x80\xAF"
-         "678"}, // a separator of three bytes
-        {"123456789", ",", "\3\2", "12,34,56,789"},
-        {"123456789", ",", std::string("\3") + static_cast<char>(CHAR_MAX), "123456,789"},
-        {"1234567", "", "", "1234567"},
-    };
-    for (const auto& each : cases) {
-        EXPECT_EQ(desktop::GroupDigits(each.pDigits, each.sSeparator, each.grouping), each.sExpected);
-    }
+    using desktop::GroupDigits;
+    EXPECT_EQ(GroupDigits("999", ",", "\3"), "999");
+    EXPECT_EQ(GroupDigits("1000", ",", "\3\3"), "1,000");
+    EXPECT_EQ(GroupDigits("12345678", "\xE2\x80\xAF", "\3"), "12\u202F345\u202F678");
+    EXPECT_EQ(GroupDigits("123456789", ",", "\3\2"), "12,34,56,789");
+    EXPECT_EQ(GroupDigits("123456789", ",", {'\3', CHAR_MAX}), "123456,789");
+    EXPECT_EQ(GroupDigits("1234567", "", ""), "1234567");
 }
 
 TEST(PacedEventLoop, RunsNowAndThenHoweverOftenItIsAsked)
@@ -33,9 +22,8 @@ TEST(PacedEventLoop, RunsNowAndThenHoweverOftenItIsAsked)
     int nRuns = 0;
     desktop::PacedEventLoop loop([&] { ++nRuns; });
     int nYields = 0;
-    while (nRuns < 3) {
+    for (; nRuns < 3; ++nYields) {
         loop.DoEvents(1);
-        ++nYields;
     }
     EXPECT_GT(nYields, 10 * nRuns);
 }

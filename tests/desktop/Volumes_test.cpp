@@ -33,26 +33,17 @@ TEST(Volumes, AreThoseAPersonMounts)
 
 TEST(Unescaped, GivesBackTheBytes)
 {
-    const struct {
-        const char* pWritten;
-        const char* pBytes;
-    } cases[] = {
-        {R"(My\040Disk\x2fa\x5Cb)", R"(My Disk/a\b)"},
-        {R"(\134040)", R"(\040)"},
-        {R"(\777\04\x2)", R"(\777\04\x2)"}, // no byte, and cut short
-    };
-    for (const auto& each : cases) {
-        EXPECT_EQ(desktop::Unescaped(each.pWritten), each.pBytes);
-    }
+    EXPECT_EQ(desktop::Unescaped(R"(My\040Disk\x2fa\x5Cb\134040)"), R"(My Disk/a\b\040)");
+    EXPECT_EQ(desktop::Unescaped(R"(\777\04\x2)"), R"(\777\04\x2)"); // no byte, and cut short
 }
 
 TEST(Volumes, HaveALabelUnlessTheyHaveGone)
 {
     const support::TempTree tree;
     EXPECT_EQ(desktop::VolumeLabel(tree.sRoot).sError, "");
-    const auto gone = desktop::VolumeLabel(tree.sRoot + "/go\nne");
-    EXPECT_EQ(gone.sError, "Cannot read " + tree.sRoot + "/go\\x0Ane: No such file or directory");
-    EXPECT_EQ(desktop::VolumeLabel(tree.File("file")).sError.empty(), false);
+    EXPECT_EQ(desktop::VolumeLabel(tree.sRoot + "/go\nne").sError,
+              "Cannot read " + tree.sRoot + "/go\\x0Ane: No such file or directory");
+    EXPECT_NE(desktop::VolumeLabel(tree.File("file")).sError, "");
 }
 
 TEST(Volumes, AreToldApartByTheirFileSystem)
@@ -61,7 +52,6 @@ TEST(Volumes, AreToldApartByTheirFileSystem)
     const support::TempTree tree;
     const std::string sHere = volumes.FileSystemOf(tree.sRoot + "/");
     EXPECT_NE(sHere, ""); // also in a root that is no mount
-    EXPECT_EQ(volumes.FileSystemOf(""), "");
     EXPECT_EQ(volumes.FileSystemOf(tree.sRoot + "/gone/deeper/"), sHere);
     EXPECT_NE(volumes.FileSystemOf("/proc/self/"), volumes.FileSystemOf("/"));
     EXPECT_EQ(volumes.FileSystemOf("/process/"), volumes.FileSystemOf("/"));

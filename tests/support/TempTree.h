@@ -21,8 +21,7 @@ public:
         EXPECT_NE(mkdtemp(sPattern.data()), nullptr);
         sRoot = std::filesystem::canonical(sPattern).string();
     }
-    TempTree(const TempTree&) = delete;
-    TempTree& operator=(const TempTree&) = delete;
+    TempTree& operator=(TempTree&&) = delete;
     ~TempTree()
     {
         // Not by the library: it cannot delete what lies deeper than a path can be long.
@@ -55,8 +54,7 @@ class Unprivileged
 {
 public:
     Unprivileged() { EXPECT_EQ(geteuid() == 0 ? seteuid(65534) : 0, 0); }
-    Unprivileged(const Unprivileged&) = delete;
-    Unprivileged& operator=(const Unprivileged&) = delete;
+    Unprivileged& operator=(Unprivileged&&) = delete;
     ~Unprivileged() { EXPECT_EQ(getuid() == 0 ? seteuid(0) : 0, 0); }
 };
 

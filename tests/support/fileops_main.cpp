@@ -6,13 +6,11 @@
 #include <gio/gio.h>
 #include <unistd.h>
 
-extern "C" {
-
-__attribute__((weak)) void __lsan_disable();
-__attribute__((weak)) void __lsan_enable();
+extern "C" __attribute__((weak)) void __lsan_disable();
+extern "C" __attribute__((weak)) void __lsan_enable();
 
 /// GLib 2.74 loses two strings whenever its rename into the trash fails: not ours to look for.
-gboolean g_file_trash(GFile* pFile, GCancellable* pCancellable, GError** ppError)
+extern "C" gboolean g_file_trash(GFile* pFile, GCancellable* pCancellable, GError** ppError)
 {
     static const auto pReal = reinterpret_cast<decltype(&g_file_trash)>(dlsym(RTLD_NEXT, "g_file_trash"));
     if (__lsan_disable == nullptr) {
@@ -23,8 +21,6 @@ gboolean g_file_trash(GFile* pFile, GCancellable* pCancellable, GError** ppError
     __lsan_enable();
     return bResult;
 }
-
-} // extern "C"
 
 int main(int argc, char* argv[])
 {

@@ -27,97 +27,70 @@ protected:
         }
     }
 
-    /// A small ext4 volume; false if this machine cannot have one.
-    [[nodiscard]] bool MountImage(const std::string& sSize) const
-    {
-        const std::string sImage = tree.sRoot + "/image";
-        return Shell("truncate -s " + sSize + " '" + sImage + "' && mkfs.ext4 -q -m 0 '" + sImage +
-                     "' && mount -o loop '" + sImage + "' '" + sVolume + "'");
-    }
-
-    TempTree outside; // a mount below /dev, where the home may be, never has a trash
-    std::string sVolume = outside.sRoot;
+    const std::string& sVolume = other.sRoot; // a mount below /dev, where the home may be, never has a trash
 };
-
-TEST_F(Mounts, AFullDestinationKeepsNothingAndTakesWhatFits)
-{
-    ASSERT_EQ(mount("none", sVolume.c_str(), "tmpfs", 0, "size=1m"), 0);
-    const std::vector<std::string> paths{tree.File("big", std::string(3'000'000, 'b')),
-                                         tree.File("small", "s")};
-    for (const unsigned wFunc : {FO_COPY, FO_MOVE}) {
-        EXPECT_EQ(Run(wFunc, paths, sVolume),
-                  (Reasons{{"big", "There is no space left on the destination."}}));
-        EXPECT_EQ(support::Contents(sVolume), (Reasons{{"small", "s"}}));
-        fs::remove(sVolume + "/small");
-    }
-    EXPECT_TRUE(fs::exists(paths[0]) && !fs::exists(paths[1]));
-}
-
-TEST_F(Mounts, WhereThereIsNoTrashNothingIsDeletedOrReplaced)
-{
-    ASSERT_EQ(mount("none", sVolume.c_str(), "tmpfs", 0, "size=1m"), 0);
-    std::ofstream(sVolume + "/a") << "theirs";
-    EXPECT_EQ(Run(FO_DELETE, {sVolume + "/a"}), (Reasons{{"a", "The volume that it is on has no trash."}}));
-    user.answer = {Choice::Replace, true};
-    EXPECT_EQ(
-        Run(FO_MOVE, {tree.File("a", "mine")}, sVolume),
-        (Reasons{{"a", "The file that is there cannot be put into the trash first. The volume that it is on "
-                       "has no trash."}}));
-    EXPECT_EQ(support::Contents(sVolume), (Reasons{{"a", "theirs"}}));
-    EXPECT_EQ(Content(tree.sRoot + "/a"), "mine");
-}
-
-TEST_F(Mounts, AReadOnlyVolumeIsNamedAsSuch)
-{
-    const std::string sPath = tree.File("real/a", "x");
-    ASSERT_EQ(mount((tree.sRoot + "/real").c_str(), sVolume.c_str(), nullptr, MS_BIND, nullptr), 0);
-    ASSERT_EQ(mount(nullptr, sVolume.c_str(), nullptr, MS_BIND | MS_REMOUNT | MS_RDONLY, nullptr), 0);
-    const Reasons there{{"a", "The disk that it is on is read-only."}};
-    EXPECT_EQ(Run(FO_DELETE, {sVolume + "/a"}), there);
-    EXPECT_EQ(Run(FO_MOVE, {sVolume + "/a"}, Folder("to")), there);
-    EXPECT_EQ(Run(FO_COPY, {tree.File("b")}, sVolume), (Reasons{{"b", "The destination is read-only."}}));
-    EXPECT_EQ(Run(FO_COPY, {sVolume + "/a"}, Folder("to")), Reasons());
-    EXPECT_EQ(Content(sPath) + Content(tree.sRoot + "/to/a"), "xx");
-}
 
 TEST_F(Mounts, ASecondRouteToAFolderIsThatFolder)
 {
     const std::string sPath = tree.File("real/a", "x");
+    const std::string sMounted = sVolume + "/a";
     ASSERT_EQ(mount((tree.sRoot + "/real").c_str(), sVolume.c_str(), nullptr, MS_BIND, nullptr), 0);
     EXPECT_EQ(Run(FO_MOVE, {sPath}, sVolume), (Reasons{{"a", "It is in that folder already."}}));
-    EXPECT_EQ(Run(FO_MOVE, {sVolume + "/a"}, Folder("to")), Reasons());
-    EXPECT_EQ(Content(tree.sRoot + "/to/a"), "x");
-    EXPECT_FALSE(fs::exists(sPath));
-    std::ofstream(sPath) << "y";
-    EXPECT_EQ(Run(FO_DELETE, {sVolume + "/a"}), (Reasons{{"a", "The volume that it is on has no trash."}}));
-    EXPECT_EQ(Content(sPath), "y");
+    EXPECT_EQ(Run(FO_MOVE, {sMounted}, Folder("to")), Reasons());
+    EXPECT_TRUE(Content(tree.sRoot + "/to/a") == "x" && !fs::exists(sPath));
+    tree.File("real/a", "y");
+    EXPECT_EQ(Run(FO_DELETE, {sMounted}), (Reasons{{"a", "The volume that it is on has no trash."}}));
+
+    // Nothing is taken from a route that is read-only, nor brought there.
+    ASSERT_EQ(mount(nullptr, sVolume.c_str(), nullptr, MS_BIND | MS_REMOUNT | MS_RDONLY, nullptr), 0);
+    const Reasons there{{"a", "The disk that it is on is read-only."}};
+    EXPECT_EQ(Run(FO_DELETE, {sMounted}), there);
+    EXPECT_EQ(Run(FO_MOVE, {sMounted}, Folder("new")), there);
+    EXPECT_EQ(Run(FO_COPY, {tree.File("b")}, sVolume), (Reasons{{"b", "The destination is read-only."}}));
+    EXPECT_EQ(Run(FO_COPY, {sMounted}, Folder("new")), Reasons());
+    EXPECT_EQ(Content(sPath) + Content(tree.sRoot + "/new/a"), "yy");
 }
 
 TEST_F(Mounts, AVolumeHasATrashOfItsOwnUntilItIsFull)
 {
-    if (!MountImage("4M")) {
+    const std::string sImage = tree.sRoot + "/image";
+    if (!Shell("truncate -s 4M " + sImage + " && mkfs.ext4 -q -m 0 " + sImage + " && mount -o loop " +
+               sImage + ' ' + sVolume)) {
         GTEST_SKIP() << "no ext4 volume can be made here";
     }
-    std::ofstream(sVolume + "/a") << "content";
-    EXPECT_EQ(Run(FO_DELETE, {sVolume + "/a"}), Reasons());
     const std::string sTrash = sVolume + "/.Trash-" + std::to_string(geteuid());
-    EXPECT_EQ(support::Restorable(sTrash), (Bin{{"a", "content"}}));
+    std::ofstream(sVolume + "/a") << "a";
+    EXPECT_EQ(Run(FO_DELETE, {sVolume + "/a"}), Reasons());
+    EXPECT_EQ(Restorable(sTrash), (Bin{{"a", "a"}}));
     EXPECT_EQ(Run(FO_COPY, {tree.File("b")}, sTrash + "/files"),
               (Reasons{{"b", "The destination is inside the trash."}}));
 
+    // Locked for root, too.
+    std::ofstream(sVolume + "/b") << "b";
+    ASSERT_TRUE(Shell("cd " + sVolume + " && mkdir fixed && chattr +i b fixed"));
+    const std::string sFixed = "You are not permitted to change the destination folder.";
+    EXPECT_EQ(Run(FO_MOVE, {sVolume + "/b"}, Folder("to")),
+              (Reasons{{"b", "You are not permitted to remove it from its folder."}}));
+    EXPECT_EQ(Run(FO_COPY, {tree.sRoot + "/b"}, sVolume + "/fixed"), (Reasons{{"b", sFixed}}));
+    Shell("chattr -i " + sVolume + "/b");
+    EXPECT_EQ(Run(FO_MOVE, {sVolume + "/b"}, sVolume + "/fixed"), (Reasons{{"b", sFixed}}));
+
+    // Full.
     std::vector<std::string> paths;
     for (int n = 0; n < 20; ++n) {
         paths.push_back(sVolume + '/' + std::to_string(n));
         std::ofstream(paths.back()) << n;
     }
-    Shell("dd if=/dev/zero bs=4k of='" + sVolume + "/filler'");
+    Shell("dd if=/dev/zero bs=4k of=" + sVolume + "/filler");
+    EXPECT_EQ(Run(FO_COPY, {tree.File("c", std::string(100'000, 'c'))}, sVolume),
+              (Reasons{{"c", "There is no space left on the destination."}}));
     const auto reasons = Run(FO_DELETE, paths);
+    const Bin bin = Restorable(sTrash);
     EXPECT_GT(reasons.size(), 0U);
-    const Bin bin = support::Restorable(sTrash);
-    for (int n = 0; n < 20; ++n) {
-        const std::string sContent = std::to_string(n);
-        EXPECT_EQ(Content(paths[static_cast<std::size_t>(n)]) == sContent, reasons.contains(sContent)) << n;
-        EXPECT_NE(bin.contains({sContent, sContent}), reasons.contains(sContent)) << n;
+    for (const std::string& sPath : paths) {
+        const std::string sName = fs::path(sPath).filename();
+        EXPECT_EQ(Content(sPath) == sName, reasons.contains(sName)) << sName;
+        EXPECT_NE(bin.contains({sName, sName}), reasons.contains(sName)) << sName;
     }
 }
 

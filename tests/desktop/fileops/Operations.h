@@ -1,10 +1,14 @@
 #pragma once
 
+#include "FileFaults.h"
+#include "FolderEntry.h"
 #include "ScriptedOperations.h"
 #include "TempTree.h"
-#include "TrashBin.h"
 
 #include <fcntl.h>
+#include <glib.h>
+#include <regex>
+#include <set>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -14,14 +18,15 @@ using support::Choice;
 using support::Content;
 using support::TempTree;
 using support::Unprivileged;
+namespace faults = support::faults;
 namespace fs = std::filesystem;
 
-inline struct stat StatusOf(const std::string& sPath)
+using Reasons = std::map<std::string, std::string>;
+using Bin = std::multiset<std::pair<std::string, std::string>>;
+
+inline auto StatusOf(const std::string& sPath)
 {
-    struct stat status {
-    };
-    EXPECT_EQ(lstat(sPath.c_str(), &status), 0) << sPath;
-    return status;
+    return desktop::LookAt(sPath).status;
 }
 
 /// Runs a command of the shell.
@@ -30,20 +35,61 @@ inline bool Shell(const std::string& sCommand)
     return std::system((sCommand + " >/dev/null 2>&1").c_str()) == 0;
 }
 
-/// Operations on files of a tree in the home, whose trash begins empty. Each run adds to what `user` was
-/// shown.
+/// The files directly in a folder and what is in them; none if there is no folder.
+inline std::map<std::string, std::string> Contents(const std::string& sFolder)
+{
+    std::map<std::string, std::string> contents;
+    std::error_code error;
+    for (const auto& entry : fs::directory_iterator(sFolder, error)) {
+        if (entry.is_regular_file()) {
+            contents[entry.path().filename()] = Content(entry.path());
+        }
+    }
+    return contents;
+}
+
+/// The home of this test program, on the volume of which files go to the home trash.
+inline std::string Home()
+{
+    return std::getenv("HOME");
+}
+
+inline std::string HomeTrash()
+{
+    return Home() + "/share/Trash";
+}
+
+/// What can be restored from a trash: pairs of the path noted and the content.
+inline Bin Restorable(const std::string& sTrash = HomeTrash())
+{
+    const std::regex note("\\[Trash Info\\]\nPath=(.+)\nDeletionDate=2.*\n");
+    Bin restorable;
+    const auto files = Contents(sTrash + "/files");
+    for (const auto& [sInfo, sNote] : Contents(sTrash + "/info")) {
+        const auto file = files.find(sInfo.substr(0, sInfo.rfind('.')));
+        std::smatch path;
+        if (file != files.end() && std::regex_match(sNote, path, note)) {
+            char* pPath = g_uri_unescape_string(path.str(1).c_str(), nullptr);
+            restorable.emplace(pPath != nullptr ? pPath : "", file->second);
+            g_free(pPath);
+        }
+    }
+    return restorable;
+}
+
+/// Operations on files of a tree in the home, whose trash begins empty.
 class Operations : public ::testing::Test
 {
 protected:
     Operations()
     {
-        fs::remove_all(std::getenv("XDG_DATA_HOME"));
+        fs::remove_all(Home() + "/share");
         fs::permissions(tree.sRoot, fs::perms::all);
     }
 
-    /// Carries out one operation; the reasons given by the names of the files.
-    std::map<std::string, std::string> Run(unsigned wFunc, const std::vector<std::string>& paths,
-                                           const std::string& sFolder = "")
+    /// Carries out one operation; the reasons given by the names of the files. What the user is shown adds
+    /// up.
+    Reasons Run(unsigned wFunc, const std::vector<std::string>& paths, const std::string& sFolder = "")
     {
         user.outcome = {};
         desktop::ShellFileOperations operations(user);
@@ -57,11 +103,9 @@ protected:
         return tree.sRoot + '/' + sName;
     }
 
-    TempTree tree{support::Home()};
+    TempTree tree{Home()};
+    TempTree other; ///< on another volume, if there is one
     support::ScriptedOperations user;
 };
-
-using Reasons = std::map<std::string, std::string>;
-using Bin = std::multiset<std::pair<std::string, std::string>>;
 
 } // namespace fileops_test
