@@ -31,7 +31,7 @@ private:
     int m_hTo;
     std::int64_t m_cySize;
     const ProgressCall& m_goOn;
-    bool m_bInKernel = true; ///< the kernel has not yet refused to copy by itself
+    bool m_bInKernel = true;    ///< the kernel has not yet refused to copy by itself
     bool m_bBegins = true;      ///< the disk begins while the copying goes on
     std::int64_t m_nOnDisk = 0; ///< up to here it is known to have written all
     std::unique_ptr<char[]> m_buffer;

@@ -219,6 +219,23 @@ TEST_F(Transfer, TakesNotFromNorOverWhatChangesMeanwhile)
     }
 }
 
+TEST_F(Transfer, GivesUpWhenTheDiskFailsBehindIt)
+{
+    const std::string sPath = tree.File("large", std::string(48 << 20, 'x'));
+    for (const int nError : {EIO, EINTR}) {
+        bool bFailed = false;
+        faults::Arm([&](const faults::tChange& change, std::size_t) {
+            return change.sCall == "wait" && !std::exchange(bFailed, true) ? nError : 0;
+        });
+        const Reasons reasons = Run(FO_MOVE, {sPath}, other.sRoot);
+        faults::Disarm();
+        const bool bMoved = nError == EINTR;
+        EXPECT_EQ(reasons.empty(), bMoved);
+        EXPECT_EQ(fs::exists(sPath), !bMoved);
+        EXPECT_EQ(Contents(other.sRoot).size(), bMoved ? 1U : 0U);
+    }
+}
+
 TEST_F(Transfer, StopsWithinAFileAndBetweenFiles)
 {
     const std::vector<std::string> paths{tree.File("a"), tree.File("b", std::string(20'000'000, 'b')),
