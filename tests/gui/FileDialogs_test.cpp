@@ -7,6 +7,7 @@
 #include "QtWindows.h"
 #include "System.h"
 #include "TempTree.h"
+#include "WidgetOf.h"
 #include "WindowManager.h"
 
 #include <QInputDialog>
@@ -176,6 +177,9 @@ TEST_F(FileDialogs, TheAddFolderTreeTellsExactPaths)
     info.lpfn = [](platform::WindowHandle hWnd, unsigned uMsg, long lParam, long /*lpData*/) {
         if (uMsg == platform::BFFM_INITIALIZED) {
             platform::SendMessageA(hWnd, platform::BFFM_SETSELECTIONA, 1, sStart);
+            auto* const pTree = platform::GetWindow(hWnd, platform::GW_CHILD);
+            platform::MoveWindow(pTree, 0, 0, 288, 211);
+            EXPECT_EQ(desktop::WidgetOf(pTree)->size(), QSize(288, 211)) << "it fills its host";
             platform::SendMessageA(hWnd, platform::WM_CLOSE, 0, 0);
         } else {
             EXPECT_TRUE(shell.SHGetPathFromIDList(lParam, sTold));

@@ -126,6 +126,8 @@ TEST_F(FormWindow, WidgetsShowWhatTheControlsSay)
     auto* const pLabel = qobject_cast<QLabel*>(WidgetOf(&one.label));
     one.label.SetCaption("&a\nb\r\nc\xFF");
     EXPECT_TRUE(QTest::qWaitFor([&] { return pLabel->text() == "&a\\x0Ab\nc\\xFF"; })) << "a moment later";
+    one.add.SetEnabled(false);
+    EXPECT_FALSE(WidgetOf(&one.add)->isEnabled());
     EXPECT_FALSE(one.Tool()->icon().pixmap(24, 24).isNull());
     // A button gets the room that its text needs.
     one.add.SetCaption("A caption that is wider than its button");
