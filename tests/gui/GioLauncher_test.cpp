@@ -1,7 +1,7 @@
 #include "Answers.h"
 #include "GioLauncher.h"
-#include "Programs.h"
 #include "SessionBus.h"
+#include "TempTree.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -9,12 +9,87 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <cerrno>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
 
 using support::Answers;
+using support::Child;
+
+/// A desktop with programs that note what they are started with, and kinds of files that have one, several or
+/// none. There is one for the whole test program, since GIO looks at the environment once.
+class Programs
+{
+public:
+    static Programs& Get()
+    {
+        static Programs programs;
+        return programs;
+    }
+
+    /// What the program noted of its latest start: its arguments, then its session, then its session bus.
+    /// Waits for it.
+    std::vector<std::string> Started(const std::string& sProgram)
+    {
+        const std::string sNote = m_tree.sRoot + "/" + sProgram + ".note";
+        EXPECT_TRUE(QTest::qWaitFor([&] { return std::filesystem::exists(sNote); })) << sProgram;
+        std::ifstream note(sNote, std::ios::binary);
+        std::vector<std::string> noted;
+        for (std::string sPart; std::getline(note, sPart, '\0');) {
+            noted.push_back(sPart);
+        }
+        std::filesystem::remove(sNote);
+        return noted;
+    }
+
+private:
+    Programs()
+    {
+        for (const char* pVariable : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME"}) {
+            setenv(pVariable, (m_tree.sRoot + "/data").c_str(), 1);
+        }
+        for (const char* pVariable : {"XDG_DATA_DIRS", "XDG_CONFIG_DIRS", "XDG_RUNTIME_DIR"}) {
+            setenv(pVariable, (m_tree.sRoot + "/none").c_str(), 1);
+        }
+        unsetenv("DBUS_SESSION_BUS_ADDRESS");
+        const std::string sRecord = m_tree.File("record", R"(#!/bin/sh
+note=$1; shift
+session=$(cut -d' ' -f6 /proc/$$/stat)
+printf '%s\0' "$@" "$session" "$DBUS_SESSION_BUS_ADDRESS" >"$note.part"
+mv "$note.part" "$note"
+)");
+        chmod(sRecord.c_str(), 0755);
+        const auto recording = [&](const std::string& sName, const char* pCode, const char* pMore = "") {
+            const std::string sExec = sRecord + " " + m_tree.sRoot + "/" + sName + ".note " + pCode;
+            Entry(sName, "Type=Application\nName=" + sName + "\nExec=" + sExec + "\n" + pMore);
+        };
+        recording("editor", "%U");
+        recording("viewer", "%f");
+        recording("folders", "%u");
+        recording("Zebra", "%F");
+        recording("clock", ""); // takes no files
+        recording("hidden", "%f", "NoDisplay=true\n");
+        Entry("gone", "Type=Application\nName=gone\nExec=" + m_tree.sRoot + "/no-such-program %f\n");
+        Entry("broken", "nonsense");
+        m_tree.File("data/mime/globs2", "50:text/plain:*.txt\n50:application/x-folder-test:*.many\n"
+                                        "50:application/x-alone:*.alone\n50:application/x-broken:*.broken\n");
+        m_tree.File("data/mimeapps.list", "[Default Applications]\ntext/plain=editor.desktop\n"
+                                          "application/x-folder-test=viewer.desktop\n"
+                                          "inode/directory=folders.desktop\n"
+                                          "application/x-broken=gone.desktop;broken.desktop\n"
+                                          "[Added Associations]\n"
+                                          "application/x-folder-test=viewer.desktop;editor.desktop;\n");
+    }
+
+    void Entry(const std::string& sName, const std::string& sLines)
+    {
+        m_tree.File("data/applications/" + sName + ".desktop", "[Desktop Entry]\n" + sLines);
+    }
+
+    support::TempTree m_tree;
+};
 
 /// What asks for the choice of a program.
 constexpr char kChoose[] = "shell32.dll, OpenAs_RunDLL ";
@@ -31,8 +106,15 @@ protected:
     {
         return launcher.ShellExecuteA(nullptr, "open", sFile, sParameters, {}, platform::SW_SHOWNORMAL);
     }
+    bool ShowProperties(const std::string& sFile)
+    {
+        platform::SHELLEXECUTEINFO info;
+        info.lpVerb = "properties";
+        info.lpFile = sFile;
+        return launcher.ShellExecuteExA(info);
+    }
 
-    support::Programs& programs = support::Programs::Get();
+    Programs& programs = Programs::Get();
     support::TempTree tree;
     desktop::GioLauncher launcher;
     Answers answers;
@@ -42,16 +124,15 @@ TEST_F(Launching, OpensAFileByItsExactPathInTheProgramThatIsAskedFor)
 {
     const std::string sOdd = tree.File("a\xFF"
                                        "b \"c\" %f $(x) ;'\n.txt");
+    const std::string sInQuotes = tree.File("\"q\".txt");
     const std::string sMany = tree.File("x.many", "x");
-    const std::string sUnknown = tree.File("x.alone", std::string("\0\1\2", 3));
-    const std::string sInsideQuotes = tree.File("\"q\".txt");
     const struct {
         std::string sFile, sParameters, sProgram, sArgument;
     } cases[] = {
         {Quoted(sOdd), "", "editor", sOdd},
-        {sInsideQuotes, "", "editor", sInsideQuotes},
+        {sInQuotes, "", "editor", sInQuotes},
         {Quoted(sMany), "", "viewer", sMany},
-        {"Notepad.exe", Quoted(sUnknown), "editor", sUnknown},
+        {"Notepad.exe", Quoted(sMany), "editor", sMany},
         {"Wordpad.exe", Quoted(sMany), "editor", sMany}, // no word processor is there
         {"explorer.exe", tree.sRoot + "/", "folders", tree.sRoot},
     };
@@ -67,37 +148,37 @@ TEST_F(Launching, OpensAFileByItsExactPathInTheProgramThatIsAskedFor)
 
 TEST_F(Launching, SaysWhyNothingCanBeStarted)
 {
-    const std::string sFolder = tree.sRoot + "/";
+    const std::string sNone = tree.sRoot + "/none.txt";
+    const std::string sAlone = tree.File("x.alone", "\1");
     const struct {
         std::string sFile, sParameters;
         long nCode;
     } cases[] = {
-        {Quoted(sFolder + "none.txt"), "", ENOENT},
-        {"\"\"", "", ENOENT},
+        {Quoted(sNone), "", ENOENT},
         {"", "", ENOENT},
-        {"relative.txt", "", ENOENT},
-        {"rundll32.exe", "shell32.dll, Control_RunDLL x", ENOENT},
-        {Quoted(sFolder + std::string(300, 'x')), "", ENOENT},
-        {Quoted(tree.File("file.alone", std::string("\0\1", 2)) + "/x"), "", ENOTDIR},
-        {Quoted(sFolder + "file.alone"), "", platform::SE_ERR_NOASSOC},
-        {Quoted(tree.File("x.broken", std::string("\0\1", 2))), "", platform::SE_ERR_NOASSOC},
-        {"Notepad.exe", Quoted(sFolder + "none.txt"), ENOENT},
-        {"explorer.exe", "", ENOENT},
-        {"rundll32.exe", kChoose, ENOENT},
+        {Quoted(sNone + std::string(300, 'x')), "", ENOENT},
+        {Quoted(sAlone + "/x"), "", ENOTDIR},
+        {Quoted(sAlone), "", platform::SE_ERR_NOASSOC},
+        {Quoted(tree.File("x.broken", "\1")), "", platform::SE_ERR_NOASSOC},
+        {"Notepad.exe", Quoted(sNone), ENOENT},
     };
     for (const auto& each : cases) {
         EXPECT_EQ(Open(each.sFile, each.sParameters), each.nCode) << each.sFile << " " << each.sParameters;
     }
     // Of these the program says nothing, so the shell does.
-    for (const std::string& sCommand : {std::string("explorer.exe"), std::string("rundll32.exe")}) {
-        answers.Expect("launchFault", [](QDialog& dialog) {
-            const auto* const pText = dialog.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
-            EXPECT_LE(pText->minimumSizeHint().width(), dialog.width()) << "cut off";
-            Answers::Click(dialog, "ok");
-        });
-        const std::string sPath = sFolder + "no\nne" + std::string(240, 'm');
-        EXPECT_EQ(Open(sCommand, (sCommand == "explorer.exe" ? "" : kChoose) + sPath), ENOENT);
-    }
+    const auto dismiss = [](QDialog& dialog) {
+        const auto& text = Child<QLabel>(dialog, "qt_msgbox_label");
+        EXPECT_TRUE(text.text().endsWith(QLatin1String(strerror(ENOENT))));
+        EXPECT_LE(text.minimumSizeHint().width(), dialog.width()) << "cut off";
+        Answers::Click("ok")(dialog);
+    };
+    const std::string sLong = sNone + "\n" + std::string(240, 'm');
+    answers.Expect("launchFault", dismiss);
+    EXPECT_EQ(Open("explorer.exe", sLong), ENOENT);
+    answers.Expect("launchFault", dismiss);
+    EXPECT_EQ(Open("rundll32.exe", kChoose + sLong), ENOENT);
+    answers.Expect("launchFault", dismiss);
+    EXPECT_FALSE(ShowProperties(Quoted(sLong)));
 }
 
 TEST_F(Launching, LetsTheUserChooseAProgram)
@@ -106,92 +187,52 @@ TEST_F(Launching, LetsTheUserChooseAProgram)
     // The fitting ones first, the usual one at their head; no other that takes no file or does not want to
     // show.
     answers.Expect("programChooser", [](QDialog& dialog) {
-        auto& list = *dialog.findChild<QListWidget*>(QStringLiteral("programs"));
-        QStringList shown;
+        auto& list = Child<QListWidget>(dialog, "programs");
+        std::string sShown;
         for (int n = 0; n < list.count(); ++n) {
-            shown << list.item(n)->text();
+            sShown += list.item(n)->text().toStdString() + "|";
         }
-        EXPECT_EQ(shown.join(QLatin1Char(' ')).toStdString(),
-                  "viewer editor Other applications folders Zebra");
+        EXPECT_EQ(sShown, "viewer|editor|Other applications|folders|Zebra|");
         EXPECT_EQ(list.currentRow(), 0);
         QTest::keyClicks(&list, QStringLiteral("z"));
-        EXPECT_EQ(list.currentItem()->text(), QStringLiteral("Zebra"));
         QTest::keyClick(&list, Qt::Key_Return);
     });
     EXPECT_GT(Open("rundll32.exe", kChoose + Quoted(sFile)), 32);
     EXPECT_EQ(programs.Started("Zebra").front(), sFile);
 
-    // By a part of the name; what hides is not opened.
-    answers.Expect("programChooser", [](QDialog& dialog) {
-        auto& filter = *dialog.findChild<QLineEdit*>(QStringLiteral("filter"));
-        auto& said = *dialog.findChild<QLabel*>(QStringLiteral("said"));
-        auto& open = *dialog.findChild<QPushButton*>(QStringLiteral("open"));
-        filter.setFocus();
-        QTest::keyClicks(&filter, QStringLiteral("nothing like it"));
-        EXPECT_TRUE(!open.isEnabled() && said.isVisible());
-        QTest::keyClick(&filter, Qt::Key_Return);
-        EXPECT_TRUE(dialog.isVisible());
-        filter.clear();
-        QTest::keyClicks(&filter, QStringLiteral("E"));
-        EXPECT_FALSE(said.isVisible());
-        QTest::keyClick(&filter, Qt::Key_Down); // to the second
-        QTest::keyClick(&filter, Qt::Key_Return);
-    });
-    EXPECT_GT(Open("rundll32.exe", kChoose + sFile), 32);
-    EXPECT_EQ(programs.Started("editor").size(), 3U);
-
-    // The file goes while the question waits: that is said, and the question stays.
+    // By a part of the name; what hides is not opened. A file that has gone is said, and the question stays.
     answers.Expect("programChooser", [&](QDialog& dialog) {
+        auto& filter = Child<QLineEdit>(dialog, "filter");
+        const auto& said = Child<QLabel>(dialog, "said");
+        filter.setText(QStringLiteral("nothing like it"));
+        QTest::keyClick(&filter, Qt::Key_Return);
+        EXPECT_TRUE(dialog.isVisible() && said.isVisible());
+        filter.setText(QStringLiteral("E"));
+        QTest::keyClick(&filter, Qt::Key_Down); // to the second
         unlink(sFile.c_str());
-        Answers::Click(dialog, "open");
-        EXPECT_TRUE(dialog.isVisible());
-        EXPECT_TRUE(dialog.findChild<QLabel*>(QStringLiteral("said"))
-                        ->text()
-                        .contains(QStringLiteral("No such file")));
-        QTest::keyClick(&dialog, Qt::Key_Escape);
+        QTest::keyClick(&filter, Qt::Key_Return);
+        EXPECT_TRUE(dialog.isVisible() && said.text().contains(QStringLiteral("No such file")));
+        tree.File("<b>&x\xFF.many", "x");
+        Answers::Click("open")(dialog);
     });
     EXPECT_GT(Open("rundll32.exe", kChoose + sFile), 32);
+    EXPECT_EQ(programs.Started("editor").front(), sFile);
 }
 
 TEST_F(Launching, ShowsPropertiesInASheetOfItsOwn)
 {
-    const auto show = [&](const std::string& sFile) {
-        platform::SHELLEXECUTEINFO info;
-        info.lpVerb = "properties";
-        info.lpFile = sFile;
-        return launcher.ShellExecuteExA(info);
-    };
-    EXPECT_FALSE(show(""));
-    for (const auto& [sPath, nError] : {std::pair("/none", ENOENT), std::pair("/file/x", ENOTDIR)}) {
-        answers.Expect("launchFault", [nError = nError](QDialog& dialog) {
-            const QString sText = dynamic_cast<QMessageBox&>(dialog).text();
-            EXPECT_TRUE(sText.endsWith(QLatin1String(strerror(nError)))) << sText.toStdString();
-            Answers::Click(dialog, "ok");
-        });
-        tree.File("file");
-        EXPECT_FALSE(show(Quoted(tree.sRoot + sPath)));
-    }
     const std::string sFile = tree.File("<i>\n\xFF.txt", std::string(12'345, 'x'));
     chmod(sFile.c_str(), 04640);
-    EXPECT_TRUE(show(Quoted(sFile)));
-    QDialog* pSheet = nullptr;
-    for (QWidget* pWindow : QApplication::topLevelWidgets()) {
-        if (pWindow->windowTitle().startsWith(QLatin1Char('<'))) {
-            pSheet = qobject_cast<QDialog*>(pWindow);
-        }
-    }
-    ASSERT_NE(pSheet, nullptr);
-    const auto shown = [&](const char* pWhat) {
-        return pSheet->findChild<QLabel*>(QLatin1String(pWhat))->text().toStdString();
-    };
+    ASSERT_TRUE(ShowProperties(Quoted(sFile)));
+    auto* const pSheet = qobject_cast<QDialog*>(QApplication::topLevelWidgets().back());
+    const auto shown = [&](const char* pWhat) { return Child<QLabel>(*pSheet, pWhat).text().toStdString(); };
     EXPECT_EQ(shown("Name"), "<i>\\x0A\\xFF.txt");
     EXPECT_EQ(shown("Folder"), tree.sRoot + "/");
     EXPECT_EQ(shown("Permissions"), "rw-r----- (4640)");
     EXPECT_TRUE(shown("Size").ends_with(" bytes / 12.1 KB")) << shown("Size");
     EXPECT_NE(shown("Kind").find("text/plain"), std::string::npos);
-    QTest::keyClick(pSheet, Qt::Key_Escape);
+    pSheet->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_FALSE(QApplication::topLevelWidgets().contains(static_cast<QWidget*>(pSheet)));
 }
 
 TEST_F(Launching, StartsNoSessionBus)
@@ -200,17 +241,12 @@ TEST_F(Launching, StartsNoSessionBus)
     const std::string sStarter =
         tree.File("bin/dbus-launch", "#!/bin/sh\n: >'" + tree.sRoot + "/started'\nexit 1\n");
     chmod(sStarter.c_str(), 0755);
-    const std::string sPath = getenv("PATH");
-    setenv("PATH", (tree.sRoot + "/bin:" + sPath).c_str(), 1);
+    setenv("PATH", (tree.sRoot + "/bin:" + getenv("PATH")).c_str(), 1);
     setenv("DISPLAY", ":77", 1);
-    EXPECT_FALSE(desktop::HasSessionBus());
     desktop::StartNoSessionBus();
     EXPECT_GT(Open(tree.File("x.txt")), 32);
     EXPECT_EQ(programs.Started("editor").back(), "") << "it sees our measure";
     EXPECT_FALSE(std::filesystem::exists(tree.sRoot + "/started"));
-    setenv("PATH", sPath.c_str(), 1);
-    unsetenv("DISPLAY");
-    unsetenv("DBUS_SESSION_BUS_ADDRESS");
 }
 
 } // namespace

@@ -5,7 +5,6 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
-#include <QWindow>
 #include <deque>
 #include <functional>
 #include <gtest/gtest.h>
@@ -14,26 +13,23 @@
 
 namespace support {
 
+/// What a dialog holds by that object name.
+template <typename T>
+T& Child(QDialog& dialog, const char* pName)
+{
+    T* const pChild = dialog.findChild<T*>(QLatin1String(pName));
+    EXPECT_NE(pChild, nullptr) << pName;
+    return *pChild;
+}
+
 /// Answers modal windows: each one expected, in turn, as soon as it is on the screen. What is expected and
-/// does not come, and what does not end in time, is a failure.
+/// does not come is a failure.
 class Answers : public QObject
 {
 public:
     using Answer = std::function<void(QDialog&)>;
 
-    Answers()
-    {
-        m_watchdog.setInterval(20'000);
-        connect(&m_watchdog, &QTimer::timeout, this, [] {
-            QWidget* const pModal = QApplication::activeModalWidget();
-            ADD_FAILURE() << "no answer" << (pModal ? " to " + pModal->objectName().toStdString() : "");
-            if (auto* const pDialog = qobject_cast<QDialog*>(pModal)) {
-                pDialog->done(QDialog::Rejected);
-            }
-        });
-        m_watchdog.start();
-        Look();
-    }
+    Answers() { Look(); }
     ~Answers() override
     {
         for (const auto& each : m_expected) {
@@ -47,17 +43,15 @@ public:
         m_expected.emplace_back(sName, std::move(answer));
     }
 
-    /// The same, answered by a click on its button of that object name.
-    void Expect(const std::string& sName, const char* pButton)
+    /// The answer by a click on the button of that object name.
+    static Answer Click(const char* pButton)
     {
-        Expect(sName, [pButton](QDialog& dialog) { Click(dialog, pButton); });
+        return
+            [=](QDialog& dialog) { QTest::mouseClick(&Child<QPushButton>(dialog, pButton), Qt::LeftButton); };
     }
-
-    static void Click(QDialog& dialog, const char* pButton)
+    static Answer Press(Qt::Key key)
     {
-        auto* const pFound = dialog.findChild<QPushButton*>(QLatin1String(pButton));
-        ASSERT_NE(pFound, nullptr) << pButton;
-        QTest::mouseClick(pFound, Qt::LeftButton);
+        return [=](QDialog& dialog) { QTest::keyClick(&dialog, key); };
     }
 
 private:
@@ -66,8 +60,7 @@ private:
         // Before the answer, which may wait for the next window.
         QTimer::singleShot(0, this, &Answers::Look);
         auto* const pDialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        if (pDialog == nullptr || pDialog->windowHandle() == nullptr ||
-            !pDialog->windowHandle()->isExposed() || m_expected.empty() ||
+        if (pDialog == nullptr || !pDialog->isVisible() || m_expected.empty() ||
             pDialog->objectName().toStdString() != m_expected.front().first) {
             return;
         }
@@ -79,7 +72,6 @@ private:
     }
 
     std::deque<std::pair<std::string, Answer>> m_expected;
-    QTimer m_watchdog;
 };
 
 } // namespace support

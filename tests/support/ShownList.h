@@ -11,18 +11,15 @@
 
 namespace support {
 
-using platform::Alignment;
-using platform::ListView;
-
 /// A list and the widget that shows it, about 20 rows of it.
 struct tShownList {
     explicit tShownList(int nRows, bool bMultiSelect = true)
     {
-        list.AddColumn("Name", Alignment::Left, 3000);
-        list.AddColumn("Size", Alignment::Right, 1005);
+        list.AddColumn("Name", platform::Alignment::Left, 3000);
+        list.AddColumn("Size", platform::Alignment::Right, 1005);
         list.MultiSelect = bMultiSelect;
-        list.Message(ListView::LVM_SETEXTENDEDLISTVIEWSTYLE, 0,
-                     bMultiSelect ? ListView::LVS_EX_FULLROWSELECT : 0);
+        list.Message(platform::ListView::LVM_SETEXTENDEDLISTVIEWSTYLE, 0,
+                     bMultiSelect ? platform::ListView::LVS_EX_FULLROWSELECT : 0);
         pView = std::make_unique<desktop::ListViewWidget>(list, nullptr);
         pView->resize(400, 400);
         for (int n = 0; n < nRows; ++n) {
@@ -46,16 +43,14 @@ struct tShownList {
 
     void Click(int nRow, Qt::KeyboardModifiers held = {}, Qt::MouseButton button = Qt::LeftButton)
     {
-        const QPoint pos = At(nRow);
-        QTest::mouseClick(pView->viewport(), button, held, pos);
+        QTest::mouseClick(pView->viewport(), button, held, At(nRow));
     }
 
     void Drag(int nFrom, int nTo, Qt::KeyboardModifiers held = {})
     {
         QTest::mousePress(pView->viewport(), Qt::LeftButton, held, At(nFrom));
-        QTest::mouseMove(pView->viewport(), At(nFrom) + QPoint(QApplication::startDragDistance(), 0));
         for (const int nRow : {nTo / 2, nTo}) {
-            QTest::mouseMove(pView->viewport(), At(nRow));
+            QTest::mouseMove(pView->viewport(), At(nRow) + QPoint(QApplication::startDragDistance(), 0));
         }
         QTest::mouseRelease(pView->viewport(), Qt::LeftButton, held, At(nTo));
     }
@@ -63,9 +58,8 @@ struct tShownList {
     [[nodiscard]] std::set<int> Selected() const
     {
         std::set<int> rows;
-        const auto& bits = list.ListItems.Selection();
-        for (std::size_t n = 0; n < bits.size(); ++n) {
-            if (bits[n]) {
+        for (std::size_t n = 0; n < list.ListItems.Count(); ++n) {
+            if (list.ListItems.Selection()[n]) {
                 rows.insert(static_cast<int>(n));
             }
         }
@@ -74,7 +68,7 @@ struct tShownList {
     [[nodiscard]] int Current() { return static_cast<int>(list.SelectedItem()->Index()) - 1; }
 
     platform::Form form;
-    ListView list{form};
+    platform::ListView list{form};
     std::unique_ptr<desktop::ListViewWidget> pView;
 };
 
