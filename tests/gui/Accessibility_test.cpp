@@ -12,6 +12,7 @@
 
 #include <QAccessible>
 #include <QContextMenuEvent>
+#include <QMenu>
 #include <QTest>
 #include <QTimer>
 #include <QTreeView>
@@ -155,8 +156,11 @@ TEST_F(Accessibility, TheMenuKeyOpensTheMenuAtTheCurrentRow)
         QPoint place;
         QTimer look;
         QObject::connect(&look, &QTimer::timeout, &look, [&] {
-            if (QWidget* const pMenu = QApplication::activePopupWidget()) {
+            if (auto* const pMenu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
+                look.stop();
                 place = pRows->viewport()->mapFromGlobal(pMenu->pos());
+                EXPECT_TRUE(QTest::qWaitFor([&] { return pMenu->activeAction() != nullptr; }));
+                EXPECT_TRUE(pMenu->activeAction() != nullptr && pMenu->activeAction()->isEnabled());
                 pMenu->close();
             }
         });
