@@ -143,6 +143,10 @@ TEST_F(Accessibility, EverythingInTheShellsWindowsHasItsName)
     for (QWidget* pWindow : {static_cast<QWidget*>(&folderChooser), static_cast<QWidget*>(&saveChooser)}) {
         EXPECT_EQ(Heard(*pWindow).count(std::to_string(QAccessible::Tree) + ": Folders"), 1);
     }
+    saveChooser.accept();
+    EXPECT_EQ(Heard(saveChooser)
+                  .count(std::to_string(QAccessible::Notification) + ": Please type a name for the file."),
+              1);
 }
 
 TEST_F(Accessibility, TheMenuKeyOpensTheMenuAtTheCurrentRow)
