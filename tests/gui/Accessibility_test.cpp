@@ -1,6 +1,7 @@
 // What assistive programs hear of the windows, and what a keyboard alone reaches.
 
 #include "FolderChooser.h"
+#include "OutcomeSummary.h"
 #include "PacedEventLoop.h"
 #include "PosixFiles.h"
 #include "QtWindows.h"
@@ -147,6 +148,21 @@ TEST_F(Accessibility, EverythingInTheShellsWindowsHasItsName)
     EXPECT_EQ(Heard(saveChooser)
                   .count(std::to_string(QAccessible::Notification) + ": Please type a name for the file."),
               1);
+}
+
+TEST_F(Accessibility, TabComesBackToWhereItStarted)
+{
+    desktop::tOperationOutcome outcome;
+    outcome.notDone.push_back({"/a/b", "Why."});
+    desktop::OutcomeSummary summary(nullptr, {}, outcome);
+    summary.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&summary));
+    std::set<QString> reached;
+    for (int n = 0; n < 3; ++n) {
+        QTest::keyClick(summary.focusWidget(), Qt::Key_Tab);
+        reached.insert(summary.focusWidget()->objectName());
+    }
+    EXPECT_EQ(reached, (std::set<QString>{"close", "copy", "notDone"}));
 }
 
 TEST_F(Accessibility, TheMenuKeyOpensTheMenuAtTheCurrentRow)
