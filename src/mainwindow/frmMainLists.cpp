@@ -6,6 +6,8 @@
 #include "mListView.h"
 #include "mSysTree.h"
 
+#include <utility>
+
 // What mouse and keyboard do on the two lists, and the commands that change the list of folders. Keys act
 // when they are released.
 
@@ -38,7 +40,11 @@ void frmMain::lvFiles_MouseUp(int Button)
 
 void frmMain::lvFiles_MenuKey()
 {
+    // The menu comes up at the current row, which its commands are therefore for. No mouse has pressed that
+    // row, so it ends with the menu.
+    const bool bHitBefore = std::exchange(bItemHit, lvFiles.SelectedItem().has_value());
     platform::Windows().PopupMenu(mnuFile, &lvFiles);
+    bItemHit = bHitBefore;
 }
 
 void frmMain::lvFiles_DblClick()

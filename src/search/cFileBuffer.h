@@ -8,8 +8,8 @@
 namespace search {
 
 /// Room for the bytes of one file at a time. The room is kept from file to file, what was in it is not: pages
-/// that the system has to provide and clear anew for every file cost more than reading the file. Few large ones
-/// are reached quicker than many small ones.
+/// that the system has to provide and clear anew for every file cost more than reading the file. Few large
+/// ones are reached quicker than many small ones.
 class cFileBuffer
 {
 public:

@@ -2,6 +2,7 @@
 // programs hear of them.
 
 #include "FolderChooser.h"
+#include "OutcomeSummary.h"
 #include "PacedEventLoop.h"
 #include "PosixFiles.h"
 #include "QtWindows.h"
@@ -17,6 +18,7 @@
 #include <QMetaEnum>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 #include <QToolButton>
 #include <gtest/gtest.h>
 #include <set>
@@ -247,8 +249,42 @@ TEST_F(Accessibility, EverythingHasItsName)
     platform::OPENFILENAME request;
     request.lpstrTitle = "Save As";
     desktop::SaveChooser saveChooser(request);
-    ExpectHeard(saveChooser, {"Tree: Folders"});
+    saveChooser.accept();
+    ExpectHeard(saveChooser, {"Tree: Folders", "Notification: Please type a name for the file."});
     EXPECT_EQ(QApplication::layoutDirection(), Qt::LeftToRight) << "whatever the desktop's language";
+}
+
+TEST_F(Accessibility, TheMenuKeyOpensTheMenuAtItsFirstCommand)
+{
+    WidgetOf(&main.lvFiles)->setFocus();
+    QAction* pActive = nullptr;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &look, [&] {
+        if (auto* const pMenu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
+            look.stop();
+            EXPECT_TRUE(QTest::qWaitFor([&] { return pMenu->activeAction() != nullptr; }));
+            pActive = pMenu->activeAction();
+            pMenu->close();
+        }
+    });
+    look.start(0);
+    QTest::keyClick(WidgetOf(&main.lvFiles), Qt::Key_F10, Qt::ShiftModifier);
+    EXPECT_TRUE(pActive != nullptr && pActive->isEnabled());
+}
+
+TEST_F(Accessibility, TabComesBackToWhereItStarted)
+{
+    desktop::tOperationOutcome outcome;
+    outcome.notDone.push_back({"/a/b", "Why."});
+    desktop::OutcomeSummary summary(nullptr, {}, outcome);
+    summary.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&summary));
+    std::set<QString> reached;
+    for (int n = 0; n < 3; ++n) {
+        QTest::keyClick(summary.focusWidget(), Qt::Key_Tab);
+        reached.insert(summary.focusWidget()->objectName());
+    }
+    EXPECT_EQ(reached, (std::set<QString>{"close", "copy", "notDone"}));
 }
 
 } // namespace

@@ -59,9 +59,11 @@ TEST_F(frmMainLists, RememberWhetherTheLastPressHitARow)
         EXPECT_FALSE(main.bItemHit);
     }
     EXPECT_EQ(desktop.sWindows, "; menu &File"); // of the right button, over nothing
+    bool bCommandsAct = false;
+    desktop.onMenu = [&] { bCommandsAct = main.bItemHit; };
     main.lvFiles.MenuKey();
     EXPECT_EQ(desktop.sWindows, "; menu &File; menu &File at the row");
-    EXPECT_FALSE(main.bItemHit);
+    EXPECT_TRUE(bCommandsAct && !main.bItemHit);
     main.lvFiles.ObserveRows(nullptr);
 }
 

@@ -23,6 +23,7 @@ class ScriptedDesktop final : public platform::Control, // the folder dialog
 public:
     ScriptedFiles files; ///< what is on the disk
     std::string sLog, sWindows;
+    std::function<void()> onMenu = [] {}; ///< what the user does in a pop-up menu
 
     // The Add Folder window.
     std::function<void()> whileBrowsing = [] {}; ///< runs in the place of the dialog's event loop
@@ -67,6 +68,7 @@ private:
     void PopupMenu(platform::MenuItem& menu, const platform::ListView* pList) override
     {
         sWindows += "; menu " + menu.sCaption + (pList ? " at the row" : "");
+        onMenu();
     }
     void SetForegroundWindow(WindowHandle) override { sWindows += "; front"; }
     void LockWindowUpdate(WindowHandle hWnd) override { sWindows += hWnd ? "; lock" : "; unlock"; }

@@ -12,7 +12,7 @@
 namespace desktop {
 
 ListViewWidget::ListViewWidget(platform::ListView& list, QWidget* pParent)
-    : QTreeView(pParent), m_list(list), m_model(list), m_selection(list, m_model), m_picking(list),
+    : SpokenRows(pParent), m_list(list), m_model(list), m_selection(list, m_model), m_picking(list),
       m_typeAhead(list), m_delegate(list)
 {
     setModel(&m_model);
@@ -228,7 +228,7 @@ void ListViewWidget::focusInEvent(QFocusEvent* pEvent)
 {
     // A view that gets the focus without a current row makes one of its own.
     BringUpToDate();
-    QTreeView::focusInEvent(pEvent);
+    SpokenRows::focusInEvent(pEvent);
 }
 
 QRegion ListViewWidget::visualRegionForSelection(const QItemSelection& /*selection*/) const

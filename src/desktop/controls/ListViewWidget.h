@@ -5,6 +5,7 @@
 #include "RowModel.h"
 #include "RowPicking.h"
 #include "RowSelection.h"
+#include "SpokenRows.h"
 #include "TypeAhead.h"
 
 #include <QBasicTimer>
@@ -18,7 +19,7 @@ namespace desktop {
 /// Shows a list view. The list's state is the truth: the user's clicks and keys change it, and what it tells
 /// is shown when the widget is painted next, all at once, so that a list which nobody sees costs nothing but
 /// a mark for each row that is added or changed. Place, visibility and focus are left to who made the widget.
-class ListViewWidget final : public QTreeView,
+class ListViewWidget final : public SpokenRows<QTreeView>,
                              public platform::ListViewObserver,
                              public platform::ControlObserver
 {

@@ -13,6 +13,8 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QScreen>
+#include <QTimer>
+#include <algorithm>
 
 namespace desktop {
 namespace {
@@ -32,6 +34,24 @@ QPoint CurrentRowOn(const QAbstractItemView& rows)
     const QRect inSight = rows.viewport()->rect();
     const QRect row = rows.visualRect(rows.currentIndex()) & inSight;
     return rows.viewport()->mapToGlobal(row.isEmpty() ? inSight.topLeft() : row.center());
+}
+
+/// Shows a menu that a key asked for, at its first command, as keys go on.
+void ExecByKey(QMenu& menu, const QPoint& place)
+{
+    QTimer shown;
+    shown.setSingleShot(true);
+    QObject::connect(&shown, &QTimer::timeout, &menu, [&menu] {
+        const QList<QAction*> actions = menu.actions();
+        const auto first = std::find_if(actions.begin(), actions.end(), [](const QAction* pEach) {
+            return pEach->isEnabled() && !pEach->isSeparator();
+        });
+        if (first != actions.end()) {
+            menu.setActiveAction(*first);
+        }
+    });
+    shown.start(0);
+    menu.exec(place);
 }
 
 } // namespace
@@ -95,7 +115,11 @@ void QtWindows::PopupMenu(platform::MenuItem& menu, const platform::ListView* pL
 {
     const auto* const pRows = qobject_cast<const QAbstractItemView*>(WidgetOf(pList));
     if (auto* const pMenu = qobject_cast<QMenu*>(WidgetOf(&menu))) {
-        pMenu->exec(pRows == nullptr ? QCursor::pos() : CurrentRowOn(*pRows));
+        if (pRows == nullptr) {
+            pMenu->exec(QCursor::pos());
+        } else {
+            ExecByKey(*pMenu, CurrentRowOn(*pRows));
+        }
     }
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "SpokenRows.h"
+
 #include <QTimer>
 #include <QTreeView>
 
@@ -8,7 +10,7 @@ namespace desktop {
 class FolderModel;
 
 /// Shows a tree of folders, of which one is selected.
-class FolderView final : public QTreeView
+class FolderView final : public SpokenRows<QTreeView>
 {
 public:
     explicit FolderView(FolderModel& model);

@@ -108,6 +108,9 @@ OutcomeSummary::OutcomeSummary(QWidget* pOwner, const tOperation& operation, con
         });
     }
     pLayout->addWidget(pButtons);
+    if (auto* const pCopy = findChild<QPushButton*>(QStringLiteral("copy"))) {
+        setTabOrder(pCopy, pClose); // else Tab does not come back to Close
+    }
     pClose->setDefault(true);
     SizeFor(outcome.notDone.empty() ? QSize(kSize.width() / 2, 0) : kSize);
     pClose->setFocus();

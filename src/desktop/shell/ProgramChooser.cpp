@@ -2,7 +2,9 @@
 
 #include "Breakable.h"
 #include "LaunchCode.h"
+#include "NoticeLabel.h"
 #include "ShownText.h"
+#include "SpokenRows.h"
 #include "Texts.h"
 
 #include <QCoreApplication>
@@ -12,6 +14,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QStyle>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -67,7 +70,7 @@ QString TextOf(long nCode)
 ProgramChooser::ProgramChooser(QWidget* pOwner, const std::string& sPath, const tApplications& applications,
                                Starter start)
     : ShellDialog(pOwner, QStringLiteral("programChooser"), QStringLiteral("Choose Program")),
-      m_start(std::move(start)), m_pList(new QListWidget), m_pSaid(new QLabel)
+      m_start(std::move(start)), m_pList(new SpokenRows<QListWidget>), m_pSaid(new NoticeLabel)
 {
     auto* const pText = new QLabel(Breakable(QStringLiteral("Choose the program to open \u201c%1\u201d with.")
                                                  .arg(ShownText(sPath.substr(sPath.rfind('/') + 1)))));
@@ -76,13 +79,14 @@ ProgramChooser::ProgramChooser(QWidget* pOwner, const std::string& sPath, const 
     m_pFilter = new FilterEdit(*m_pList);
     m_pFilter->setObjectName(QStringLiteral("filter"));
     m_pFilter->setClearButtonEnabled(true);
+    for (QToolButton* pClear : m_pFilter->findChildren<QToolButton*>()) {
+        pClear->setAccessibleName(QStringLiteral("Clear"));
+    }
     auto* const pFilterLabel = new QLabel(QStringLiteral("&Find:"));
     pFilterLabel->setBuddy(m_pFilter);
     m_pList->setObjectName(QStringLiteral("programs"));
     m_pList->setAccessibleName(QStringLiteral("Programs"));
     m_pSaid->setObjectName(QStringLiteral("said"));
-    m_pSaid->setTextFormat(Qt::PlainText);
-    m_pSaid->setWordWrap(true);
     auto* const pButtons = new QDialogButtonBox;
     m_pOpen =
         AddButton(*pButtons, QStringLiteral("&Open"), QDialogButtonBox::AcceptRole, QStringLiteral("open"));
@@ -139,10 +143,9 @@ void ProgramChooser::Filter()
         pItem->setHidden(!bShown);
         nShown += bShown && pItem != m_pHeading ? 1 : 0;
     }
-    m_pSaid->setText(nShown > 0               ? QString()
-                     : m_applications.empty() ? QStringLiteral("No program that opens files is installed.")
-                                              : QStringLiteral("No program has this in its name."));
-    m_pSaid->setVisible(nShown == 0);
+    m_pSaid->Say(nShown > 0               ? QString()
+                 : m_applications.empty() ? QStringLiteral("No program that opens files is installed.")
+                                          : QStringLiteral("No program has this in its name."));
     m_pOpen->setEnabled(nShown > 0);
     const QListWidgetItem* const pCurrent = m_pList->currentItem();
     if (pCurrent == nullptr || pCurrent->isHidden()) {
@@ -171,8 +174,7 @@ void ProgramChooser::accept()
         ShellDialog::accept();
         return;
     }
-    m_pSaid->setText(QStringLiteral("%1 could not be started.\n%2").arg(pItem->text(), TextOf(nCode)));
-    m_pSaid->show();
+    m_pSaid->Say(QStringLiteral("%1 could not be started.\n%2").arg(pItem->text(), TextOf(nCode)));
 }
 
 } // namespace desktop

@@ -6,12 +6,13 @@
 #include <functional>
 #include <string>
 
-class QLabel;
 class QLineEdit;
 class QListWidget;
 class QListWidgetItem;
 
 namespace desktop {
+
+class NoticeLabel;
 
 /// The modal question for the application that is to open a file: those registered for it first, all others
 /// below a heading. The window stays until an application has been started, or Cancel.
@@ -36,7 +37,7 @@ private:
     QLineEdit* m_pFilter = nullptr;
     QListWidget* m_pList;
     QListWidgetItem* m_pHeading = nullptr; ///< between the two kinds, where there are both
-    QLabel* m_pSaid;
+    NoticeLabel* m_pSaid;
     QPushButton* m_pOpen = nullptr;
 };
 

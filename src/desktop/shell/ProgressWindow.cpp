@@ -53,6 +53,7 @@ ProgressWindow::ProgressWindow(QWidget* pOwner, const tOperation& operation)
                           QStringLiteral("cancel"));
     // An Enter too many, meant for the question before, is not to cancel.
     m_pCancel->setAutoDefault(false);
+    m_pCancel->setFocus(); // which is where the keyboard is, to be seen and heard
     connect(m_pCancel, &QPushButton::clicked, this, &ProgressWindow::reject);
 
     auto* const pLayout = new QVBoxLayout(this);

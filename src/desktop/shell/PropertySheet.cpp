@@ -127,6 +127,7 @@ PropertySheet::PropertySheet(QWidget* pOwner, const tProperties& properties)
     }
     auto* const pArea = new QScrollArea;
     pArea->setFrameShape(QFrame::NoFrame);
+    pArea->setFocusPolicy(Qt::NoFocus); // its lines take the keyboard, and scroll into sight then
     pArea->setWidgetResizable(true);
     pArea->setWidget(pInside);
     auto* const pButtons = new QDialogButtonBox;

@@ -42,6 +42,13 @@ QGroupBox* Facts(const QString& sTitle, const tFileFacts& file, const QString& s
     return pBox;
 }
 
+/// The same in a line to be heard: nobody can go to texts by the keyboard.
+QString SpokenFacts(const QString& sTitle, const tFileFacts& file, const QString& sSize, const QString& sDate)
+{
+    return QStringLiteral("\n%1: %2, %3%4, %5%6.")
+        .arg(sTitle, ShownText(file.sPath), FullSize(file.cySize), sSize, DateText(file.dtDate), sDate);
+}
+
 template <typename T>
 QString Compared(T source, T target, const char* pLess, const char* pMore, const char* pSame)
 {
@@ -59,7 +66,15 @@ ReplaceQuestion::ReplaceQuestion(QWidget* pOwner, const tFileFacts& source, cons
         Line(Breakable(QStringLiteral("A file named \u201c%1\u201d is already there. Replace it?")
                            .arg(ShownText(target.sPath.substr(target.sPath.rfind('/') + 1)))));
     pText->setWordWrap(true);
-    const bool bDatesKnown = source.dtDate != 0 && target.dtDate != 0;
+    const QString sThere = QStringLiteral("File that is there");
+    const QString sWouldReplace = QStringLiteral("File that would replace it");
+    const QString sSize = Compared(source.cySize, target.cySize, " (smaller)", " (larger)", " (same size)");
+    const QString sDate =
+        source.dtDate == 0 || target.dtDate == 0
+            ? QString()
+            : Compared(source.dtDate, target.dtDate, " (older)", " (newer)", " (same time)");
+    pText->setAccessibleName(pText->text() + SpokenFacts(sThere, target, {}, {}) +
+                             SpokenFacts(sWouldReplace, source, sSize, sDate));
     auto* const pButtons = new QDialogButtonBox;
     AddChoice(*pButtons, QStringLiteral("&Replace"), QDialogButtonBox::AcceptRole, QStringLiteral("replace"),
               tReplaceAnswer::Choice::Replace);
@@ -70,16 +85,13 @@ ReplaceQuestion::ReplaceQuestion(QWidget* pOwner, const tFileFacts& source, cons
 
     auto* const pLayout = new QVBoxLayout(this);
     pLayout->addWidget(pText);
-    pLayout->addWidget(Facts(QStringLiteral("File that is there"), target, {}, {}));
-    pLayout->addWidget(
-        Facts(QStringLiteral("File that would replace it"), source,
-              Compared(source.cySize, target.cySize, " (smaller)", " (larger)", " (same size)"),
-              bDatesKnown ? Compared(source.dtDate, target.dtDate, " (older)", " (newer)", " (same time)")
-                          : QString()));
+    pLayout->addWidget(Facts(sThere, target, {}, {}));
+    pLayout->addWidget(Facts(sWouldReplace, source, sSize, sDate));
     pLayout->addWidget(m_pForAll);
     pLayout->addStretch();
     pLayout->addWidget(pButtons);
     pSkip->setDefault(true);
+    pSkip->setFocus();
     SizeFor(kSize);
 }
 

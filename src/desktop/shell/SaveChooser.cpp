@@ -1,7 +1,9 @@
 #include "SaveChooser.h"
 
+#include "NoticeLabel.h"
 #include "Questions.h"
 #include "ShownText.h"
+#include "SpokenRows.h"
 #include "Subfolders.h"
 #include "Utf8.h"
 
@@ -89,8 +91,8 @@ std::string Joined(const std::string& sFolder, const std::string& sName)
 
 SaveChooser::SaveChooser(const platform::OPENFILENAME& request)
     : ShellDialog(OwnerOf(request.hwndOwner), QStringLiteral("saveChooser"), ShownText(request.lpstrTitle)),
-      m_request(request), m_pPane(new FolderPane), m_pFiles(new QListWidget), m_pName(new QLineEdit),
-      m_pKind(new QComboBox), m_pFault(new QLabel)
+      m_request(request), m_pPane(new FolderPane), m_pFiles(new SpokenRows<QListWidget>),
+      m_pName(new QLineEdit), m_pKind(new QComboBox), m_pFault(new NoticeLabel)
 {
     m_pFiles->setObjectName(QStringLiteral("files"));
     m_pFiles->setAccessibleName(QStringLiteral("Files that are there"));
@@ -105,9 +107,6 @@ SaveChooser::SaveChooser(const platform::OPENFILENAME& request)
     }
     m_pKind->setCurrentIndex(static_cast<int>(request.nFilterIndex) - 1);
     m_pFault->setObjectName(QStringLiteral("fault"));
-    m_pFault->setTextFormat(Qt::PlainText);
-    m_pFault->setWordWrap(true);
-    m_pFault->hide();
     auto* const pButtons = new QDialogButtonBox;
     QPushButton* const pSave =
         AddButton(*pButtons, QStringLiteral("&Save"), QDialogButtonBox::AcceptRole, QStringLiteral("save"));
@@ -175,8 +174,7 @@ void SaveChooser::ListFiles()
 
 void SaveChooser::Say(const QString& sFault)
 {
-    m_pFault->setText(sFault);
-    m_pFault->show();
+    m_pFault->Say(sFault);
     m_pName->setFocus();
     m_pName->selectAll();
 }

@@ -8,11 +8,12 @@
 #include <vector>
 
 class QComboBox;
-class QLabel;
 class QLineEdit;
 class QListWidget;
 
 namespace desktop {
+
+class NoticeLabel;
 
 /// The modal question for a file to write to: a folder, and a name in it. The window stays until the answer
 /// can be written to, or Cancel. What is chosen is made of the folder's exact bytes and the name as typed.
@@ -38,7 +39,7 @@ private:
     QListWidget* m_pFiles;
     QLineEdit* m_pName;
     QComboBox* m_pKind;
-    QLabel* m_pFault;
+    NoticeLabel* m_pFault;
     std::string m_sChosen;
 };
 

@@ -1,0 +1,23 @@
+#include "NoticeLabel.h"
+
+#include "SpokenRole.h"
+
+namespace desktop {
+
+NoticeLabel::NoticeLabel()
+{
+    setTextFormat(Qt::PlainText);
+    setWordWrap(true);
+    GiveSpokenRole(*this, QAccessible::Notification);
+    hide();
+}
+
+void NoticeLabel::Say(const QString& sText)
+{
+    hide(); // what is heard is the coming
+    setText(sText);
+    setAccessibleName(sText);
+    setVisible(!sText.isEmpty());
+}
+
+} // namespace desktop
