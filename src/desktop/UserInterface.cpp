@@ -22,7 +22,9 @@ void PutOnFace()
     // The texts are English, the forms placed from the left, and a path reads from the left in any language.
     QApplication::setLayoutDirection(Qt::LeftToRight);
     if (QApplication::style()->name() == QLatin1String(OutlineStyle::kFor)) {
-        QApplication::setStyle(new OutlineStyle);
+        auto* const pStyle = new OutlineStyle;
+        pStyle->setParent(qApp);
+        QApplication::setStyle(pStyle);
     }
     QFont font;
     font.setFamilies(
