@@ -47,7 +47,7 @@ bool WouldReplaceInTrash(const std::string& sPath)
     const std::size_t nName = sPath.rfind(platform::kSeparator) + 1;
     const std::string sName = sPath.substr(nName);
     const std::string sTop = TopFolder(sPath.substr(0, nName - 1));
-    const std::string sUser = std::to_string(getuid());
+    const std::string sUser = std::to_string(geteuid());
     for (const std::string& sTrash : std::array{std::string(g_get_user_data_dir()) + "/Trash",
                                                 sTop + "/.Trash/" + sUser, sTop + "/.Trash-" + sUser}) {
         // The first name without a note is the one.
