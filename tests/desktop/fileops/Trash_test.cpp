@@ -86,11 +86,18 @@ TEST_F(Trash, LeavesWhatItCouldNotRestore)
 
 TEST_F(Trash, ReplacesNothingThatHasLostItsNote)
 {
-    const std::pair<std::string, std::string> cases[] = {
-        {"first", "first"}, {"second", "second.2"}, {"a.b.c", "a.2.b.c"}, {".hidden", ".2.hidden"}};
+    const struct {
+        std::string sName;
+        int nBefore; ///< files of that name that have gone to the trash before
+        std::string sLost;
+    } cases[] = {{"first", 0, "first"},
+                 {"second", 1, "second.2"},
+                 {"a.b.c", 1, "a.2.b.c"},
+                 {".hidden", 1, ".2.hidden"},
+                 {"many", 20, "many.21"}};
     fs::create_directories(HomeTrash() + "/files");
-    for (const auto& [sName, sLost] : cases) {
-        if (sLost != sName) {
+    for (const auto& [sName, nBefore, sLost] : cases) {
+        for (int n = 0; n < nBefore; ++n) {
             EXPECT_EQ(Run(FO_DELETE, {tree.File(sName)}), Reasons());
         }
         std::ofstream(HomeTrash() + "/files/" + sLost) << "lost";
