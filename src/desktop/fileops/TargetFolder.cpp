@@ -1,30 +1,22 @@
 #include "TargetFolder.h"
 
+#include "CanonicalPath.h"
 #include "FileSystem.h"
 #include "Reasons.h"
 #include "Retried.h"
 
-#include <cstdlib>
 #include <fcntl.h>
 #include <glib.h>
-#include <memory>
 #include <unistd.h>
 
 namespace desktop {
 namespace {
 
-/// Its path with all links resolved; empty if it has none.
-std::string Canonical(const char* pPath)
-{
-    const std::unique_ptr<char, decltype(&std::free)> pCanonical(realpath(pPath, nullptr), &std::free);
-    return pCanonical ? pCanonical.get() : "";
-}
-
 /// What is brought into a trash directly has no note there, and is lost when the trash is emptied.
 bool IsInTrash(const std::string& sPath)
 {
-    const std::string sFolder = Canonical(sPath.c_str()) + platform::kSeparator;
-    const std::string sHome = Canonical(g_get_user_data_dir());
+    const std::string sFolder = CanonicalPath(sPath) + platform::kSeparator;
+    const std::string sHome = CanonicalPath(g_get_user_data_dir());
     const std::string sUser = std::to_string(geteuid());
     return (!sHome.empty() && sFolder.starts_with(sHome + "/Trash/")) ||
            sFolder.find("/.Trash-" + sUser + "/") != std::string::npos ||
