@@ -1,29 +1,13 @@
 #include "TargetFolder.h"
 
-#include "CanonicalPath.h"
-#include "FileSystem.h"
 #include "Reasons.h"
 #include "Retried.h"
+#include "TrashFolders.h"
 
 #include <fcntl.h>
-#include <glib.h>
 #include <unistd.h>
 
 namespace desktop {
-namespace {
-
-/// What is brought into a trash directly has no note there, and is lost when the trash is emptied.
-bool IsInTrash(const std::string& sPath)
-{
-    const std::string sFolder = CanonicalPath(sPath) + platform::kSeparator;
-    const std::string sHome = CanonicalPath(g_get_user_data_dir());
-    const std::string sUser = std::to_string(geteuid());
-    return (!sHome.empty() && sFolder.starts_with(sHome + "/Trash/")) ||
-           sFolder.find("/.Trash-" + sUser + "/") != std::string::npos ||
-           sFolder.find("/.Trash/" + sUser + "/") != std::string::npos;
-}
-
-} // namespace
 
 tEnding TargetFolder::Open(const std::string& sPath)
 {
@@ -35,6 +19,7 @@ tEnding TargetFolder::Open(const std::string& sPath)
     if (!m_folder.IsOpen()) {
         return tEnding::NotDone(Reason(errno, Step::Write));
     }
+    // What is brought into a trash directly has no note there, and is lost when the trash is emptied.
     if (IsInTrash(sPath)) {
         m_folder = Descriptor();
         return tEnding::NotDone("The destination is inside the trash.");
