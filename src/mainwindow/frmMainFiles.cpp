@@ -1,4 +1,4 @@
-#include "System.h"
+#include "WindowManager.h"
 #include "cGroupRows.h"
 #include "frmMain.h"
 #include "mBrowseForFolder.h"
