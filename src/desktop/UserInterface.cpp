@@ -1,8 +1,10 @@
 #include "UserInterface.h"
 
+#include "OutlineStyle.h"
 #include "Pictures.h"
 
 #include <QFont>
+#include <QStyle>
 
 namespace desktop {
 namespace {
@@ -19,6 +21,11 @@ void PutOnFace()
     QApplication::setQuitOnLastWindowClosed(false);
     // The texts are English, the forms placed from the left, and a path reads from the left in any language.
     QApplication::setLayoutDirection(Qt::LeftToRight);
+    if (QApplication::style()->name() == QLatin1String(OutlineStyle::kFor)) {
+        auto* const pStyle = new OutlineStyle;
+        pStyle->setParent(qApp);
+        QApplication::setStyle(pStyle);
+    }
     QFont font;
     font.setFamilies(
         {QStringLiteral("Tahoma"), QStringLiteral("DejaVu Sans Condensed"), QStringLiteral("DejaVu Sans")});

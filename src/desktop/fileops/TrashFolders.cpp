@@ -49,8 +49,11 @@ bool WouldReplaceInTrash(const std::string& sPath)
     const std::string sName = sPath.substr(nName);
     const std::string sTop = TopFolder(sPath.substr(0, nName - 1));
     const std::string sUser = std::to_string(getuid());
-    for (const std::string& sTrash : std::array{std::string(g_get_user_data_dir()) + "/Trash",
-                                                sTop + "/.Trash/" + sUser, sTop + "/.Trash-" + sUser}) {
+    std::array<std::string, 3> trashes{g_get_user_data_dir(), sTop, sTop};
+    trashes[0].append("/Trash");
+    trashes[1].append("/.Trash/").append(sUser);
+    trashes[2].append("/.Trash-").append(sUser);
+    for (const std::string& sTrash : trashes) {
         // The first name without a note is the one.
         int nTry = 1;
         while (Exists(sTrash + "/info/" + NameInTrash(sName, nTry) + ".trashinfo")) {
