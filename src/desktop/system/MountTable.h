@@ -19,8 +19,8 @@ struct tMount {
     std::string sSource;
 };
 
-/// Reads such a table in its order: of two mounts at one point the last one is seen. A line that is cut short is
-/// left out.
+/// Reads such a table in its order: of two mounts at one point the last one is seen. A line that is cut short
+/// is left out.
 std::vector<tMount> ReadMountTable(std::istream& mountInfo);
 
 /// True if `sPath` is `sFolder` or lies in it; neither ends in a separator, but for the root.
