@@ -8,6 +8,7 @@
 #include "QtWindows.h"
 #include "System.h"
 #include "Texts.h"
+#include "cGroupRows.h"
 #include "mSelect.h"
 
 #include <QApplication>
@@ -41,13 +42,15 @@ std::size_t Fill(platform::ListView& list, std::size_t nRows)
             "/home/somebody/Pictures/by year/album number " + std::to_string(n / kFilesInFolder) + "/";
         nNames += sName.size();
         const std::size_t nInGroup = n % kGroup;
-        auto item = *list.ListItems.Add(sPath + sName, sName, nInGroup == 0 ? 2 : 3);
-        item.SetSubItems(1, platform::FormatNumber(static_cast<std::int64_t>(n * 7919 % 9'999'999)));
+        auto item = *list.ListItems.Add(sPath + sName, sName,
+                                        nInGroup == 0 ? search::kMarkFirst : search::kMarkMiddle);
+        item.SetSubItems(search::kSizeColumn,
+                         platform::FormatNumber(static_cast<std::int64_t>(n * 7919 % 9'999'999)));
         constexpr double kDay = 40'000; // in 2009
-        item.SetSubItems(2, platform::FormatDateTime(kDay + static_cast<double>(n) / 97));
-        item.SetSubItems(3, sPath);
+        item.SetSubItems(search::kDateColumn, platform::FormatDateTime(kDay + static_cast<double>(n) / 97));
+        item.SetSubItems(search::kFolderColumn, sPath);
         if (nInGroup == kGroup - 1) {
-            item.SetSmallIcon(4);
+            item.SetSmallIcon(search::kMarkLast);
         }
     }
     return nNames;

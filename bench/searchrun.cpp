@@ -2,6 +2,7 @@
 
 #include "HeadlessForms.h"
 #include "PosixFiles.h"
+#include "cGroupRows.h"
 #include "mCommon.h"
 #include "mDataOperation.h"
 
@@ -148,7 +149,7 @@ int main(int argc, char** argv)
     auto& rows = form.lvFiles.ListItems;
     std::size_t nGroups = 0;
     for (std::size_t n = 1; n <= rows.Count(); ++n) {
-        nGroups += rows(n).SmallIcon() == 2 ? 1U : 0U;
+        nGroups += rows(n).SmallIcon() == search::kMarkFirst ? 1U : 0U;
     }
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);

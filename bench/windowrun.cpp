@@ -2,9 +2,8 @@
 //   windowrun --search FOLDER   how long a search by content takes from the key to its end, and how often the
 //                               progress window was painted meanwhile
 //   windowrun --end FOLDER      how long it takes from the last comparison until the list has been painted
-//   windowrun --cancel FOLDER   how long it takes from a click on Cancel, at many moments of the search,
-//   until
-//                               the main window can be used
+//   windowrun --cancel FOLDER   how long it takes from a click on Cancel, at many moments of the search, to
+//                               a main window that can be used
 //   windowrun --start           the time, in seconds since 1970, at which the window had been painted
 // bench/windowfigures makes a report of them.
 

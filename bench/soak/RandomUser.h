@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FileDialogs.h"
+#include "LaunchCode.h"
 #include "Launching.h"
 #include "MessageBoxes.h"
 #include "OperationDialogs.h"
@@ -65,7 +66,7 @@ public:
                        const std::string& /*sFile*/, const std::string& /*sParameters*/,
                        const std::string& /*sDirectory*/, int /*nShowCmd*/) override
     {
-        return 33;
+        return desktop::kStarted;
     }
     bool ShellExecuteExA(const platform::SHELLEXECUTEINFO& /*info*/) override { return true; }
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Control.h"
 #include "FormMembers.h"
-#include "WindowManager.h"
 
 namespace dialogs {
 

@@ -2,6 +2,8 @@
 
 #include "FolderListing.h"
 
+#include <optional>
+
 namespace platform {
 
 /// A moment split into its calendar fields (proleptic Gregorian calendar).
@@ -20,6 +22,9 @@ bool FileTimeToLocalFileTime(tFileTime& ftTime);
 
 /// Splits a moment, taking it as it stands. False if the calendar cannot express it: years 100 to 9999.
 bool FileTimeToSystemTime(const tFileTime& ftTime, tSystemTime& stTime);
+
+/// Both: a moment in UTC, split in the user's local time. Nothing if the calendar cannot express it.
+std::optional<tSystemTime> LocalTime(tFileTime ftTime);
 
 /// The date value of a split moment: whole days since 30 December 1899, the fraction being the time of day
 /// (before that day the whole number is negative and the fraction counts away from 0).

@@ -7,7 +7,7 @@ namespace platform {
 /// The icons of a message box.
 enum class MessageIcon { Stop = 16, Exclamation = 48 };
 
-/// The modal questions and messages that the user answers.
+/// The modal messages that the user answers.
 class MessageBoxes
 {
 public:

@@ -1,6 +1,7 @@
 #include "cFileBuffer.h"
 
 #include "LargePages.h"
+#include "mCommon.h"
 
 #include <algorithm>
 
@@ -9,7 +10,7 @@ namespace {
 
 /// At once the room that any file of a search needs, so that it need not grow: pages that are never written
 /// to take no memory.
-constexpr std::size_t kUsualRoom = 10'000'000;
+constexpr auto kUsualRoom = static_cast<std::size_t>(kMaxComparedSize);
 
 } // namespace
 

@@ -15,15 +15,6 @@ namespace {
 
 constexpr auto kMaxSubfolders = static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max());
 
-std::optional<platform::tSystemTime> LocalTime(platform::tFileTime ftTime)
-{
-    platform::tSystemTime stTime;
-    if (!platform::FileTimeToLocalFileTime(ftTime) || !platform::FileTimeToSystemTime(ftTime, stTime)) {
-        return std::nullopt;
-    }
-    return stTime;
-}
-
 /// True if the entry is not hidden, or hidden entries count.
 bool Accepted(const platform::tFindData& entry)
 {
@@ -44,7 +35,7 @@ void AppendFile(const FileTable::tFolder& folder, std::string_view sName, const 
     file.sName = FileList.texts.Add(sName);
     file.sPath = folder.sPath;
     file.cySize = entry.nFileSize;
-    if (const auto stTime = LocalTime(entry.ftLastWriteTime)) {
+    if (const auto stTime = platform::LocalTime(entry.ftLastWriteTime)) {
         file.dtDate = platform::DateValue(*stTime);
     }
     // A file reached by a second route would be found a duplicate of itself.
@@ -131,7 +122,7 @@ std::string_view TrimNull(std::string_view sText)
 
 std::string FileTimeToText(platform::tFileTime ftTime)
 {
-    const auto stTime = LocalTime(ftTime);
+    const auto stTime = platform::LocalTime(ftTime);
     if (!stTime) {
         return {};
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "LaunchCode.h"
 #include "Launching.h"
 
 #include <string>
@@ -23,9 +24,8 @@ public:
         if (sFile == "rundll32.exe") {
             return m_pShell->ShellExecuteA(hwnd, sVerb, sFile, sParameters, sDirectory, nShowCmd);
         }
-        constexpr long kStarted = 33;
         opened.push_back(sFile);
-        return kStarted;
+        return desktop::kStarted;
     }
     bool ShellExecuteExA(const platform::SHELLEXECUTEINFO& info) override
     {

@@ -4,6 +4,8 @@
 #include "Menu.h"
 #include "Picture.h"
 #include "WidgetOf.h"
+#include "WindowManager.h"
+#include "cGroupRows.h"
 #include "frmProgress.h"
 
 #include <QApplication>
@@ -256,7 +258,7 @@ void Stage::ExpectGroups(std::vector<std::set<std::string>> wanted, std::string_
     for (std::size_t n = 1; n <= main.lvFiles.ListItems.Count(); ++n) {
         const auto row = main.lvFiles.ListItems(n);
         sMarks += std::to_string(row.SmallIcon());
-        if (row.SmallIcon() == 2 || row.SmallIcon() == 5 || groups.empty()) {
+        if (BeginsGroup(row.SmallIcon()) || groups.empty()) {
             groups.emplace_back();
         }
         groups.back().insert(row.Key().substr(sHome.size()));
@@ -266,6 +268,11 @@ void Stage::ExpectGroups(std::vector<std::set<std::string>> wanted, std::string_
     std::sort(groups.begin(), groups.end());
     std::sort(wanted.begin(), wanted.end());
     ExpectEqual(Lines(groups), Lines(wanted), sWhat);
+}
+
+bool BeginsGroup(int nMark)
+{
+    return nMark == search::kMarkFirst || nMark == search::kMarkFirst + search::kMarksGone;
 }
 
 std::string Stage::Status()

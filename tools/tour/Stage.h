@@ -98,6 +98,9 @@ private:
     bool m_bFailed = false;
 };
 
+/// True for a mark that begins a group, whether or not its file is there.
+bool BeginsGroup(int nMark);
+
 /// A part of the visit.
 struct tScene {
     const char* pName;

@@ -2,7 +2,7 @@
 
 #include "Stage.h"
 #include "WidgetOf.h"
-#include "mCommon.h"
+#include "cGroupRows.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -86,7 +86,8 @@ void SelectByRule(Stage& stage)
     stage.Open(main.mnuSelect);
     stage.Choose(main.mnuSelectDuplicatedFiles);
     for (std::size_t n = 1; n <= main.lvFiles.ListItems.Count(); ++n) {
-        stage.Expect(main.lvFiles.ListItems(n).Selected() == (main.lvFiles.ListItems(n).SmallIcon() != 2),
+        const auto row = main.lvFiles.ListItems(n);
+        stage.Expect(row.Selected() == (row.SmallIcon() != search::kMarkFirst),
                      "all rows but the first of each group are selected");
     }
     stage.Show("duplicates-selected");
@@ -122,8 +123,8 @@ void Replace(Stage& stage)
     stage.ExpectEqual(ContentOf(sThere), "", "a file that was replaced");
     stage.ExpectEqual(ContentOf(stage.tree.Path("../data/Trash/files/shopping.txt")), "A frame",
                       "what was replaced, in the trash");
-    stage.ExpectEqual(std::to_string(Row(stage, "Documents/shopping.txt").SmallIcon() <= 4), "1",
-                      "the mark of a copied file");
+    stage.Expect(Row(stage, "Documents/shopping.txt").SmallIcon() <= search::kMarkLast,
+                 "the mark of a copied file stays blue");
 }
 
 /// A file copied to where it is: nothing happens, and that is said.
@@ -169,7 +170,7 @@ void Delete(Stage& stage)
     }
     for (std::size_t n = 1; n <= main.lvFiles.ListItems.Count(); ++n) {
         const auto row = main.lvFiles.ListItems(n);
-        stage.Expect(row.Selected() == (row.SmallIcon() > 4), "red marks tell what has gone");
+        stage.Expect(row.Selected() == (row.SmallIcon() > search::kMarkLast), "red marks tell what has gone");
     }
     const fs::directory_iterator trash(stage.tree.Path("../data/Trash/files"));
     stage.Expect(static_cast<std::size_t>(std::distance(begin(trash), end(trash))) == selected.size() + 1,
@@ -194,8 +195,7 @@ void Report(Stage& stage)
     const auto nLines = std::count(sText.begin(), sText.end(), '\n');
     std::size_t nGroups = 0;
     for (std::size_t n = 1; n <= stage.main.lvFiles.ListItems.Count(); ++n) {
-        const int nMark = stage.main.lvFiles.ListItems(n).SmallIcon();
-        nGroups += nMark == 2 || nMark == 5 ? 1U : 0U;
+        nGroups += BeginsGroup(stage.main.lvFiles.ListItems(n).SmallIcon()) ? 1U : 0U;
     }
     stage.Expect(static_cast<std::size_t>(nLines) == stage.main.lvFiles.ListItems.Count() + nGroups + 4,
                  "it has a line for each file and one before each group");

@@ -1,6 +1,5 @@
 // The visit while all goes well.
 
-#include "FolderView.h"
 #include "Main.h"
 #include "Stage.h"
 #include "WidgetOf.h"

@@ -1,5 +1,6 @@
 #include "ControlWidgets.h"
 
+#include "KeyCodes.h"
 #include "LabelWidget.h"
 #include "ListViewWidget.h"
 #include "Pictures.h"
@@ -119,14 +120,10 @@ private:
             // A move tells of the buttons held, the others of the one that changed.
             const Qt::MouseButtons buttons =
                 event.type() == QEvent::MouseMove ? event.buttons() : Qt::MouseButtons(event.button());
-            const Qt::KeyboardModifiers keys = event.modifiers();
             const QPoint at = event.position().toPoint();
             tell((buttons.testFlag(Qt::LeftButton) ? platform::kLeftButton : 0) +
                      (buttons.testFlag(Qt::RightButton) ? platform::kRightButton : 0),
-                 (keys.testFlag(Qt::ShiftModifier) ? platform::kShiftHeld : 0) +
-                     (keys.testFlag(Qt::ControlModifier) ? platform::kCtrlHeld : 0) +
-                     (keys.testFlag(Qt::AltModifier) ? platform::kAltHeld : 0),
-                 Twips(at.x()), Twips(at.y()));
+                 ShiftMask(event.modifiers()), Twips(at.x()), Twips(at.y()));
         }
         return true;
     }

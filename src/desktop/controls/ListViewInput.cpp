@@ -2,6 +2,7 @@
 
 #include "KeyCodes.h"
 #include "ListViewWidget.h"
+#include "Twips.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -29,8 +30,8 @@ void ListViewWidget::TellMouse(const platform::MouseEvent& tell, const QMouseEve
     if (tell) {
         const QPointF pos = viewport()->mapTo(this, event.position());
         tell(event.button() == Qt::LeftButton ? platform::kLeftButton : platform::kRightButton,
-             ShiftMask(event.modifiers()), static_cast<float>(pos.x()) * kTwips,
-             static_cast<float>(pos.y()) * kTwips);
+             ShiftMask(event.modifiers()), static_cast<float>(pos.x()) * kTwipsPerPixel,
+             static_cast<float>(pos.y()) * kTwipsPerPixel);
     }
 }
 

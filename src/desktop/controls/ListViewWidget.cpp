@@ -1,12 +1,13 @@
 #include "ListViewWidget.h"
 
+#include "Twips.h"
+
 #include <QApplication>
 #include <QHeaderView>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace desktop {
@@ -63,8 +64,7 @@ void ListViewWidget::SetUpHeader()
     });
     connect(header(), &QHeaderView::sectionResized, this, [this](int nSection, int, int nPixels) {
         if (!m_bSetsColumns) {
-            m_list.ColumnHeaders(static_cast<std::size_t>(nSection) + 1)
-                .SetWidth(static_cast<float>(nPixels) * kTwips);
+            m_list.ColumnHeaders(static_cast<std::size_t>(nSection) + 1).SetWidth(Twips(nPixels));
         }
     });
     ApplyColumnWidths();
@@ -77,8 +77,7 @@ void ListViewWidget::ApplyColumnWidths()
 {
     const QScopedValueRollback setsColumns(m_bSetsColumns, true);
     for (int n = 0; n < m_model.columnCount(); ++n) {
-        const float twips = m_list.ColumnHeaders(static_cast<std::size_t>(n) + 1).Width();
-        header()->resizeSection(n, static_cast<int>(std::lround(twips / kTwips)));
+        header()->resizeSection(n, Pixels(m_list.ColumnHeaders(static_cast<std::size_t>(n) + 1).Width()));
     }
 }
 
@@ -149,8 +148,7 @@ void ListViewWidget::ShowRow(std::size_t nRow)
 std::optional<std::size_t> ListViewWidget::RowAt(float x, float y)
 {
     BringUpToDate();
-    const QPoint pos(static_cast<int>(std::lround(x / kTwips)), static_cast<int>(std::lround(y / kTwips)));
-    return RowUnder(viewport()->mapFrom(this, pos));
+    return RowUnder(viewport()->mapFrom(this, QPoint(Pixels(x), Pixels(y))));
 }
 
 void ListViewWidget::ControlChanged(platform::Control& /*control*/)

@@ -64,8 +64,6 @@ protected:
     [[nodiscard]] QRegion visualRegionForSelection(const QItemSelection& selection) const override;
 
 private:
-    static constexpr float kTwips = 15; ///< to the logical pixel
-
     void SetUpHeader();
     void ApplyColumnWidths();
     void ApplyColors();

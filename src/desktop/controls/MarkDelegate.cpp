@@ -1,9 +1,9 @@
 #include "MarkDelegate.h"
 
+#include "Pictures.h"
 #include "RowModel.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QPainter>
 #include <QStyle>
 
@@ -79,12 +79,7 @@ QStyle& StyleOf(const QStyleOptionViewItem& option)
 
 } // namespace
 
-MarkDelegate::MarkDelegate(platform::ListView& list) : m_list(list)
-{
-    const QString sDrawing = QStringLiteral(":/pictures/folder.svg");
-    m_folder =
-        QFile::exists(sDrawing) ? QIcon(sDrawing) : QApplication::style()->standardIcon(QStyle::SP_DirIcon);
-}
+MarkDelegate::MarkDelegate(platform::ListView& list) : m_list(list), m_folder(Picture("folder")) {}
 
 void MarkDelegate::initStyleOption(QStyleOptionViewItem* pOption, const QModelIndex& index) const
 {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "Control.h"
-
 #include <QAction>
 #include <QObject>
 #include <memory>

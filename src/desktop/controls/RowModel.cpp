@@ -1,5 +1,6 @@
 #include "RowModel.h"
 
+#include "AlignmentOf.h"
 #include "ShownText.h"
 
 #include <algorithm>
@@ -20,14 +21,6 @@ QLatin1String SpokenMark(int nSmallIcon)
                                                     ", in group, gone",
                                                     ", last of group, gone"};
     return QLatin1String(kSpoken.at(static_cast<std::size_t>(nSmallIcon)));
-}
-
-QVariant AlignmentOf(platform::Alignment alignment)
-{
-    const Qt::Alignment horizontal = alignment == platform::Alignment::Left    ? Qt::AlignLeft
-                                     : alignment == platform::Alignment::Right ? Qt::AlignRight
-                                                                               : Qt::AlignHCenter;
-    return QVariant::fromValue(horizontal | Qt::AlignVCenter);
 }
 
 } // namespace
@@ -65,7 +58,8 @@ QVariant RowModel::data(const QModelIndex& index, int nRole) const
     case Qt::AccessibleTextRole:
         return index.column() == 0 ? Text(index) + SpokenMark(nSmallIcon()) : Text(index);
     case Qt::TextAlignmentRole:
-        return AlignmentOf(m_list.ColumnHeaders(static_cast<std::size_t>(index.column()) + 1).alignment);
+        return QVariant::fromValue(
+            AlignmentOf(m_list.ColumnHeaders(static_cast<std::size_t>(index.column()) + 1).alignment));
     case kSmallIconRole:
         return nSmallIcon();
     default:
@@ -83,7 +77,7 @@ QVariant RowModel::headerData(int nSection, Qt::Orientation orientation, int nRo
     case Qt::DisplayRole:
         return QString::fromStdString(column.sText);
     case Qt::TextAlignmentRole:
-        return AlignmentOf(column.alignment);
+        return QVariant::fromValue(AlignmentOf(column.alignment));
     default:
         return {};
     }

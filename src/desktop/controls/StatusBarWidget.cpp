@@ -1,5 +1,6 @@
 #include "StatusBarWidget.h"
 
+#include "AlignmentOf.h"
 #include "ShownText.h"
 #include "SpokenRole.h"
 #include "StatusBar.h"
@@ -13,19 +14,6 @@ namespace {
 
 constexpr int kGap = 2;
 constexpr int kTextMargin = 3;
-
-Qt::Alignment AlignmentOf(platform::Alignment alignment)
-{
-    switch (alignment) {
-    case platform::Alignment::Right:
-        return Qt::AlignRight | Qt::AlignVCenter;
-    case platform::Alignment::Center:
-        return Qt::AlignCenter;
-    case platform::Alignment::Left:
-        break;
-    }
-    return Qt::AlignLeft | Qt::AlignVCenter;
-}
 
 } // namespace
 

@@ -7,6 +7,7 @@
 
 namespace desktop {
 
+/// Twips, in which the program counts on its forms (platform::tPlace), to a logical pixel.
 inline constexpr float kTwipsPerPixel = 15;
 
 inline int Pixels(float twips)

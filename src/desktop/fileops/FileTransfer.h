@@ -21,6 +21,8 @@ public:
     {
     }
 
+    /// Brings one file to its target. Where another one is there, the user is asked. Skipped and Cancelled
+    /// leave it as it was, and so does NotDone unless the reason says otherwise.
     tEnding Carry(const tPlannedFile& file, const ProgressCall& goOn);
 
 private:

@@ -23,7 +23,7 @@ struct tOperation {
 struct tFileFacts {
     std::string sPath;
     std::int64_t cySize = 0; ///< bytes
-    double dtDate = 0;       ///< last write in local time: days since 30 December 1899
+    double dtDate = 0;       ///< last write in local time: days since 30 December 1899; 0 if unknown
 };
 
 /// The user's word on a file that stands where another one is to go.

@@ -7,11 +7,8 @@ namespace {
 
 tFileFacts Facts(const std::string& sPath, const tLook& look)
 {
-    platform::tFileTime time{look.status.st_mtim.tv_sec};
-    platform::tSystemTime split;
-    const bool bKnown =
-        platform::FileTimeToLocalFileTime(time) && platform::FileTimeToSystemTime(time, split);
-    return {sPath, look.status.st_size, bKnown ? platform::DateValue(split) : 0};
+    const auto stTime = platform::LocalTime({look.status.st_mtim.tv_sec});
+    return {sPath, look.status.st_size, stTime ? platform::DateValue(*stTime) : 0};
 }
 
 } // namespace

@@ -1,37 +1,13 @@
 #include "TargetFolder.h"
 
-#include "FileSystem.h"
 #include "Reasons.h"
 #include "Retried.h"
+#include "TrashFolders.h"
 
-#include <cstdlib>
 #include <fcntl.h>
-#include <glib.h>
-#include <memory>
 #include <unistd.h>
 
 namespace desktop {
-namespace {
-
-/// Its path with all links resolved; empty if it has none.
-std::string Canonical(const char* pPath)
-{
-    const std::unique_ptr<char, decltype(&std::free)> pCanonical(realpath(pPath, nullptr), &std::free);
-    return pCanonical ? pCanonical.get() : "";
-}
-
-/// What is brought into a trash directly has no note there, and is lost when the trash is emptied.
-bool IsInTrash(const std::string& sPath)
-{
-    const std::string sFolder = Canonical(sPath.c_str()) + platform::kSeparator;
-    const std::string sHome = Canonical(g_get_user_data_dir());
-    const std::string sUser = std::to_string(geteuid());
-    return (!sHome.empty() && sFolder.starts_with(sHome + "/Trash/")) ||
-           sFolder.find("/.Trash-" + sUser + "/") != std::string::npos ||
-           sFolder.find("/.Trash/" + sUser + "/") != std::string::npos;
-}
-
-} // namespace
 
 tEnding TargetFolder::Open(const std::string& sPath)
 {
@@ -43,6 +19,7 @@ tEnding TargetFolder::Open(const std::string& sPath)
     if (!m_folder.IsOpen()) {
         return tEnding::NotDone(Reason(errno, Step::Write));
     }
+    // What is brought into a trash directly has no note there, and is lost when the trash is emptied.
     if (IsInTrash(sPath)) {
         m_folder = Descriptor();
         return tEnding::NotDone("The destination is inside the trash.");

@@ -1,5 +1,6 @@
 #include "TrashFolders.h"
 
+#include "CanonicalPath.h"
 #include "FileSystem.h"
 #include "FolderEntry.h"
 
@@ -83,6 +84,16 @@ bool WouldReplaceInTrash(const std::string& sPath)
         const int nTry = FirstWithoutNote(sTrash + "/info", sName);
         return Exists(sTrash + "/files/" + NameInTrash(sName, nTry));
     });
+}
+
+bool IsInTrash(const std::string& sPath)
+{
+    const std::string sFolder = CanonicalPath(sPath) + platform::kSeparator;
+    const std::string sHome = CanonicalPath(g_get_user_data_dir());
+    const std::string sUser = std::to_string(geteuid());
+    return (!sHome.empty() && sFolder.starts_with(sHome + "/Trash/")) ||
+           sFolder.find("/.Trash-" + sUser + "/") != std::string::npos ||
+           sFolder.find("/.Trash/" + sUser + "/") != std::string::npos;
 }
 
 } // namespace desktop

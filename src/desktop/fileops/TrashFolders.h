@@ -9,4 +9,7 @@ namespace desktop {
 /// volume's top folder), and would put the new file in the place of that one. `sPath` is free of links.
 bool WouldReplaceInTrash(const std::string& sPath);
 
+/// True if folder `sPath`, by whatever path, is one of the user's trashes or lies in one.
+bool IsInTrash(const std::string& sPath);
+
 } // namespace desktop

@@ -1,5 +1,7 @@
 #include "LaunchCode.h"
 
+#include "Texts.h"
+
 #include <cerrno>
 #include <sys/stat.h>
 
@@ -29,6 +31,13 @@ long WhyMissing(const std::string& sPath)
     struct stat status {
     };
     return stat(sPath.c_str(), &status) == 0 ? 0 : LaunchCode(errno);
+}
+
+std::string CodeInWords(long nCode)
+{
+    std::string sText(255, '\0');
+    platform::FormatMessageA(platform::FORMAT_MESSAGE_FROM_SYSTEM, nCode, 0, sText);
+    return sText.substr(0, sText.find('\0'));
 }
 
 } // namespace desktop

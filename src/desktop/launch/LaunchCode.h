@@ -15,4 +15,7 @@ long LaunchCode(int nError);
 /// leads to a file.
 long WhyMissing(const std::string& sPath);
 
+/// The system's words for such a result of ShellExecuteA, in the user's language; empty if it has none.
+std::string CodeInWords(long nCode);
+
 } // namespace desktop

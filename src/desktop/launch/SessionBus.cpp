@@ -1,8 +1,7 @@
 #include "SessionBus.h"
 
-#include "GPointers.h"
-
 #include <cstdlib>
+#include <glib.h>
 #include <string>
 #include <sys/stat.h>
 

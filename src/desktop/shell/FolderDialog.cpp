@@ -1,24 +1,12 @@
 #include "FolderDialog.h"
 
-#include "System.h"
+#include "Twips.h"
 #include "WidgetOf.h"
+#include "WindowManager.h"
 
-#include <cmath>
 #include <utility>
 
 namespace desktop {
-namespace {
-
-QRect InPixels(const platform::tPlace& place)
-{
-    const float perX = platform::TheScreen().TwipsPerPixelX();
-    const float perY = platform::TheScreen().TwipsPerPixelY();
-    const auto pixels = [](float twips, float per) { return static_cast<int>(std::lround(twips / per)); };
-    return {pixels(place.Left, perX), pixels(place.Top, perY), pixels(place.Width, perX),
-            pixels(place.Height, perY)};
-}
-
-} // namespace
 
 FolderDialog::FolderDialog(platform::BROWSEINFO info)
     : m_info(std::move(info)), m_model(RootFolders()), m_pView(new FolderView(m_model))
@@ -50,7 +38,7 @@ void FolderDialog::Run()
 {
     // 1. The program may change the dialog, its place included, before it is brought to that place.
     Tell(platform::BFFM_INITIALIZED, 0);
-    const QRect place = InPixels(Place());
+    const QRect place = PixelRect(Place());
     platform::MoveWindow(this, place.x(), place.y(), place.width(), place.height());
     // 2. Something is always selected.
     if (m_pView && !m_pView->currentIndex().isValid()) {
@@ -97,7 +85,7 @@ void FolderDialog::ControlChanged(platform::Control& /*control*/)
     if (pView->parentWidget() != pHost) {
         Host(*pView, pHost);
     }
-    pView->setGeometry(InPixels(m_tree.Place()));
+    pView->setGeometry(PixelRect(m_tree.Place()));
 }
 
 /// Shows the tree in a widget, in whose stead it takes the keyboard, or, with null, nowhere.

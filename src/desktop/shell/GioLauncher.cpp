@@ -8,7 +8,6 @@
 #include "PropertySheet.h"
 #include "Questions.h"
 #include "ShownText.h"
-#include "Texts.h"
 
 #include <cerrno>
 #include <sys/stat.h>
@@ -36,11 +35,9 @@ long StartOn(const std::string& sPath, const std::optional<tApplication>& applic
 
 void SayCannotOpen(platform::WindowHandle hwnd, const std::string& sPath, long nCode)
 {
-    std::string sText(255, '\0');
-    platform::FormatMessageA(platform::FORMAT_MESSAGE_FROM_SYSTEM, nCode, 0, sText);
     SayFault(OwnerOf(hwnd), QStringLiteral("launchFault"),
              QStringLiteral("\u201c%1\u201d cannot be opened.\n%2")
-                 .arg(ShownText(sPath), QString::fromStdString(sText.substr(0, sText.find('\0')))));
+                 .arg(ShownText(sPath), QString::fromStdString(CodeInWords(nCode))));
 }
 
 long Explore(platform::WindowHandle hwnd, const std::string& sPath)

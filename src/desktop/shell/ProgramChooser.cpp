@@ -5,7 +5,6 @@
 #include "NoticeLabel.h"
 #include "ShownText.h"
 #include "SpokenRows.h"
-#include "Texts.h"
 
 #include <QCoreApplication>
 #include <QIcon>
@@ -56,13 +55,6 @@ QIcon IconOf(const tApplication& application, const QStyle& style)
     // Names line up only where each has a picture.
     return icon.availableSizes().isEmpty() && icon.name().isEmpty() ? style.standardIcon(QStyle::SP_FileIcon)
                                                                     : icon;
-}
-
-QString TextOf(long nCode)
-{
-    std::string sText(255, '\0');
-    platform::FormatMessageA(platform::FORMAT_MESSAGE_FROM_SYSTEM, nCode, 0, sText);
-    return QString::fromStdString(sText.substr(0, sText.find('\0')));
 }
 
 } // namespace
@@ -174,7 +166,8 @@ void ProgramChooser::accept()
         ShellDialog::accept();
         return;
     }
-    m_pSaid->Say(QStringLiteral("%1 could not be started.\n%2").arg(pItem->text(), TextOf(nCode)));
+    m_pSaid->Say(QStringLiteral("%1 could not be started.\n%2")
+                     .arg(pItem->text(), QString::fromStdString(CodeInWords(nCode))));
 }
 
 } // namespace desktop

@@ -25,12 +25,9 @@ constexpr QSize kSize{420, 340};
 
 QString Moment(const statx_timestamp& time)
 {
-    platform::tFileTime ftTime{time.tv_sec};
-    platform::tSystemTime stTime;
-    if (!platform::FileTimeToLocalFileTime(ftTime) || !platform::FileTimeToSystemTime(ftTime, stTime)) {
-        return QStringLiteral("unknown");
-    }
-    return QString::fromStdString(platform::FormatDateTime(platform::DateValue(stTime)));
+    const auto stTime = platform::LocalTime({time.tv_sec});
+    return stTime ? QString::fromStdString(platform::FormatDateTime(platform::DateValue(*stTime)))
+                  : QStringLiteral("unknown");
 }
 
 /// "rw-r--r-- (0644)".

@@ -1,5 +1,6 @@
 #include "SaveChooser.h"
 
+#include "CanonicalPath.h"
 #include "NoticeLabel.h"
 #include "Questions.h"
 #include "ShownText.h"
@@ -16,9 +17,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <cerrno>
-#include <cstdlib>
 #include <cstring>
-#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -76,10 +75,10 @@ QString WhyNotWritable(const std::string& sPath, bool& bThere)
 /// The canonical path of the folder that `sPath` leads to; empty if it leads to none.
 std::string CanonicalFolder(const std::string& sPath)
 {
-    const std::unique_ptr<char, decltype(&std::free)> canonical(realpath(sPath.c_str(), nullptr), &std::free);
+    const std::string sCanonical = CanonicalPath(sPath);
     struct stat status {
     };
-    return canonical && stat(canonical.get(), &status) == 0 && S_ISDIR(status.st_mode) ? canonical.get() : "";
+    return stat(sCanonical.c_str(), &status) == 0 && S_ISDIR(status.st_mode) ? sCanonical : "";
 }
 
 std::string Joined(const std::string& sFolder, const std::string& sName)

@@ -7,6 +7,7 @@
 #include <QScreen>
 
 namespace desktop {
+
 QWidget* OwnerOf(platform::WindowHandle hwnd)
 {
     QWidget* const pWidget = WidgetOf(hwnd);

@@ -16,12 +16,19 @@ bool FileTimeToLocalFileTime(tFileTime& ftTime)
     return true;
 }
 
+std::optional<tSystemTime> LocalTime(tFileTime ftTime)
+{
+    tSystemTime stTime;
+    if (!FileTimeToLocalFileTime(ftTime) || !FileTimeToSystemTime(ftTime, stTime)) {
+        return std::nullopt;
+    }
+    return stTime;
+}
+
 double Now()
 {
-    tFileTime ftNow{};
-    ftNow.nSeconds = std::time(nullptr);
-    tSystemTime stNow;
-    return FileTimeToLocalFileTime(ftNow) && FileTimeToSystemTime(ftNow, stNow) ? DateValue(stNow) : 0;
+    const auto stNow = LocalTime({std::time(nullptr)});
+    return stNow ? DateValue(*stNow) : 0;
 }
 
 } // namespace platform

@@ -1,14 +1,16 @@
 #include "PosixFiles.h"
 
+#include "CanonicalPath.h"
+#include "MountTable.h"
+#include "Retried.h"
+
 #include <cerrno>
 #include <climits>
-#include <cstdlib>
 #include <cstring>
 #include <dirent.h>
 #include <fcntl.h>
 #include <fstream>
 #include <set>
-#include <sstream>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
 #include <sys/uio.h>
@@ -30,11 +32,7 @@ constexpr int kOpenFlags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLO
 
 int OpenAt(int hFolder, const char* pPath, int nFlags)
 {
-    int h = -1;
-    do {
-        h = openat(hFolder, pPath, nFlags, 0666);
-    } while (h < 0 && errno == EINTR);
-    return h;
+    return Retried([&] { return openat(hFolder, pPath, nFlags, 0666); });
 }
 
 /// The folder that holds `sPath`, as a place to open or look at names in.
@@ -53,15 +51,10 @@ bool IsDots(const char* pName)
 /// one folder.
 bool AnyMountedTwice()
 {
-    std::ifstream mounts("/proc/self/mountinfo");
+    std::ifstream mountInfo(kMountInfo);
     std::set<std::string> devices;
-    std::string sLine;
-    while (std::getline(mounts, sLine)) {
-        std::string sMount;
-        std::string sParent;
-        std::string sDevice;
-        std::istringstream(sLine) >> sMount >> sParent >> sDevice;
-        if (!devices.insert(sDevice).second) {
+    for (const tMount& mount : ReadMountTable(mountInfo)) {
+        if (!devices.insert(mount.sDevice).second) {
             return true;
         }
     }
@@ -186,16 +179,9 @@ bool PosixFiles::PathFound(const std::string& sPath)
 
 std::optional<std::string> PosixFiles::CanonicalFolder(const std::string& sPath)
 {
-    const std::unique_ptr<char, decltype(&std::free)> pCanonical(realpath(sPath.c_str(), nullptr),
-                                                                 &std::free);
-    if (!pCanonical) {
-        return std::nullopt;
-    }
-    const Descriptor folder(OpenAt(AT_FDCWD, pCanonical.get(), kOpenFlags | O_DIRECTORY));
-    if (!folder.IsOpen()) {
-        return std::nullopt;
-    }
-    return pCanonical.get();
+    std::string sCanonical = CanonicalPath(sPath);
+    const Descriptor folder(OpenAt(AT_FDCWD, sCanonical.c_str(), kOpenFlags | O_DIRECTORY));
+    return folder.IsOpen() ? std::optional(std::move(sCanonical)) : std::nullopt;
 }
 
 platform::FileHandle PosixFiles::CreateFileA(const std::string& sPath)
@@ -235,10 +221,7 @@ platform::tReadResult PosixFiles::ReadFile(platform::FileHandle hFile, void* pBu
         ssize_t nRead = bAsk && !result.bWaited ? preadv2(hFile, &rest, 1, nOffset, RWF_NOWAIT) : -1;
         if (nRead <= 0) {
             result.bWaited = result.bWaited || (bAsk && nRead < 0);
-            nRead = pread(hFile, rest.iov_base, rest.iov_len, nOffset);
-        }
-        if (nRead < 0 && errno == EINTR) {
-            continue;
+            nRead = Retried([&] { return pread(hFile, rest.iov_base, rest.iov_len, nOffset); });
         }
         if (nRead < 0) {
             return {};

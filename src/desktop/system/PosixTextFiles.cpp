@@ -1,5 +1,7 @@
 #include "PosixTextFiles.h"
 
+#include "Retried.h"
+
 #include <cerrno>
 #include <fcntl.h>
 #include <unistd.h>
@@ -46,11 +48,10 @@ void PosixTextFiles::WriteOut(platform::FileHandle hFile, tOutput& output)
 {
     std::string_view sRest = output.sHeldBack;
     while (!sRest.empty() && !output.bFailed) {
-        const ssize_t nWritten = write(hFile, sRest.data(), sRest.size());
-        if (nWritten > 0) {
+        const ssize_t nWritten = Retried([&] { return write(hFile, sRest.data(), sRest.size()); });
+        output.bFailed = nWritten <= 0;
+        if (!output.bFailed) {
             sRest.remove_prefix(static_cast<std::size_t>(nWritten));
-        } else {
-            output.bFailed = nWritten == 0 || errno != EINTR;
         }
     }
     output.sHeldBack.clear();

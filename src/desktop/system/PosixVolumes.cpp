@@ -28,7 +28,6 @@ std::string PosixVolumes::FileSystemOf(const std::string& sFolder)
 
 void PosixVolumes::ReadIfChanged()
 {
-    constexpr const char* pPath = "/proc/self/mountinfo";
     // The kernel reports a change of the table as an error on a descriptor that was open before.
     if (m_table.IsOpen()) {
         pollfd changed{m_table.Get(), POLLPRI, 0};
@@ -36,9 +35,9 @@ void PosixVolumes::ReadIfChanged()
             return;
         }
     } else {
-        m_table = Descriptor(open(pPath, O_RDONLY | O_CLOEXEC));
+        m_table = Descriptor(open(kMountInfo, O_RDONLY | O_CLOEXEC));
     }
-    std::ifstream mountInfo(pPath);
+    std::ifstream mountInfo(kMountInfo);
     m_mounts = ReadMountTable(mountInfo);
 }
 

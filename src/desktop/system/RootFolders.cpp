@@ -67,7 +67,7 @@ std::vector<tRootFolder> RootFolders()
         folders.push_back({sHome, "Home (" + platform::Escaped(sHome) + ")"});
     }
     folders.push_back({"/", "File System (/)"});
-    std::ifstream mountInfo("/proc/self/mountinfo");
+    std::ifstream mountInfo(kMountInfo);
     for (const std::string& sVolume : MountedVolumes(mountInfo)) {
         const std::string sName = sVolume.substr(sVolume.rfind('/') + 1);
         if (sVolume != sHome) {
