@@ -101,9 +101,10 @@ float cProgressBar::Value() const
 
 void cProgressBar::SetValue(float New_Value)
 {
-    // Never a division by 0.
+    // 1. and 2. Never a division by 0.
     const bool bAsItIs = !(New_Value > 0) || !(sngMax > sngMin);
     sngPercent = bAsItIs ? New_Value : Checked(New_Value / Checked(sngMax - sngMin) * 100);
+    // 3. Show it.
     UpdatePosition();
 }
 

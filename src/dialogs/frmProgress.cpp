@@ -56,7 +56,9 @@ void frmProgress::Form_Load()
 
 void frmProgress::Form_Unload()
 {
+    // 1. Uncover the rows.
     frmMain().lvFake.SetVisible(false);
+    // 2. Back to the main form.
     platform::SetForegroundWindow(frmMain().form.hWnd());
 }
 
@@ -70,14 +72,16 @@ void frmProgress::ShowCoverList()
 {
     auto& lvFiles = frmMain().lvFiles;
     auto& lvFake = frmMain().lvFake;
+    // 1. The place.
     lvFake.SetLeft(lvFiles.Left());
     lvFake.SetTop(lvFiles.Top());
     lvFake.SetWidth(lvFiles.Width());
     lvFake.SetHeight(lvFiles.Height());
-    // The columns, which the user may have dragged.
+    // 2. The columns, which the user may have dragged.
     for (std::size_t n = 1; n <= lvFiles.ColumnCount(); ++n) {
         lvFake.ColumnHeaders(n).SetWidth(lvFiles.ColumnHeaders(n).Width());
     }
+    // 3. Show it.
     lvFake.SetVisible(true);
 }
 

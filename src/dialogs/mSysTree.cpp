@@ -68,14 +68,14 @@ void BrowseInitialized()
 
 void SelectionChanged(platform::ItemId pidl)
 {
-    // The selected item's path, unless the shell gives none.
+    // 1. and 2. The selected item's path, unless the shell gives none.
     std::string sBuffer(260, ' ');
     platform::Shell().SHGetPathFromIDList(pidl, sBuffer);
     const std::size_t nEnd = sBuffer.find('\0');
     if (nEnd != std::string::npos) {
         sSelectedFolder = sBuffer.substr(0, nEnd);
     }
-    // Only a folder can be added.
+    // 3. Only a folder can be added.
     theBrowseForm().cmdAdd.SetEnabled(!sSelectedFolder.empty());
 }
 
@@ -94,9 +94,9 @@ int SysTreeCallback(platform::WindowHandle hWnd, unsigned uMsg, long lParam, lon
 
 void ShowSysTree(const std::string& sStart)
 {
-    // What the tree starts from, as the shell reads it.
+    // 1. What the tree starts from, as the shell reads it.
     sSelectedFolder = sStart + '\0';
-    // The dialog's answer is of no interest: folders have been added meanwhile.
+    // 2. and 3. Its answer is of no interest: folders have been added meanwhile.
     platform::Shell().SHBrowseForFolder({.hwndOwner = platform::GetDesktopWindow(),
                                          .lpszTitle = {},
                                          .ulFlags = platform::BIF_RETURNONLYFSDIRS | platform::BIF_STATUSTEXT,

@@ -40,16 +40,18 @@ struct tFileLists {
 
 void frmMain::mnuFileDelete_Click()
 {
+    // 1.
     if (lvFiles.ListItems.Count() == 0) {
         return;
     }
+    // 2. and 3.
     search::SetWorking(true);
     const tFileLists lists(lvFiles.ListItems, "");
-    // Also without any file: the shell then has nothing to ask.
+    // 4. Also without any file: the shell then has nothing to ask.
     if (results::DeleteFiles(lists.sFrom)) {
         MarkMissingFiles();
     }
-    // The shell's windows may have left another one in front.
+    // 5. and 6. The shell's windows may have left another one in front.
     search::SetWorking(false);
     platform::SetForegroundWindow(form.hWnd());
 }
@@ -67,30 +69,35 @@ void frmMain::mnuFileCopyTo_Click()
 void frmMain::SendSelectedToFolder(const std::string& sTitle,
                                    bool (*operation)(const std::string& sFrom, const std::string& sTo))
 {
+    // 1.
     if (lvFiles.ListItems.Count() == 0) {
         return;
     }
+    // 2. to 4. The folder, from that of the current row on.
     const std::string sFolder = dialogs::BrowseForFolder(form.hWnd(), sTitle, CurrentFolder());
     if (sFolder.empty()) {
         return;
     }
+    // 5. and 6.
     search::SetWorking(true);
     const tFileLists lists(lvFiles.ListItems, results::JoinPath(sFolder, ""));
-    // After a copy too: a file can have gone meanwhile.
+    // 7. After a copy too: a file can have gone meanwhile.
     if (operation(lists.sFrom, lists.sTo)) {
         MarkMissingFiles();
     }
+    // 8.
     search::SetWorking(false);
     platform::SetForegroundWindow(form.hWnd());
 }
 
 void frmMain::MarkMissingFiles()
 {
+    // 1.
     const std::size_t nCount = lvFiles.ListItems.Count();
     if (nCount == 0) {
         return;
     }
-    // Only a selected row's file has been acted upon, and red never turns back.
+    // 2. to 4. Only a selected row's file has been acted upon, and red never turns back.
     platform::LockWindowUpdate(lvFiles.hWnd());
     for (std::size_t n = 1; n <= nCount; ++n) {
         platform::ListItem row = lvFiles.ListItems(n);

@@ -69,7 +69,7 @@ void frmMain::DesignStatusBar()
 
 void frmMain::Form_Resize()
 {
-    // A minimised window has no room to share out.
+    // 1. A minimised window has no room to share out.
     if (form.WindowState() == platform::WindowState::Minimized) {
         return;
     }
@@ -79,15 +79,15 @@ void frmMain::Form_Resize()
         lvFolders.SetTop(lvFolders.Top() + covered);
         picSep.SetTop(picSep.Top() + covered);
     }
-    // The upper list and the bar: the folders' column takes the room.
+    // 2. to 4. The upper list and the bar: the folders' column takes the room.
     static_cast<void>(lvFolders.SetWidth(form.ScaleWidth()));
     static_cast<void>(picSep.SetWidth(form.ScaleWidth()));
     static_cast<void>(lvFolders.ColumnHeaders(1).SetWidth(lvFolders.Width() - kFoldersMargin - kVolumeWidth));
-    // The lower list, which takes all of a change in height.
+    // 5. to 7. The lower list, which takes all of a change in height.
     lvFiles.SetTop(picSep.Top() + picSep.Height());
     static_cast<void>(lvFiles.SetWidth(form.ScaleWidth()));
     static_cast<void>(lvFiles.SetHeight(form.ScaleHeight() - lvFiles.Top() - StatusBar1.Height()));
-    // The paths' column takes what the three others leave.
+    // 8. The paths' column takes what the three others leave.
     const float others = lvFiles.ColumnHeaders(1).Width() + lvFiles.ColumnHeaders(2).Width() +
                          lvFiles.ColumnHeaders(3).Width();
     static_cast<void>(lvFiles.ColumnHeaders(4).SetWidth(lvFiles.Width() - (others + kFilesMargin)));

@@ -85,13 +85,14 @@ void frmMain::lvFolders_ColumnClick()
 
 void frmMain::mnuSearchAdd_Click()
 {
-    // The window first, before the wait for its tree.
+    // 1. and 2. The window first, before the wait for its tree.
     auto& browse = dialogs::theBrowseForm();
     browse.form.Show(false, &form);
     browse.form.Refresh();
-    // All that the user does in the window happens within this call.
+    // 3. and 4. All that the user does in the window happens within this call.
     dialogs::oHost = &browse.picBrowse;
     dialogs::ShowSysTree("");
+    // 5.
     CheckStatus();
 }
 

@@ -31,22 +31,24 @@ bool ScanFolders()
 {
     auto& folders = frmMain().lvFolders.ListItems;
     auto& progress = frmProgress();
+    // 1. No folders, no search.
     if (folders.Count() == 0) {
         platform::Messages().Show("Please add at least one folder.", platform::MessageIcon::Exclamation);
         return false;
     }
-    // From idle to working, with the pointer of an idle program: Cancel is to be clicked.
+    // 2. to 5. From idle to working, with the pointer of an idle program: Cancel is to be clicked.
     progress.Show();
     SetWorking(true);
     ClearResults();
     platform::TheScreen().SetMousePointer(platform::MousePointer::Default);
-    // A stop is not looked for here: the walk notices it at its first entry.
+    // 6. and 7. Scan. A stop is not looked for here: the walk notices it at its first entry.
     progress.lblStatus.SetCaption("Scanning...");
     progress.lblFolder.SetCaption(frmMain().sSelectedFolder());
     progress.Refresh();
     for (std::size_t n = 1; n <= folders.Count(); ++n) {
         FindAllFiles(std::string(folders(n).Text()));
     }
+    // 8. Ready to compare.
     progress.pbProgress().SetValue(0);
     progress.pbProgress().SetMax(static_cast<float>(FileCount));
     progress.lblStatus.SetCaption("Comparing...");
@@ -82,7 +84,7 @@ public:
     void Run()
     {
         for (std::int32_t i = 0; i < FileCount; ++i) {
-            // Entries that are done get no further than the bar.
+            // 1. to 4. Yield, and move the bar; entries that are done get no further.
             if (StoppedAfterYield()) {
                 return;
             }
@@ -93,7 +95,9 @@ public:
             if (StoppedAfterYield()) {
                 return;
             }
+            // 5. Show what is being compared.
             Show(Entry(i));
+            // 6. and 7. Compare it with all later entries.
             PassOver(i);
         }
     }
@@ -119,26 +123,28 @@ private:
         cPairIndex::tPass pass = m_index->Start(i);
         while (const auto candidate = m_index->Next(pass)) {
             const std::int32_t j = candidate->j;
-            // Yield for this pair and for those passed over, which could come to nothing.
+            // 1. Yield for this pair and for those passed over, which could come to nothing.
             if (StoppedAfterYield(j - nLast)) {
                 return;
             }
             nLast = j;
-            // The same file reached twice is no duplicate of itself.
+            // 2. and 3. The same file reached twice is no duplicate of itself.
             if (candidate->bSamePath) {
                 Entry(j).bDone = true;
             }
             if (Entry(j).bDone) {
                 continue;
             }
+            // 4. to 6. Equal in what the search asks for?
             if (!candidate->bSameKey || (m_bContent && !SameChecksum(i, j))) {
                 continue;
             }
-            // The first match opens a group with entry i.
+            // 7. The first match opens a group with entry i.
             if (!bFound) {
                 rows.OpenGroup(Entry(i));
                 Entry(i).bDone = true;
             }
+            // 8. Entry j joins it.
             bFound = rows.Add(Entry(j)) || bFound;
             Entry(j).bDone = true;
         }
@@ -193,16 +199,18 @@ void FindDuplicatesByName()
     if (!ScanFolders()) {
         return;
     }
+    // 9. to 11. Compare, then close the last group.
     const bool bNameSize = frmMain().mnuOptionsSearchNameSize.Checked();
     cComparison comparison(bNameSize ? PairKey::NameAndSize : PairKey::Name);
     comparison.Run();
     comparison.rows.CloseGroup();
-    // The list gets the focus, if its form may have it by now, and its current row is selected.
+    // 12. The list gets the focus, if its form may have it by now, and its current row is selected.
     auto& list = frmMain().lvFiles;
     static_cast<void>(list.SetFocus());
     if (auto item = list.SelectedItem()) {
         item->SetSelected(true);
     }
+    // 13. to 15.
     EndSearch();
 }
 
