@@ -36,7 +36,7 @@ std::string BrowseForFolder(platform::WindowHandle hOwner, const std::string& sT
     std::string sBuffer(266, '\0');
     platform::TheFileDialogs().SHGetPathFromIDListA(pidl, sBuffer);
     std::string sFolder = StripNull(sBuffer);
-    // 6.
+    // 6. The path is ours by now.
     platform::TheFileDialogs().CoTaskMemFree(pidl);
     return sFolder;
 }

@@ -40,11 +40,11 @@ struct tFileLists {
 
 void frmMain::mnuFileDelete_Click()
 {
-    // 1.
+    // 1. Without rows there is nothing to delete.
     if (lvFiles.ListItems.Count() == 0) {
         return;
     }
-    // 2. and 3.
+    // 2. and 3. Busy, before the disk is asked which files are there.
     search::SetWorking(true);
     const tFileLists lists(lvFiles.ListItems, "");
     // 4. Also without any file: the shell then has nothing to ask.
@@ -69,7 +69,7 @@ void frmMain::mnuFileCopyTo_Click()
 void frmMain::SendSelectedToFolder(const std::string& sTitle,
                                    bool (*operation)(const std::string& sFrom, const std::string& sTo))
 {
-    // 1.
+    // 1. Without rows there is nothing to send.
     if (lvFiles.ListItems.Count() == 0) {
         return;
     }
@@ -78,21 +78,21 @@ void frmMain::SendSelectedToFolder(const std::string& sTitle,
     if (sFolder.empty()) {
         return;
     }
-    // 5. and 6.
+    // 5. and 6. Busy, before the disk is asked which files are there.
     search::SetWorking(true);
     const tFileLists lists(lvFiles.ListItems, results::JoinPath(sFolder, ""));
     // 7. After a copy too: a file can have gone meanwhile.
     if (operation(lists.sFrom, lists.sTo)) {
         MarkMissingFiles();
     }
-    // 8.
+    // 8. The shell's windows may have left another one in front.
     search::SetWorking(false);
     platform::SetForegroundWindow(form.hWnd());
 }
 
 void frmMain::MarkMissingFiles()
 {
-    // 1.
+    // 1. Without rows there is nothing to mark.
     const std::size_t nCount = lvFiles.ListItems.Count();
     if (nCount == 0) {
         return;

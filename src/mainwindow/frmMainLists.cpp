@@ -92,7 +92,7 @@ void frmMain::mnuSearchAdd_Click()
     // 3. and 4. All that the user does in the window happens within this call.
     dialogs::oHost = &browse.picBrowse;
     dialogs::ShowSysTree("");
-    // 5.
+    // 5. The folders added meanwhile show in the status word.
     CheckStatus();
 }
 

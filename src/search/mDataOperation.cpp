@@ -210,7 +210,7 @@ void FindDuplicatesByName()
     if (auto item = list.SelectedItem()) {
         item->SetSelected(true);
     }
-    // 13. to 15.
+    // 13. to 15. From working to idle.
     EndSearch();
 }
 
