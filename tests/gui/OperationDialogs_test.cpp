@@ -96,11 +96,14 @@ TEST_F(OperationDialogs, AskBeforeTheyReplace)
     for (const auto& each : cases) {
         answers.Expect("replaceQuestion", [&](QDialog& dialog) {
             std::string sShown;
+            std::string sHeard;
             for (const QLabel* pLabel : dialog.findChildren<QLabel*>()) {
                 sShown += pLabel->text().toStdString() + "|";
+                sHeard += pLabel->accessibleName().toStdString() + "|";
             }
-            for (const char* pShown : {"10 bytes (larger)", "(newer)", "a\\x0Ab"}) {
-                EXPECT_NE(sShown.find(pShown), std::string::npos) << sShown;
+            for (const char* pFact : {"10 bytes (larger)", "(newer)", "a\\x0Ab", "9 bytes"}) {
+                EXPECT_NE(sShown.find(pFact), std::string::npos) << sShown;
+                EXPECT_NE(sHeard.find(pFact), std::string::npos) << sHeard;
             }
             EXPECT_LE(dialog.width(), 800);
             Child<QCheckBox>(dialog, "forAll").setChecked(each.bForAll);

@@ -121,9 +121,8 @@ CALL(linkat, (int hFrom, const char* pFrom, int hTo, const char* pTo, int nFlags
      Pass("link", pTo, SYS_linkat, hFrom, pFrom, hTo, pTo, nFlags))
 CALL(fsync, (int h), g_bArmed ? Result(Verdict("fsync", h)) : static_cast<int>(syscall(SYS_fsync, h)))
 CALL(sync_file_range, (int h, off64_t nOffset, off64_t nBytes, unsigned nFlags),
-     (nFlags & SYNC_FILE_RANGE_WAIT_AFTER) != 0
-         ? Pass("wait", h, SYS_sync_file_range, h, nOffset, nBytes, nFlags)
-         : static_cast<int>(syscall(SYS_sync_file_range, h, nOffset, nBytes, nFlags)))
+     Pass((nFlags & SYNC_FILE_RANGE_WAIT_AFTER) != 0 ? "wait" : "begin", h, SYS_sync_file_range, h, nOffset,
+          nBytes, nFlags))
 CALL(ftruncate, (int h, off_t nSize) noexcept, Pass("truncate", h, SYS_ftruncate, h, nSize))
 CALL(fchmod, (int h, mode_t mode) noexcept, Pass("chmod", h, SYS_fchmod, h, mode))
 CALL(fchown, (int h, uid_t user, gid_t group) noexcept, Pass("chown", h, SYS_fchown, h, user, group))

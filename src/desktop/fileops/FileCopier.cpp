@@ -87,12 +87,18 @@ tEnding FileCopier::CopyRange(std::int64_t nStart, std::int64_t nEnd)
     return {};
 }
 
-/// Has the disk begin with a stretch just copied, and waits for what lies far behind it. False if that could
-/// not be written, which the sync at the end would not tell again.
+/// Has the disk begin with a stretch just copied, and waits for what lies far behind it. False if something
+/// could not be written, which the sync at the end would not tell again.
 bool FileCopier::BringToDisk(std::int64_t nStart, std::int64_t nEnd)
 {
-    // A file system that cannot begin by itself does all of it at the end.
-    m_bBegins = m_bBegins && sync_file_range(m_hTo, nStart, nEnd - nStart, SYNC_FILE_RANGE_WRITE) == 0;
+    if (m_bBegins &&
+        Retried([&] { return sync_file_range(m_hTo, nStart, nEnd - nStart, SYNC_FILE_RANGE_WRITE); }) != 0) {
+        // A system without this call, or that denies it, does all of it at the end.
+        if (errno != ENOSYS && errno != EPERM) {
+            return false;
+        }
+        m_bBegins = false;
+    }
     const std::int64_t nDue = nEnd - kAhead;
     if (!m_bBegins || nDue - m_nOnDisk < static_cast<std::int64_t>(kChunk)) {
         return true;

@@ -22,6 +22,7 @@ constexpr const char* kReadOnly = "The disk that it is on is read-only.";
 constexpr const char* kMayNotRemove = "You are not permitted to remove it from its folder.";
 constexpr const char* kMayNotWrite = "You are not permitted to change the destination folder.";
 constexpr const char* kInUse = "It is in use by the system.";
+constexpr const char* kDamaged = "The file system of the destination is damaged.";
 constexpr const char* kDiskError = "The disk that it is on reported an error.";
 
 constexpr std::array kReasons{
@@ -55,6 +56,8 @@ constexpr std::array kReasons{
     tReason{EIO, Step::Remove, kDiskError},
     tReason{EIO, Step::Trash, kDiskError},
     tReason{EIO, Step::Write, "The disk of the destination reported an error."},
+    tReason{EBADMSG, Step::Write, kDamaged},
+    tReason{EUCLEAN, Step::Write, kDamaged},
     tReason{ENAMETOOLONG, Step::Read, "Its path is too long."},
     tReason{ENAMETOOLONG, Step::Write, "Its name or the path to the destination is too long."},
     tReason{ENAMETOOLONG, Step::Trash, "Its path is too long for the trash."},

@@ -6,11 +6,18 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <glib.h>
 #include <unistd.h>
+#include <unordered_set>
 
 namespace desktop {
 namespace {
+
+namespace fs = std::filesystem;
+
+/// After so many notes of one name, listing them all costs less than a look at each that may follow.
+constexpr int kLooks = 16;
 
 /// The top folder of the volume that folder `sFolder` is on, without a trailing separator.
 std::string TopFolder(std::string sFolder)
@@ -41,6 +48,28 @@ bool Exists(const std::string& sPath)
     return LookAt(sPath).nError == 0;
 }
 
+/// The number of the first name that has no note in folder `sInfo`.
+int FirstWithoutNote(const std::string& sInfo, const std::string& sName)
+{
+    const auto note = [&](int nTry) { return NameInTrash(sName, nTry) + ".trashinfo"; };
+    int nTry = 1;
+    while (nTry <= kLooks && Exists(sInfo + '/' + note(nTry))) {
+        ++nTry;
+    }
+    if (nTry <= kLooks) {
+        return nTry;
+    }
+    std::unordered_set<std::string> notes;
+    std::error_code error;
+    for (fs::directory_iterator it(sInfo, error), end; !error && it != end; it.increment(error)) {
+        notes.insert(it->path().filename());
+    }
+    while (notes.contains(note(nTry)) || Exists(sInfo + '/' + note(nTry))) {
+        ++nTry;
+    }
+    return nTry;
+}
+
 } // namespace
 
 bool WouldReplaceInTrash(const std::string& sPath)
@@ -48,22 +77,13 @@ bool WouldReplaceInTrash(const std::string& sPath)
     const std::size_t nName = sPath.rfind(platform::kSeparator) + 1;
     const std::string sName = sPath.substr(nName);
     const std::string sTop = TopFolder(sPath.substr(0, nName - 1));
-    const std::string sUser = std::to_string(getuid());
-    std::array<std::string, 3> trashes{g_get_user_data_dir(), sTop, sTop};
-    trashes[0].append("/Trash");
-    trashes[1].append("/.Trash/").append(sUser);
-    trashes[2].append("/.Trash-").append(sUser);
-    for (const std::string& sTrash : trashes) {
-        // The first name without a note is the one.
-        int nTry = 1;
-        while (Exists(sTrash + "/info/" + NameInTrash(sName, nTry) + ".trashinfo")) {
-            ++nTry;
-        }
-        if (Exists(sTrash + "/files/" + NameInTrash(sName, nTry))) {
-            return true;
-        }
-    }
-    return false;
+    const std::string sUser = std::to_string(geteuid());
+    const std::array trashes{std::string(g_get_user_data_dir()) + "/Trash", sTop + "/.Trash/" + sUser,
+                             sTop + "/.Trash-" + sUser};
+    return std::any_of(trashes.begin(), trashes.end(), [&](const std::string& sTrash) {
+        const int nTry = FirstWithoutNote(sTrash + "/info", sName);
+        return Exists(sTrash + "/files/" + NameInTrash(sName, nTry));
+    });
 }
 
 bool IsInTrash(const std::string& sPath)

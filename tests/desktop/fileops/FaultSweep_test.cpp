@@ -184,8 +184,9 @@ private:
                  !isTold("unfinished copy is left"),
              "leftover");
         // Nothing shows afterwards that a file has not reached the disk.
-        look(fault.nError > 0 && fault.nError != EINTR && changes[fault.nAt - 1].sCall == "fsync" &&
-                 reasons.empty(),
+        const std::string sFailed = fault.nAt > 0 ? changes[fault.nAt - 1].sCall : "";
+        look(fault.nError > 0 && fault.nError != EINTR && reasons.empty() &&
+                 (sFailed == "fsync" || (sFailed == "begin" && fault.nError != EPERM)),
              "not synced and not named");
         return sWrong;
     }

@@ -24,6 +24,10 @@ namespace fs = std::filesystem;
 using Reasons = std::map<std::string, std::string>;
 using Bin = std::multiset<std::pair<std::string, std::string>>;
 
+/// Of a file in whose place in the trash there is one without a note.
+inline constexpr const char* kLost =
+    "The trash has another file of its name and has lost where that one came from.";
+
 inline auto StatusOf(const std::string& sPath)
 {
     return desktop::LookAt(sPath).status;

@@ -75,19 +75,35 @@ TEST_F(Trash, LeavesWhatIsNoLongerTheFileThatWasConfirmed)
 TEST_F(Trash, LeavesWhatItCouldNotRestore)
 {
     const std::string sName(239, 'n');
-    const std::vector<std::string> paths{tree.File(sName), tree.File("locked/in"), tree.File("stray", "new")};
+    const std::vector<std::string> paths{tree.File(sName), tree.File("locked/in")};
     fs::permissions(tree.sRoot + "/locked", fs::perms(0555));
-    // What stands in the trash without a note would be replaced.
-    fs::create_directories(HomeTrash() + "/files");
-    std::ofstream(HomeTrash() + "/files/stray") << "old";
     const Unprivileged anybody;
     EXPECT_EQ(Run(FO_DELETE, paths),
               (Reasons{{sName, "Its name is too long for the trash."},
-                       {"in", "You are not permitted to remove it from its folder."},
-                       {"stray",
-                        "The trash has another file of its name and has lost where that one came from."}}));
-    EXPECT_TRUE(fs::exists(paths[0]) && fs::exists(paths[1]) && fs::exists(paths[2]));
-    EXPECT_EQ(Content(HomeTrash() + "/files/stray"), "old");
+                       {"in", "You are not permitted to remove it from its folder."}}));
+    EXPECT_TRUE(fs::exists(paths[0]) && fs::exists(paths[1]));
+}
+
+TEST_F(Trash, ReplacesNothingThatHasLostItsNote)
+{
+    const struct {
+        std::string sName;
+        int nBefore; ///< files of that name that have gone to the trash before
+        std::string sLost;
+    } cases[] = {{"first", 0, "first"},
+                 {"second", 1, "second.2"},
+                 {"a.b.c", 1, "a.2.b.c"},
+                 {".hidden", 1, ".2.hidden"},
+                 {"many", 20, "many.21"}};
+    fs::create_directories(HomeTrash() + "/files");
+    for (const auto& [sName, nBefore, sLost] : cases) {
+        for (int n = 0; n < nBefore; ++n) {
+            EXPECT_EQ(Run(FO_DELETE, {tree.File(sName)}), Reasons());
+        }
+        std::ofstream(HomeTrash() + "/files/" + sLost) << "lost";
+        EXPECT_EQ(Run(FO_DELETE, {tree.File(sName, "new")}), (Reasons{{sName, kLost}}));
+        EXPECT_EQ(Content(HomeTrash() + "/files/" + sLost) + Content(tree.sRoot + '/' + sName), "lostnew");
+    }
 }
 
 TEST_F(Trash, ShellFindsWhatIsThere)
