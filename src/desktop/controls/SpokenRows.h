@@ -4,6 +4,7 @@
 #include <QTimer>
 
 class QFocusEvent;
+class QWidget;
 
 namespace desktop {
 
@@ -13,14 +14,18 @@ template <typename View>
 class SpokenRows : public View
 {
 public:
-    using View::View;
+    explicit SpokenRows(QWidget* pParent = nullptr) : View(pParent)
+    {
+        m_tell.setSingleShot(true);
+        QObject::connect(&m_tell, &QTimer::timeout, this, [this] { TellCurrentRow(); });
+    }
 
 protected:
     void focusInEvent(QFocusEvent* pEvent) override
     {
         View::focusInEvent(pEvent);
         // Behind what is told of the view: the last to be told of has the keyboard.
-        QTimer::singleShot(0, this, [this] { TellCurrentRow(); });
+        m_tell.start(0);
     }
 
 private:
@@ -34,6 +39,8 @@ private:
             QAccessible::updateAccessibility(&event);
         }
     }
+
+    QTimer m_tell; ///< runs while the current row is still to be told of
 };
 
 } // namespace desktop
