@@ -7,7 +7,6 @@
 
 #include <fcntl.h>
 #include <glib.h>
-#include <regex>
 #include <set>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -66,14 +65,15 @@ inline std::string HomeTrash()
 /// What can be restored from a trash: pairs of the path noted and the content.
 inline Bin Restorable(const std::string& sTrash = HomeTrash())
 {
-    const std::regex note("\\[Trash Info\\]\nPath=(.+)\nDeletionDate=2.*\n");
+    const std::string sStart = "[Trash Info]\nPath=";
     Bin restorable;
     const auto files = Contents(sTrash + "/files");
     for (const auto& [sInfo, sNote] : Contents(sTrash + "/info")) {
         const auto file = files.find(sInfo.substr(0, sInfo.rfind('.')));
-        std::smatch path;
-        if (file != files.end() && std::regex_match(sNote, path, note)) {
-            char* pPath = g_uri_unescape_string(path.str(1).c_str(), nullptr);
+        const std::size_t nEnd = sNote.find("\nDeletionDate=2");
+        if (file != files.end() && sNote.starts_with(sStart) && nEnd != std::string::npos) {
+            const std::string sPath = sNote.substr(sStart.size(), nEnd - sStart.size());
+            char* pPath = g_uri_unescape_string(sPath.c_str(), nullptr);
             restorable.emplace(pPath != nullptr ? pPath : "", file->second);
             g_free(pPath);
         }
