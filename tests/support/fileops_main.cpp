@@ -4,6 +4,8 @@
 
 #include <dlfcn.h>
 #include <gio/gio.h>
+#include <sched.h>
+#include <sys/mount.h>
 #include <unistd.h>
 
 extern "C" __attribute__((weak)) void __lsan_disable();
@@ -35,5 +37,15 @@ int main(int argc, char* argv[])
     for (const char* pName : {"DBUS_SESSION_BUS_ADDRESS", "DISPLAY", "WAYLAND_DISPLAY"}) {
         unsetenv(pName);
     }
-    return RUN_ALL_TESTS();
+    // Another volume in memory, where that is permitted; nobody else sees it.
+    const support::TempTree other;
+    const bool bMounted = unshare(CLONE_NEWNS) == 0 &&
+                          mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+                          mount("none", other.sRoot.c_str(), "tmpfs", 0, nullptr) == 0;
+    setenv("OTHER_VOLUME", other.sRoot.c_str(), 1);
+    const int nResult = RUN_ALL_TESTS();
+    if (bMounted) {
+        umount2(other.sRoot.c_str(), MNT_DETACH);
+    }
+    return nResult;
 }

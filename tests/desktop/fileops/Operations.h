@@ -57,6 +57,12 @@ inline std::string Home()
     return std::getenv("HOME");
 }
 
+/// A folder on another volume, if there is one.
+inline std::string OtherVolume()
+{
+    return std::getenv("OTHER_VOLUME");
+}
+
 inline std::string HomeTrash()
 {
     return Home() + "/share/Trash";
