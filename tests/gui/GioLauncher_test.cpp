@@ -126,11 +126,13 @@ TEST_F(Launching, OpensAFileByItsExactPathInTheProgramThatIsAskedFor)
                                        "b \"c\" %f $(x) ;'\n.txt");
     const std::string sInQuotes = tree.File("\"q\".txt");
     const std::string sMany = tree.File("x.many", "x");
+    const std::string sEmpty = tree.File("empty");
     const struct {
         std::string sFile, sParameters, sProgram, sArgument;
     } cases[] = {
         {Quoted(sOdd), "", "editor", sOdd},
         {sInQuotes, "", "editor", sInQuotes},
+        {sEmpty, "", "editor", sEmpty}, // its name says nothing
         {Quoted(sMany), "", "viewer", sMany},
         {"Notepad.exe", Quoted(sMany), "editor", sMany},
         {"Wordpad.exe", Quoted(sMany), "editor", sMany}, // no word processor is there

@@ -32,9 +32,9 @@ bool TakesFocusByTab(const QWidget& widget)
 FormWindow::FormWindow(platform::Form& form, QWidget* pOwner)
     : m_pForm(&form), m_pOwner(pOwner), m_pInside(new QWidget(this))
 {
+    GiveSpokenRole(*this, form.design.bShowInTaskbar ? QAccessible::Window : QAccessible::Dialog);
     setWindowTitle(ShownText(form.design.sCaption));
     setWindowFlags(FrameOf(form.design));
-    GiveSpokenRole(*this, form.design.bShowInTaskbar ? QAccessible::Window : QAccessible::Dialog);
     if (m_pOwner != nullptr) {
         winId(); // makes the system's window, which is what has an owner
         windowHandle()->setTransientParent(m_pOwner->windowHandle());
