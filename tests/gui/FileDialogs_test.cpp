@@ -10,10 +10,12 @@
 #include "WidgetOf.h"
 #include "WindowManager.h"
 
+#include <QClipboard>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMimeData>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -71,6 +73,83 @@ TEST_F(FileDialogs, ShowFoldersByTheirNamesAndFindThemByTheirPaths)
         sShown += model.index(n, 0, root).data().toString().toStdString() + "|";
     }
     EXPECT_EQ(sShown, "alpha|b|bad\\xFF|C|new\\x0Aline|x.y|\xC3\x84|.hidden|");
+}
+
+TEST_F(FileDialogs, SelectWhatIsPastedOrDroppedAndWhatIsClosed)
+{
+    desktop::FolderModel model({{"/", "all"}, {tree.sRoot, "tree"}});
+    desktop::FolderView view(model);
+    view.resize(200, 300);
+    view.show();
+    view.expand(model.Find(tree.sRoot));
+    EXPECT_EQ(mkdir((tree.sRoot + "/alpha/ new").c_str(), 0755), 0);
+    EXPECT_EQ(symlink("alpha", (tree.sRoot + "/link").c_str()), 0);
+    tree.File("file");
+    const auto selected = [&] { return model.Path(desktop::FolderModel::Item(view.currentIndex())); };
+    const struct {
+        const char* pKind;
+        std::string sData, sSelected; ///< empty: what was selected stays
+    } cases[] = {
+        {"text/plain", tree.sRoot + "/alpha/inner/most", "/alpha/inner/most"},
+        {"text/plain", "\n '" + tree.sRoot + "/x.y/' \r\nmore", "/x.y"},
+        {"text/plain", tree.sRoot + "/alpha/ new", "/alpha/ new"}, // made since alpha was listed
+        {"text/uri-list", "file://host" + tree.sRoot + "/bad%FF\r\nfile:///usr\r\n", "/bad\xFF"},
+        {"text/uri-list", "file://" + tree.sRoot + "/link/inner", "/alpha/inner"},
+        {"text/uri-list", "file://" + tree.sRoot + "/file", ""},
+        {"text/uri-list", "https://host/usr", ""},
+        {"text/plain", tree.sRoot + "/none", ""},
+        {"text/plain", "", ""},
+    };
+    for (const auto& each : cases) {
+        for (const bool bDropped : {false, true}) {
+            const auto usual = model.Find(tree.sRoot);
+            view.setCurrentIndex(usual);
+            auto* const pData = new QMimeData;
+            pData->setData(QLatin1String(each.pKind), QByteArray::fromStdString(each.sData));
+            QApplication::clipboard()->setMimeData(pData);
+            if (bDropped) {
+                QDragEnterEvent enter({5, 5}, Qt::CopyAction | Qt::MoveAction, pData, {}, {});
+                QApplication::sendEvent(view.viewport(), &enter);
+                EXPECT_EQ(enter.isAccepted(), !each.sSelected.empty()) << each.sData;
+                QDropEvent drop({5, 5}, Qt::CopyAction | Qt::MoveAction, pData, {}, {});
+                drop.setDropAction(Qt::MoveAction);
+                QApplication::sendEvent(view.viewport(), &drop);
+                EXPECT_TRUE(each.sSelected.empty() || drop.dropAction() == Qt::CopyAction)
+                    << "the folder would go from where it came";
+            } else {
+                QTest::keySequence(&view, QKeySequence::Paste);
+            }
+            EXPECT_EQ(selected(), tree.sRoot + each.sSelected) << each.sData << bDropped;
+        }
+    }
+    view.setCurrentIndex(model.Find(tree.sRoot + "/alpha/inner/most"));
+    view.collapse(model.Find(tree.sRoot + "/x.y"));
+    EXPECT_EQ(selected(), tree.sRoot + "/alpha/inner/most");
+    view.collapse(model.Find(tree.sRoot + "/alpha"));
+    EXPECT_EQ(selected(), tree.sRoot + "/alpha") << "what is hidden is not selected";
+}
+
+TEST_F(FileDialogs, WidenTheTreeForTheRowsInSight)
+{
+    for (int n = 0; n < 60; ++n) {
+        const std::string sName = std::string(n == 50 ? 60U : n < 40 ? 2U : 9U, 'm') + std::to_string(n);
+        EXPECT_EQ(mkdir((tree.sRoot + "/" + sName).c_str(), 0755), 0);
+    }
+    desktop::FolderModel model({{tree.sRoot, "tree"}});
+    desktop::FolderView view(model);
+    view.resize(150, 300);
+    view.show();
+    view.expand(model.index(0, 0));
+    const int nLast = model.rowCount(model.index(0, 0)) - 1;
+    for (int n = 0; n <= nLast; ++n) {
+        const QModelIndex row = model.index(n, 0, model.index(0, 0));
+        view.scrollTo(row);
+        EXPECT_TRUE(QTest::qWaitFor([&] {
+            view.grab();
+            return view.visualRect(row).width() >= view.viewport()->width() - view.visualRect(row).left() &&
+                   view.visualRect(row).width() >= view.itemDelegate()->sizeHint({}, row).width();
+        })) << row.data().toString().toStdString();
+    }
 }
 
 class ChooseFolder : public FileDialogs

@@ -68,8 +68,7 @@ long FolderDialog::TextMessage(unsigned nMessage, long wParam, const std::string
     }
     const QModelIndex folder = m_model.Find(sText.substr(0, sText.find('\0')));
     if (folder.isValid()) {
-        m_pView->setCurrentIndex(folder);
-        m_pView->scrollTo(folder);
+        m_pView->ShowFolder(folder);
     }
     return 0;
 }

@@ -140,7 +140,12 @@ QModelIndex FolderModel::Find(const std::string& sPath)
         if (canFetchMore(folder)) {
             fetchMore(folder);
         }
-        nFound = ChildNamed(nFound, sName);
+        const std::size_t nChild = ChildNamed(nFound, sName);
+        if (nChild == 0 && IsSubfolder(Path(Item(folder)), sName)) {
+            nFound = Number(Add(folder, sName)); // made since the folder was listed
+        } else {
+            nFound = nChild;
+        }
     }
     return Index(static_cast<platform::ItemId>(nFound));
 }

@@ -32,10 +32,14 @@ unsigned char KindOf(DIR* pFolder, const dirent64& entry)
                : static_cast<unsigned char>(DT_UNKNOWN);
 }
 
+bool IsDots(const char* pName)
+{
+    return std::strcmp(pName, ".") == 0 || std::strcmp(pName, "..") == 0;
+}
+
 bool IsFolder(DIR* pFolder, const dirent64& entry)
 {
-    return std::strcmp(entry.d_name, ".") != 0 && std::strcmp(entry.d_name, "..") != 0 &&
-           KindOf(pFolder, entry) == DT_DIR;
+    return !IsDots(entry.d_name) && KindOf(pFolder, entry) == DT_DIR;
 }
 
 /// True if another file system is mounted at the folder, or would be by a look into it.
@@ -60,6 +64,14 @@ std::vector<std::string> Subfolders(const std::string& sPath)
         }
     }
     return names;
+}
+
+bool IsSubfolder(const std::string& sPath, const std::string& sName)
+{
+    struct stat status {
+    };
+    return !IsDots(sName.c_str()) && lstat((sPath + "/" + sName).c_str(), &status) == 0 &&
+           S_ISDIR(status.st_mode);
 }
 
 std::vector<std::string> FileNames(const std::string& sPath, const std::string& sPattern)
