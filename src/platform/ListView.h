@@ -103,6 +103,7 @@ private:
     void RowChanged(std::size_t nRow);
     void ShowRow(std::size_t nRow);
     void SelectRow(std::size_t nRow, bool bSelected);
+    void SelectionReplaced();
     void SelectionChanged();
     std::size_t SortRows(std::size_t nFollowed);
     void RowRemoved(std::size_t nRow);

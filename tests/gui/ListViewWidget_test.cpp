@@ -58,13 +58,16 @@ TEST(ListViewWidget, TellsOfKeysAndOfTheMouse)
     QTest::mouseDClick(pRows, Qt::LeftButton, {}, shown.At(1));
     QTest::mouseRelease(pRows, Qt::LeftButton, {}, shown.At(1));
     QTest::mouseClick(pRows, Qt::RightButton, {}, {350, 300});
+    QTest::mouseClick(pRows, Qt::MiddleButton, {}, shown.At(2));
+    EXPECT_EQ(shown.Selected(), std::set<int>{}) << "the middle button selects nothing";
     QTest::mouseClick(shown.pView->header()->viewport(), Qt::LeftButton, {}, {50, 5});
     for (const auto reason : {QContextMenuEvent::Keyboard, QContextMenuEvent::Mouse}) {
         QContextMenuEvent event(reason, {}, {});
         QApplication::sendEvent(shown.pView.get(), &event); // the mouse has its own way
     }
     QTest::sendKeyEvent(QTest::Press, shown.pView.get(), Qt::Key_F10, QString(), Qt::ShiftModifier);
-    EXPECT_EQ(sHeard, "down1/2@2 up1/2@2 double up1/0@2 down2/0@- up2/0@- column menu menu ");
+    EXPECT_EQ(sHeard, "down1/2@2 up1/2@2 double up1/0@2 down2/0@- up2/0@- "
+                      "down4/0@3 up4/0@3 column menu menu ");
 }
 
 TEST(ListViewWidget, KeepsColumnWidthsInStep)

@@ -160,6 +160,7 @@ void FormWindow::RefreshNow()
 
 void FormWindow::ControlChanged(platform::Control& /*control*/)
 {
+    m_inputGate->FormChanged();
     FollowChildren();
     QWidget* const pActive = WidgetOf(m_pForm->ActiveControl());
     if (pActive != nullptr && !pActive->hasFocus() && !pActive->isAncestorOf(focusWidget())) {
