@@ -43,13 +43,14 @@ void frmMain::DesignControls()
 void frmMain::DesignColumns()
 {
     using platform::Alignment;
-    lvFolders.AddColumn("Folders to Compare", Alignment::Left, 5000);
+    using platform::Ellipsis;
+    lvFolders.AddColumn("Folders to Compare", Alignment::Left, 5000, Ellipsis::InMiddle);
     lvFolders.AddColumn("Volume", Alignment::Center, kVolumeWidth);
     for (platform::ListView* pList : {&lvFiles, &lvFake}) {
         pList->AddColumn("Name", Alignment::Left, 2000);
         pList->AddColumn("Size", Alignment::Right, 1000);
         pList->AddColumn("Date", Alignment::Left, 1440);
-        pList->AddColumn("Path", Alignment::Left, 5000);
+        pList->AddColumn("Path", Alignment::Left, 5000, Ellipsis::InMiddle);
     }
 }
 

@@ -4,9 +4,9 @@
 
 namespace platform {
 
-void ListView::AddColumn(const std::string& sHeader, Alignment alignment, float width)
+void ListView::AddColumn(const std::string& sHeader, Alignment alignment, float width, Ellipsis ellipsis)
 {
-    m_columns.emplace_back(sHeader, alignment, width);
+    m_columns.emplace_back(sHeader, alignment, width, ellipsis);
 }
 
 std::optional<ListItem> ListView::SelectedItem()

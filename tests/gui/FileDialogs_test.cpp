@@ -54,7 +54,8 @@ protected:
 
 TEST_F(FileDialogs, ShowFoldersByTheirNamesAndFindThemByTheirPaths)
 {
-    for (const char* pFolder : {"/b", "/C", "/.hidden", "/new\nline", "/new\nline/\xFE", "/\xC3\x84"}) {
+    for (const char* pFolder :
+         {"/b", "/b10", "/b2", "/C", "/.hidden", "/new\nline", "/new\nline/\xFE", "/\xC3\x84"}) {
         EXPECT_EQ(mkdir((tree.sRoot + pFolder).c_str(), 0755), 0);
     }
     tree.File("file");
@@ -72,7 +73,7 @@ TEST_F(FileDialogs, ShowFoldersByTheirNamesAndFindThemByTheirPaths)
     for (int n = 0; n < model.rowCount(root); ++n) {
         sShown += model.index(n, 0, root).data().toString().toStdString() + "|";
     }
-    EXPECT_EQ(sShown, "alpha|b|bad\\xFF|C|new\\x0Aline|x.y|\xC3\x84|.hidden|");
+    EXPECT_EQ(sShown, "alpha|b|b2|b10|bad\\xFF|C|new\\x0Aline|x.y|\xC3\x84|.hidden|");
 }
 
 TEST_F(FileDialogs, SelectWhatIsPastedOrDroppedAndWhatIsClosed)
@@ -306,7 +307,11 @@ TEST_F(SaveFile, GivesTheExactPathOfWhatIsTyped)
         {"/bad\xFF/", " r.v2 ", "/bad\xFF/r.v2"},
         {"/alpha/none", "../x.y/report", "/x.y/report.txt"}, // up to the nearest; the dot is in the folder
         {"/alpha", tree.sRoot + "/x", "/x.txt"},
-        {"", ".hidden", "/.hidden"},
+        {"", ".hidden", "/.hidden.txt"},
+        {"", "v1.2 list", "/v1.2 list.txt"},
+        {"", "report.2024", "/report.2024.txt"},
+        {"", "report.\u00e4", "/report.\u00e4"},
+        {"", "report.", "/report..txt"},
     };
     for (const auto& each : cases) {
         EXPECT_EQ(Ask(tree.sRoot + each.sFolder, [&](QDialog& dialog) { Type(dialog, each.sTyped); }),
@@ -318,15 +323,15 @@ TEST_F(SaveFile, GivesTheExactPathOfWhatIsTyped)
 
 TEST_F(SaveFile, SaysWhatIsWrongAndAsksBeforeItReplaces)
 {
-    for (const char* pFile : {"alpha/report.txt", "alpha/odd\xFF.txt", "alpha/other.log"}) {
+    for (const char* pFile : {"alpha/report.txt", "alpha/ r 2.txt", "alpha/odd\xFF.txt", "alpha/other.log"}) {
         tree.File(pFile);
     }
     const auto replace = [&](QDialog& dialog) {
         Type(dialog, "alpha"); // into the folder
         auto& files = Child<QListWidget>(dialog, "files");
-        ASSERT_EQ(files.count(), 2);
-        EXPECT_EQ(files.item(0)->text(), "odd\\xFF.txt");
-        EXPECT_FALSE(files.item(0)->flags().testFlag(Qt::ItemIsSelectable)) << "its name cannot be typed";
+        ASSERT_EQ(files.count(), 3);
+        EXPECT_EQ(files.item(1)->text(), "odd\\xFF.txt");
+        EXPECT_FALSE(files.item(1)->flags().testFlag(Qt::ItemIsSelectable)) << "its name cannot be typed";
         EXPECT_EQ(Child<QLineEdit>(dialog, "name").text(), QString());
         EXPECT_EQ(mkfifo((tree.sRoot + "/alpha/pipe.txt").c_str(), 0666), 0);
         const std::pair<std::string, const char*> cases[] = {
@@ -342,12 +347,18 @@ TEST_F(SaveFile, SaysWhatIsWrongAndAsksBeforeItReplaces)
         answers.Expect("replaceFile", Answers::Press(Qt::Key_Return));
         Type(dialog, "report"); // which alone does not exist
         EXPECT_TRUE(dialog.isVisible()) << "Enter must not replace";
-        files.setCurrentRow(1);
+        files.setCurrentRow(2);
         EXPECT_EQ(Child<QLineEdit>(dialog, "name").text(), "report.txt");
         answers.Expect("replaceFile", Answers::Click("yes"));
         Answers::Click("save")(dialog);
     };
     EXPECT_EQ(Ask(tree.sRoot, replace), tree.sRoot + "/alpha/report.txt");
+    const auto pick = [&](QDialog& dialog) {
+        answers.Expect("replaceFile", Answers::Click("yes"));
+        Child<QListWidget>(dialog, "files").setCurrentRow(0);
+        Answers::Click("save")(dialog);
+    };
+    EXPECT_EQ(Ask(tree.sRoot + "/alpha", pick), tree.sRoot + "/alpha/ r 2.txt") << "exactly what was picked";
 }
 
 } // namespace

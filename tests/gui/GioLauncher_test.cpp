@@ -231,7 +231,7 @@ TEST_F(Launching, ShowsPropertiesInASheetOfItsOwn)
     EXPECT_EQ(shown("Name"), "<i>\\x0A\\xFF.txt");
     EXPECT_EQ(shown("Folder"), tree.sRoot + "/");
     EXPECT_EQ(shown("Permissions"), "rw-r----- (4640)");
-    EXPECT_TRUE(shown("Size").ends_with(" bytes / 12.1 KB")) << shown("Size");
+    EXPECT_TRUE(shown("Size").ends_with(" bytes / 12.1 KiB")) << shown("Size");
     EXPECT_NE(shown("Kind").find("text/plain"), std::string::npos);
     pSheet->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
