@@ -35,8 +35,7 @@ int WhyNotRemovable(const FolderEntry& file)
         return EPERM;
     }
     // 3. A file that is locked against any change.
-    struct statx status {
-    };
+    struct statx status = {};
     constexpr std::uint64_t nLocked = STATX_ATTR_IMMUTABLE | STATX_ATTR_APPEND;
     const int nResult = statx(file.Folder(), file.Name().c_str(), AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT,
                               STATX_BASIC_STATS, &status);

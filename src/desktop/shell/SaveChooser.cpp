@@ -53,8 +53,7 @@ QString Sentence(int nError)
 /// Why a file cannot be written at `sPath`; empty if it can, for all that is known beforehand.
 QString WhyNotWritable(const std::string& sPath, bool& bThere)
 {
-    struct stat status {
-    };
+    struct stat status = {};
     bThere = stat(sPath.c_str(), &status) == 0;
     if (!bThere && errno != ENOENT) {
         return Sentence(errno);
@@ -77,8 +76,7 @@ QString WhyNotWritable(const std::string& sPath, bool& bThere)
 std::string CanonicalFolder(const std::string& sPath)
 {
     const std::string sCanonical = CanonicalPath(sPath);
-    struct stat status {
-    };
+    struct stat status = {};
     return stat(sCanonical.c_str(), &status) == 0 && S_ISDIR(status.st_mode) ? sCanonical : "";
 }
 

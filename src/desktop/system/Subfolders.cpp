@@ -24,8 +24,7 @@ unsigned char KindOf(DIR* pFolder, const dirent64& entry)
     if (entry.d_type != DT_UNKNOWN) {
         return entry.d_type;
     }
-    struct stat status {
-    };
+    struct stat status = {};
     constexpr int nFlags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT;
     return fstatat(dirfd(pFolder), entry.d_name, &status, nFlags) == 0
                ? static_cast<unsigned char>(IFTODT(status.st_mode))
@@ -45,8 +44,7 @@ bool IsFolder(DIR* pFolder, const dirent64& entry)
 /// True if another file system is mounted at the folder, or would be by a look into it.
 bool IsMountPoint(const std::string& sPath)
 {
-    struct statx status {
-    };
+    struct statx status = {};
     constexpr int nFlags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT;
     return statx(AT_FDCWD, sPath.c_str(), nFlags, STATX_TYPE, &status) == 0 &&
            (status.stx_attributes & (STATX_ATTR_AUTOMOUNT | STATX_ATTR_MOUNT_ROOT)) != 0;
