@@ -155,6 +155,26 @@ TEST_F(FormWindow, WidgetsShowWhatTheControlsSay)
     EXPECT_GT(pButton->width(), pButton->fontMetrics().horizontalAdvance(pButton->text()));
 }
 
+/// Counts how often a widget is painted.
+struct Paints final : QObject {
+    explicit Paints(QWidget& widget) { widget.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* pEvent) override
+    {
+        nCount += pEvent->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+    int nCount = 0;
+};
+
+TEST_F(FormWindow, ANewWindowIsPaintedBeforeARefreshReturns)
+{
+    two.form.Show(false, &one.form);
+    const Paints paints(*WidgetOf(&two.label));
+    two.form.Refresh();
+    EXPECT_GT(paints.nCount, 0);
+    two.form.UnloadForm();
+}
+
 TEST_F(FormWindow, MenusDoWhatTheItemsSay)
 {
     for (const bool bChecked : {true, false}) {
