@@ -51,8 +51,7 @@ struct tOperationOutcome {
     std::size_t nFilesDone = 0;
     bool bCancelled = false;
     std::vector<tNotDone> notDone{}; ///< neither files that the user skipped nor those left by a cancel
-    std::vector<tNotDone>
-        remarks; ///< what is to be known of files that were dealt with, and was left by others
+    std::vector<tNotDone> remarks{}; ///< what there is to know of files that were dealt with
 };
 
 /// The user, to whom an operation on files turns.
