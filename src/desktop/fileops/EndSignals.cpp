@@ -14,8 +14,7 @@ extern "C" void OnEndSignal(int nSignal)
 {
     g_nArrived = nSignal;
     if (!g_bWait) {
-        struct sigaction plain {
-        };
+        struct sigaction plain = {};
         plain.sa_handler = SIG_DFL;
         sigaction(nSignal, &plain, nullptr);
         raise(nSignal);
@@ -29,8 +28,7 @@ EndSignals::EndSignals()
     g_nArrived = 0;
     g_bWait = true;
     for (std::size_t n = 0; n < kSignals.size(); ++n) {
-        struct sigaction waits {
-        };
+        struct sigaction waits = {};
         waits.sa_handler = OnEndSignal;
         waits.sa_flags = SA_RESTART;
         sigaction(kSignals[n], nullptr, &m_before[n]);

@@ -19,8 +19,7 @@ constexpr const char* kTargetMoved = "The destination folder is no longer where 
 /// True if a file or folder is locked against changes by more than its rights.
 bool IsLocked(int hFolder, const char* pName, int nFlags)
 {
-    struct statx status {
-    };
+    struct statx status = {};
     constexpr std::uint64_t nLocked = STATX_ATTR_IMMUTABLE | STATX_ATTR_APPEND;
     return statx(hFolder, pName, nFlags | AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, STATX_BASIC_STATS,
                  &status) == 0 &&

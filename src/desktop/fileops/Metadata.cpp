@@ -61,8 +61,7 @@ int KeepOwner(int hTo, const Status& status)
 bool HasRoom(int h)
 {
     constexpr unsigned long kEnough = 64;
-    struct statvfs disk {
-    };
+    struct statvfs disk = {};
     return fstatvfs(h, &disk) == 0 && disk.f_bavail >= kEnough;
 }
 

@@ -42,8 +42,7 @@ Descriptor OpenStepByStep(std::string_view sPath, int& nError)
         Descriptor next(Retried([&] { return openat(folder.Get(), sName.c_str(), kPlace | O_NOFOLLOW); }));
         if (!next.IsOpen()) {
             nError = errno;
-            struct stat status {
-            };
+            struct stat status = {};
             if (nError == ENOTDIR &&
                 fstatat(folder.Get(), sName.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
                 S_ISLNK(status.st_mode)) {

@@ -91,8 +91,7 @@ bool IsOwn(const HeldFolder& folder)
 /// The device of the deepest part of a path that is there.
 dev_t DeviceOf(std::string sPath)
 {
-    struct stat status {
-    };
+    struct stat status = {};
     while (stat(sPath.c_str(), &status) != 0 && sPath.size() > 1) {
         sPath.resize(std::max<std::size_t>(sPath.rfind('/'), 1));
     }
