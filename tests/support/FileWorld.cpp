@@ -73,6 +73,14 @@ std::string FileWorld::Content(const std::string& sText)
     return sText + std::string(4999 - sText.size(), '.') + '$';
 }
 
+void FileWorld::Make(const std::string& sFolder, const std::string& sText)
+{
+    const std::string sContent = Content(sText);
+    Write(sFolder + '/' + sText.substr(sText.rfind(' ') + 1), sContent);
+    required.insert(sContent);
+    known.insert(sContent);
+}
+
 void FileWorld::Prepare(const tScenario& next)
 {
     scenario = next;
@@ -101,17 +109,12 @@ void FileWorld::Prepare(const tScenario& next)
     known.clear();
     doneAnyway.clear();
     bSeen = true;
-    const auto make = [&](const std::string& sFolder, const std::string& sText) {
-        const std::string sContent = Content(sText);
-        Write(sFolder + '/' + sText.substr(sText.rfind(' ') + 1), sContent);
-        required.insert(sContent);
-        known.insert(sContent);
-    };
-    make(sFrom, "mine a");
-    make(sFrom, "mine b");
-    make(sFrom, "other c");
+    m_bNext = false;
+    Make(sFrom, "mine a");
+    Make(sFrom, "mine b");
+    Make(sFrom, "other c");
     if (scenario.bReplace) {
-        make(sTo, "old a");
+        Make(sTo, "old a");
     }
 }
 
@@ -157,10 +160,25 @@ tRun FileWorld::Run(const Judge& judge)
     return run;
 }
 
+tRun FileWorld::RunNext()
+{
+    m_bNext = true;
+    if (scenario.bReplace) {
+        Make(sTo, "old c");
+    }
+    return Run([](const tCall&, std::size_t) { return 0; });
+}
+
 std::vector<std::string> FileWorld::Names() const
 {
-    return scenario.wFunc == platform::FO_DELETE ? std::vector<std::string>{"a", "b"}
-                                                 : std::vector<std::string>{"a"};
+    std::vector<std::string> names{"a"};
+    if (scenario.wFunc == platform::FO_DELETE) {
+        names.emplace_back("b");
+    }
+    if (m_bNext) {
+        names.emplace_back("c");
+    }
+    return names;
 }
 
 void FileWorld::Cancel()
@@ -201,7 +219,7 @@ std::vector<tFound> FileWorld::Find() const
     for (const std::string& sRoot : {m_sHere, m_sOther, fs::path(sTrash).parent_path().string()}) {
         for (const auto& each : fs::recursive_directory_iterator(sRoot, error)) {
             const std::string sPath = each.path().string();
-            if (each.is_regular_file() && !each.is_symlink() && sPath.find("/info/") == std::string::npos &&
+            if (each.is_regular_file() && !each.is_symlink() && sPath.find("/info") == std::string::npos &&
                 !sPath.starts_with(sPrivate) && each.file_size() < 1'000'000) {
                 found.push_back({sPath, HomeOf(sPath), support::Content(sPath)});
             }

@@ -50,6 +50,9 @@ public:
     /// Carries it out, `judge` seeing each call on these files.
     tRun Run(const Judge& judge);
 
+    /// Another operation of the kind on the same folders and on one file more, which nothing disturbs.
+    tRun RunNext();
+
     /// Of the files that it is about.
     [[nodiscard]] std::vector<std::string> Names() const;
 
@@ -81,12 +84,14 @@ public:
     bool bSeen = true; ///< the operation has had a look at its files: no others may take their place any more
 
 private:
+    void Make(const std::string& sFolder, const std::string& sText);
     [[nodiscard]] std::string HomeOf(const std::string& sPath) const;
     [[nodiscard]] std::string PrivateState() const;
 
     std::string m_sHere;
     std::string m_sOther;
     std::string m_sPrivateBefore;
+    bool m_bNext = false;
 };
 
 /// For tests with one of them as their parameter.

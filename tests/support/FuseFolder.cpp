@@ -100,7 +100,7 @@ fuse_operations Operations()
             pwrite(File(pInfo), g_quirk == Quirk::FailsAtClose ? zeros.data() : pBytes, nBytes, nOffset));
     };
     o.flush = [](const char*, fuse_file_info* pInfo) {
-        const bool bWritten = (pInfo->flags & O_ACCMODE) != O_RDONLY;
+        const bool bWritten = (fcntl(File(pInfo), F_GETFL) & O_ACCMODE) != O_RDONLY;
         return g_quirk == Quirk::FailsAtClose && bWritten ? -EIO : 0;
     };
     o.fsync = [](const char*, int, fuse_file_info*) { return 0; };
@@ -124,10 +124,11 @@ FuseFolder::FuseFolder(const std::string& sBehind, std::string sMountPoint, Quir
         prctl(PR_SET_PDEATHSIG, SIGKILL);
         g_sBehind = sBehind;
         g_quirk = quirk;
-        std::string arguments[] = {"fuse", "-f", m_sMountPoint};
-        char* aArguments[] = {arguments[0].data(), arguments[1].data(), arguments[2].data(), nullptr};
+        std::string arguments[] = {"fuse", "-f", "-s", m_sMountPoint};
+        char* aArguments[] = {arguments[0].data(), arguments[1].data(), arguments[2].data(),
+                              arguments[3].data(), nullptr};
         const fuse_operations operations = Operations();
-        _exit(fuse_main(3, aArguments, &operations, nullptr));
+        _exit(fuse_main(4, aArguments, &operations, nullptr));
     }
     for (int n = 0; n < 200 && !IsMounted() && waitpid(m_process, nullptr, WNOHANG) == 0; ++n) {
         usleep(10'000);

@@ -2,27 +2,9 @@
 
 #include "TempTree.h"
 
-#include <dlfcn.h>
-#include <gio/gio.h>
 #include <sched.h>
 #include <sys/mount.h>
 #include <unistd.h>
-
-extern "C" __attribute__((weak)) void __lsan_disable();
-extern "C" __attribute__((weak)) void __lsan_enable();
-
-/// GLib 2.74 loses two strings whenever its rename into the trash fails: not ours to look for.
-extern "C" gboolean g_file_trash(GFile* pFile, GCancellable* pCancellable, GError** ppError)
-{
-    static const auto pReal = reinterpret_cast<decltype(&g_file_trash)>(dlsym(RTLD_NEXT, "g_file_trash"));
-    if (__lsan_disable == nullptr) {
-        return pReal(pFile, pCancellable, ppError);
-    }
-    __lsan_disable();
-    const gboolean bResult = pReal(pFile, pCancellable, ppError);
-    __lsan_enable();
-    return bResult;
-}
 
 int main(int argc, char* argv[])
 {

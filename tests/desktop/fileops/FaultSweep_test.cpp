@@ -76,7 +76,7 @@ protected:
         nDone = run.outcome.nFilesDone;
         if (fault.nSignal != 0) {
             const std::string sLost = world.Lost();
-            world.Run([](const tCall&, std::size_t) { return 0; });
+            world.RunNext();
             return sLost + (run.process.bHung ? "hangs; " : "") + world.Lost() + world.LeftBehind();
         }
         std::string sWrong = world.Wrong(run);
@@ -84,8 +84,10 @@ protected:
         for (const auto& each : run.outcome.notDone) {
             sReasons += each.sReason;
         }
-        const std::string sLeft = world.LeftBehind();
-        sWrong += fault.bStays || sReasons.find("hidden") != std::string::npos ? "" : sLeft;
+        if (!fault.bStays && sReasons.find("hidden") == std::string::npos && !world.LeftBehind().empty()) {
+            world.RunNext();
+            sWrong += world.LeftBehind();
+        }
         // Nothing shows afterwards that a file has not reached the disk.
         const std::string sFailed = fault.nAt > 0 ? calls[fault.nAt - 1].sCall : "";
         const bool bUnsure =

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "FileFaults.h"
 #include "FileIdentity.h"
 #include "ScriptedOperations.h"
+#include "ShellFileOperations.h"
+#include "Supervisor.h"
 #include "TempTree.h"
 
 #include <fcntl.h>
@@ -17,7 +18,6 @@ using support::Choice;
 using support::Content;
 using support::TempTree;
 using support::Unprivileged;
-namespace faults = support::faults;
 namespace fs = std::filesystem;
 
 using Reasons = std::map<std::string, std::string>;
