@@ -43,7 +43,7 @@ const std::vector<int>& ErrorsOf(const tCall& call)
     static const std::vector<int> writing{ENOSPC, EIO,   EPERM,  EXDEV,      EROFS,
                                           EFBIG,  EINTR, ENOSYS, EOPNOTSUPP, support::kShort};
     static const std::vector<int> syncing{ENOSPC, EIO, EROFS, EINTR};
-    static const std::vector<int> looking{EIO, EACCES, ENOENT, ENOSYS};
+    static const std::vector<int> looking{EIO, EACCES};
     static const std::vector<int> closing{EIO, ENOSPC};
     const auto isOneOf = [&](std::string_view sCalls) { return sCalls.find(call.sCall) != sCalls.npos; };
     return !call.bChanges                                      ? call.sCall == "close" ? closing : looking

@@ -84,7 +84,9 @@ TEST_P(PowerCut, DISABLED_LosesNothing)
             });
             ASSERT_EQ(world.Wrong(run), "") << scenario.pName;
             Unmount();
+            const auto required = world.required;
             for (std::size_t n = 1; n <= calls.size(); ++n) {
+                world.required = required;
                 ASSERT_TRUE(Mount(std::to_string(n)));
                 std::string sWrong = world.Lost();
                 const auto next = world.RunNext();
