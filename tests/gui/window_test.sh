@@ -39,7 +39,7 @@ expect() {
     done
 }
 windows() { [ "$(xdotool search --onlyvisible --name "^$1\$" | wc -l)" = "$2" ]; }
-has_keyboard() { [ "$(xdotool getwindowfocus getwindowname)" = "$1" ]; }
+has_keyboard() { xdotool getwindowfocus getwindowname | grep -qx "$1"; }
 key() { xdotool key --clearmodifiers "$@"; }
 
 # shows PIXELS COLOUR: at least as many pixels of the screen have that colour
@@ -60,7 +60,7 @@ start_server() {
 }
 
 start_program() {
-    "$program" 2>"$place/complaints" &
+    XDG_DATA_DIRS=$place/none "$program" 2>"$place/complaints" & # no application is installed
     running=$!
     started+=("$running")
     expect 'the window comes up' windows Tallyfen 1
@@ -103,6 +103,19 @@ setxkbmap ru
 xdotool keydown 37 keydown 38 keyup 38 keyup 37 # Ctrl and the key of the letter A
 expect 'Ctrl+A selects all rows, whatever the layout' shows 10000 "$selected"
 setxkbmap us
+xdotool mousemove --window "$(xdotool search --onlyvisible --name '^Tallyfen$')" 100 215 click 1
+key alt+f Down Down Right Return
+expect 'an editor that is missing is said' windows Tallyfen 2
+key Return
+expect 'Enter closes the message' windows Tallyfen 1
+key alt+f Up Up Return
+expect 'the properties come up' has_keyboard '.*/Documents.* Properties'
+xdotool windowactivate "$(xdotool search --onlyvisible --name '^Tallyfen$')"
+expect 'the main window can be used beside them' has_keyboard Tallyfen
+key alt+f Down Down Right Up Return
+expect 'Choose Program comes up' has_keyboard 'Choose Program'
+xdotool windowactivate "$(xdotool search --onlyvisible --name '^Tallyfen$')"
+expect 'the main window can be used beside it' has_keyboard Tallyfen
 key F2
 expect 'F2 opens the Add Folder window' has_keyboard 'Browse for Folder'
 xdotool type Man
@@ -114,6 +127,13 @@ key Escape alt+F4 space
 expect 'Cancel alone takes the progress window down' windows Progress 0
 expect 'the main window has the keyboard again' has_keyboard Tallyfen
 key alt+F4
+expect 'the main window goes' windows Tallyfen 0
+for name in 'Choose Program' '.* Properties'; do
+    xdotool windowactivate "$(xdotool search --onlyvisible --name "^$name\$")"
+    expect "$name stands by itself" has_keyboard "$name"
+    key Escape
+    expect "Escape closes $name" windows "$name" 0
+done
 end_program
 
 scene='without a window manager and a session bus'

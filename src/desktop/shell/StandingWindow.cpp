@@ -56,8 +56,9 @@ void StandingWindow::done(int nResult)
 {
     const bool bHadKeyboard = isActiveWindow();
     ShellDialog::done(nResult);
-    if (bHadKeyboard && m_pOpenedFrom && m_pOpenedFrom->isVisible()) {
-        m_pOpenedFrom->activateWindow();
+    QWidget* const pOpenedFrom = m_pOpenedFrom;
+    if (bHadKeyboard && pOpenedFrom != nullptr && pOpenedFrom->isVisible()) {
+        pOpenedFrom->activateWindow();
     }
 }
 
