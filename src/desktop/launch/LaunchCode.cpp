@@ -17,15 +17,37 @@ namespace {
 /// The error numbers above 30 that a path or a start can come to, and those that come nearest.
 constexpr std::array<std::pair<int, int>, 31> kNearest = {{
     {ENAMETOOLONG, ENOENT}, // such a path leads to nothing
-    {ELOOP, ENOENT},        {ESTALE, ENOENT},       {ELIBACC, ENOENT},    {ELIBBAD, ENOEXEC},
-    {ELIBEXEC, ENOEXEC},    {ELIBMAX, ENOEXEC},     {ENOKEY, EACCES},     {EKEYEXPIRED, EACCES},
-    {EKEYREVOKED, EACCES},  {EKEYREJECTED, EACCES}, {EOPNOTSUPP, EPERM},  {ENOSYS, EPERM},
-    {EOVERFLOW, EFBIG},     {EDQUOT, ENOSPC},       {ENOBUFS, ENOMEM},    {EUSERS, EAGAIN},
-    {ENOLCK, EAGAIN},       {EDEADLK, EBUSY},       {EALREADY, EBUSY},    {EINPROGRESS, EBUSY},
-    {ECANCELED, EINTR},     {ENOTEMPTY, EEXIST},    {EDOM, EINVAL},       {ERANGE, EINVAL},
-    {EILSEQ, EINVAL},       {ENOMEDIUM, ENXIO},     {ENOTCONN, ENXIO}, // what lies on another machine, or is
-                                                                       // served by a program
-    {EHOSTDOWN, ENXIO},     {EHOSTUNREACH, ENXIO},  {ENETUNREACH, ENXIO},
+    {ELOOP, ENOENT},
+    {ESTALE, ENOENT},
+    {ELIBACC, ENOENT},
+    {ELIBBAD, ENOEXEC},
+    {ELIBEXEC, ENOEXEC},
+    {ELIBMAX, ENOEXEC},
+    {ENOKEY, EACCES},
+    {EKEYEXPIRED, EACCES},
+    {EKEYREVOKED, EACCES},
+    {EKEYREJECTED, EACCES},
+    {EOPNOTSUPP, EPERM},
+    {ENOSYS, EPERM},
+    {EOVERFLOW, EFBIG},
+    {EDQUOT, ENOSPC},
+    {ENOBUFS, ENOMEM},
+    {EUSERS, EAGAIN},
+    {ENOLCK, EAGAIN},
+    {EDEADLK, EBUSY},
+    {EALREADY, EBUSY},
+    {EINPROGRESS, EBUSY},
+    {ECANCELED, EINTR},
+    {ENOTEMPTY, EEXIST},
+    {EDOM, EINVAL},
+    {ERANGE, EINVAL},
+    {EILSEQ, EINVAL},
+    {ENOMEDIUM, ENXIO},
+    {ENOTCONN, ENXIO}, // what lies on another machine, or is
+                       // served by a program
+    {EHOSTDOWN, ENXIO},
+    {EHOSTUNREACH, ENXIO},
+    {ENETUNREACH, ENXIO},
 }};
 
 } // namespace
