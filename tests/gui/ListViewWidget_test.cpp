@@ -1,3 +1,4 @@
+#include "ListColors.h"
 #include "ShownList.h"
 
 #include <QApplication>
@@ -102,6 +103,49 @@ TEST(ListViewWidget, FindsWhatIsTyped)
         shown.pView->keyboardSearch({}); // as after a pause
     }
     QApplication::setKeyboardInputInterval(nUsual);
+}
+
+TEST(ListViewWidget, ColoursFitTheDesktop)
+{
+    const QPalette light = QApplication::palette();
+    QPalette dark(QColor(60, 60, 60), QColor(35, 35, 35));
+    dark.setColor(QPalette::ToolTipBase, QColor(0xFF, 0xFF, 0xDC));
+    dark.setColor(QPalette::ToolTipText, Qt::black);
+    QPalette darkThroughout = dark;
+    darkThroughout.setColor(QPalette::ToolTipBase, QColor(62, 60, 44));
+    darkThroughout.setColor(QPalette::ToolTipText, Qt::white);
+    darkThroughout.setColor(QPalette::Inactive, QPalette::Highlight, QColor(80, 80, 90));
+    QPalette lightWithBlackTips = light;
+    lightWithBlackTips.setColor(QPalette::ToolTipBase, Qt::black);
+    lightWithBlackTips.setColor(QPalette::ToolTipText, Qt::white);
+    const struct {
+        const char* pName;
+        const QPalette& system;
+        bool bKeepsInformation, bKeepsInactive;
+    } cases[] = {{"light", light, true, false},
+                 {"dark, bright information", dark, false, false},
+                 {"dark throughout", darkThroughout, true, true},
+                 {"light, black information", lightWithBlackTips, false, false}};
+    for (const auto& [pName, system, bKeepsInformation, bKeepsInactive] : cases) {
+        SCOPED_TRACE(pName);
+        for (const auto background :
+             {platform::SystemColor::InfoBackground, platform::SystemColor::WindowBackground}) {
+            const bool bInformation = background == platform::SystemColor::InfoBackground;
+            const QPalette shown = desktop::ListColors(system, background);
+            const QColor base = shown.color(QPalette::Base);
+            EXPECT_EQ(base == system.color(QPalette::ToolTipBase), bInformation && bKeepsInformation);
+            EXPECT_EQ(base == system.color(QPalette::Base), !bInformation);
+            EXPECT_LT(desktop::Contrast(base, system.color(QPalette::Base)), 2) << "it glares";
+            EXPECT_GT(desktop::Contrast(base, shown.color(QPalette::Text)), 4.5);
+            const QColor unfocused = shown.color(QPalette::Inactive, QPalette::Highlight);
+            EXPECT_EQ(unfocused == system.color(QPalette::Inactive, QPalette::Highlight), bKeepsInactive);
+            EXPECT_NE(unfocused, shown.color(QPalette::Highlight));
+            EXPECT_GT(desktop::Contrast(unfocused, base), 1.2) << "it cannot be seen";
+            EXPECT_GT(
+                desktop::Contrast(unfocused, shown.color(QPalette::Inactive, QPalette::HighlightedText)),
+                4.5);
+        }
+    }
 }
 
 /// The unbroken runs of pixels of marks down the list, each from the first line that has one to the last.

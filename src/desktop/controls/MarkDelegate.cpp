@@ -1,5 +1,6 @@
 #include "MarkDelegate.h"
 
+#include "ListColors.h"
 #include "Pictures.h"
 #include "RowModel.h"
 
@@ -8,7 +9,6 @@
 #include <QStyle>
 
 #include <algorithm>
-#include <cmath>
 
 namespace desktop {
 namespace {
@@ -24,21 +24,6 @@ constexpr int kStrokeLeft = 4;
 constexpr int kStrokeWidth = 4;
 constexpr int kArmTop = 6;
 constexpr int kArmHeight = 4;
-
-/// How bright a colour is to the eye, 0 to 1.
-double Luminance(const QColor& color)
-{
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
-}
-
-double Contrast(const QColor& one, const QColor& other)
-{
-    const auto [dark, light] = std::minmax({Luminance(one), Luminance(other)});
-    return (light + 0.05) / (dark + 0.05);
-}
 
 /// The pure colour, or a paler one where that is easier to see.
 QColor MarkColor(bool bGone, const QColor& background)
