@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <set>
 #include <string>
 #include <utility>
@@ -97,7 +98,8 @@ TEST(ListViewWidget, FindsWhatIsTyped)
     };
     for (const auto& [pTyped, nRow] : steps) {
         for (const QChar c : QString::fromUtf8(pTyped)) {
-            shown.pView->keyboardSearch(c);
+            const int nKey = c == QLatin1Char(' ') ? Qt::Key_Space : Qt::Key_unknown;
+            QTest::sendKeyEvent(QTest::Press, shown.pView.get(), Qt::Key(nKey), c, Qt::NoModifier);
         }
         EXPECT_EQ(shown.Selected(), std::set<int>{nRow}) << pTyped;
         shown.pView->keyboardSearch({}); // as after a pause
@@ -148,23 +150,22 @@ TEST(ListViewWidget, ColoursFitTheDesktop)
     }
 }
 
-/// The unbroken runs of pixels of marks down the list, each from the first line that has one to the last.
-std::vector<std::pair<int, int>> Strokes(const QImage& image)
+/// The runs of pixels of marks down the list, each from the first line that has one to the last. A run goes
+/// on behind a gap of up to `nBridged` lines.
+std::vector<std::pair<int, int>> Strokes(const QImage& image, int nBridged)
 {
     const std::set<QRgb> marks = {0xFF0000FF, 0xFF8FA8FF, 0xFFFF0000, 0xFFFF9090};
     std::vector<std::pair<int, int>> runs;
-    bool bBefore = false;
     for (int y = 0; y < image.height(); ++y) {
         bool bMarked = false;
         for (int x = 0; x < image.width() / 4; ++x) {
             bMarked |= marks.contains(image.pixel(x, y));
         }
-        if (bMarked && !bBefore) {
+        if (bMarked && (runs.empty() || y - runs.back().second - 1 > nBridged)) {
             runs.emplace_back(y, y);
         } else if (bMarked) {
             runs.back().second = y;
         }
-        bBefore = bMarked;
     }
     return runs;
 }
@@ -195,7 +196,9 @@ TEST(ListViewWidget, JoinsTheMarksOfAGroup)
         image.setDevicePixelRatio(each.factor);
         shown.pView->viewport()->render(&image);
 
-        const auto strokes = Strokes(image);
+        // Those of files that have gone are broken, the others whole.
+        EXPECT_EQ(Strokes(image, 0).size(), groups.size() + 5) << "factor " << each.factor;
+        const auto strokes = Strokes(image, static_cast<int>(std::ceil(2 * each.factor)));
         ASSERT_EQ(strokes.size(), groups.size()) << "factor " << each.factor;
         int nRow = 0;
         for (std::size_t n = 0; n < groups.size(); ++n) {

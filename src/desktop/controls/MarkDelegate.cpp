@@ -24,6 +24,8 @@ constexpr int kStrokeLeft = 4;
 constexpr int kStrokeWidth = 4;
 constexpr int kArmTop = 6;
 constexpr int kArmHeight = 4;
+constexpr int kArmToGap = 1;
+constexpr int kGapHeight = 2;
 
 /// The pure colour, or a paler one where that is easier to see.
 QColor MarkColor(bool bGone, const QColor& background)
@@ -42,9 +44,18 @@ void PaintMark(QPainter& painter, const QRect& picture, const QRect& row, int nS
     const int nArmTop = row.top() + (row.height() - kSide) / 2 + kArmTop;
     const int nTop = nMark == kFirst ? nArmTop : row.top();
     const int nBottom = nMark == kLast ? nArmTop + kArmHeight : row.top() + row.height();
-    painter.fillRect(picture.left() + kStrokeLeft, nTop, kStrokeWidth, nBottom - nTop, color);
+    const int nLeft = picture.left() + kStrokeLeft;
+    QRegion mark(nLeft, nTop, kStrokeWidth, nBottom - nTop);
+    if (bGone) {
+        // The stroke of a file that has gone is broken, for those to whom red is blue. Rows still join.
+        mark -= QRect(nLeft, nArmTop - kArmToGap - kGapHeight, kStrokeWidth, kGapHeight);
+        mark -= QRect(nLeft, nArmTop + kArmHeight + kArmToGap, kStrokeWidth, kGapHeight);
+    }
     if (nMark == kFirst || nMark == kLast) {
-        painter.fillRect(picture.left() + kStrokeLeft, nArmTop, kSide - kStrokeLeft, kArmHeight, color);
+        mark += QRect(nLeft, nArmTop, kSide - kStrokeLeft, kArmHeight);
+    }
+    for (const QRect& part : mark) {
+        painter.fillRect(part, color);
     }
 }
 
