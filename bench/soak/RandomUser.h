@@ -9,7 +9,9 @@
 #include "World.h"
 #include "frmBrowse.h"
 
+#include <cstddef>
 #include <string>
+#include <string_view>
 
 namespace soak {
 

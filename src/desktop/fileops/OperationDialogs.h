@@ -2,6 +2,7 @@
 
 #include "Control.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>

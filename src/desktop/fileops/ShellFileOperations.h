@@ -4,6 +4,8 @@
 #include "OperationThread.h"
 #include "ShellFiles.h"
 
+#include <string>
+
 namespace desktop {
 
 /// The shell's file operations with the means of a Linux desktop: the freedesktop.org trash, moves within a
