@@ -28,8 +28,7 @@ void Write(const std::string& sPath, const std::string& sContent)
 {
     std::ofstream(sPath) << sContent;
     setxattr(sPath.c_str(), "user.note", "x", 1, 0);
-    const timespec times[] = {{1'700'000'000, 0}, {1'700'000'000, 0}}; // older than the clock's step
-    utimensat(AT_FDCWD, sPath.c_str(), times, 0);
+    FileWorld::SetOldTime(sPath);
 }
 
 /// A path in a note, whose odd bytes are written as %XX.
@@ -52,6 +51,31 @@ std::string Text(const std::string& sContent)
 
 } // namespace
 
+std::string HomeOf(const std::string& sPath)
+{
+    const std::size_t nFiles = sPath.find("/files", sPath.find("Trash"));
+    if (nFiles == std::string::npos) {
+        return sPath;
+    }
+    const std::size_t nName = sPath.find('/', nFiles + 1);
+    const std::size_t nEnd = std::min(sPath.find('/', nName + 1), sPath.size());
+    const std::string sInfo =
+        sPath.substr(0, nFiles) + "/info" + sPath.substr(nName, nEnd - nName) + ".trashinfo";
+    struct stat status{};
+    const std::string sNote =
+        lstat(sInfo.c_str(), &status) == 0 && S_ISREG(status.st_mode) && status.st_size < 10'000
+            ? support::Content(sInfo)
+            : "";
+    const std::string sStart = "[Trash Info]\nPath=";
+    const std::size_t nLine = sNote.find("\nDeletionDate=2");
+    if (!sNote.starts_with(sStart) || nLine == std::string::npos) {
+        return {};
+    }
+    const std::string sNoted = Unescaped(sNote.substr(sStart.size(), nLine - sStart.size()));
+    const std::string sTop = sPath.substr(0, sPath.find("/.Trash") + 1);
+    return (sNoted.starts_with('/') ? "" : sTop) + sNoted + sPath.substr(nEnd);
+}
+
 std::string tRun::ReasonFor(const std::string& sPath) const
 {
     for (const auto& each : outcome.notDone) {
@@ -66,6 +90,12 @@ FileWorld::FileWorld(std::string sHere, std::string sOther, std::string sTrashFo
     : sTrash(std::move(sTrashFolder)), m_sHere(std::move(sHere)), m_sOther(std::move(sOther))
 {
     sPrivate = m_sHere + "/private";
+}
+
+bool FileWorld::SetOldTime(const std::string& sPath)
+{
+    const timespec times[] = {{1'700'000'000, 0}, {1'700'000'000, 0}};
+    return utimensat(AT_FDCWD, sPath.c_str(), times, 0) == 0;
 }
 
 std::string FileWorld::Content(const std::string& sText)
@@ -141,7 +171,8 @@ tRun FileWorld::Run(const Judge& judge)
     };
     const auto plain = [&](const tCall& call, std::size_t n) {
         const bool bRefused = (call.sCall == "renameat2" && call.arguments[4] != 0) ||
-                              (call.sCall == "openat" && (call.arguments[2] & O_TMPFILE) == O_TMPFILE);
+                              (call.sCall == "openat" && (call.arguments[2] & O_TMPFILE) == O_TMPFILE) ||
+                              call.sCall == "copy_file_range";
         const int nVerdict = judge(call, n);
         return nVerdict == 0 && scenario.bPlain && bRefused ? EINVAL : nVerdict;
     };
@@ -184,32 +215,6 @@ std::vector<std::string> FileWorld::Names() const
 void FileWorld::Cancel()
 {
     Cancelled() = true;
-}
-
-std::string FileWorld::HomeOf(const std::string& sPath) const
-{
-    const std::size_t nFiles = sPath.find("/files", sPath.find("Trash"));
-    if (nFiles == std::string::npos) {
-        return sPath;
-    }
-    const std::size_t nName = sPath.find('/', nFiles + 1);
-    const std::size_t nEnd = std::min(sPath.find('/', nName + 1), sPath.size());
-    const std::string sInfo =
-        sPath.substr(0, nFiles) + "/info" + sPath.substr(nName, nEnd - nName) + ".trashinfo";
-    struct stat status {
-    };
-    const std::string sNote =
-        lstat(sInfo.c_str(), &status) == 0 && S_ISREG(status.st_mode) && status.st_size < 10'000
-            ? support::Content(sInfo)
-            : "";
-    const std::string sStart = "[Trash Info]\nPath=";
-    const std::size_t nLine = sNote.find("\nDeletionDate=2");
-    if (!sNote.starts_with(sStart) || nLine == std::string::npos) {
-        return {};
-    }
-    const std::string sNoted = Unescaped(sNote.substr(sStart.size(), nLine - sStart.size()));
-    const std::string sTop = sPath.substr(0, sPath.find("/.Trash") + 1);
-    return (sNoted.starts_with('/') ? "" : sTop) + sNoted + sPath.substr(nEnd);
 }
 
 std::vector<tFound> FileWorld::Find() const
@@ -260,8 +265,7 @@ std::string FileWorld::PrivateState() const
         paths.insert(each.path().string());
     }
     for (const std::string& sPath : paths) {
-        struct stat status {
-        };
+        struct stat status{};
         lstat(sPath.c_str(), &status);
         state << sPath << ' ' << status.st_ino << ' ' << status.st_ctim.tv_sec << '.'
               << status.st_ctim.tv_nsec << '\n';

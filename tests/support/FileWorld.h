@@ -20,15 +20,19 @@ struct tScenario {
     bool bFromOther = false; ///< the files are on the other volume, which has no trash
     bool bToOther = false;
     bool bReplace = false; ///< an a stands at the destination
-    bool bPlain = false;   ///< the file systems know no rename without replacing, no nameless files
+    bool bPlain =
+        false; ///< the file systems neither rename without replacing nor copy, and know no nameless files
 };
 
 /// A file of the world.
 struct tFound {
     std::string sPath;
-    std::string sHome; ///< where it belongs: its path, or what its note in a trash says; empty without a note
+    std::string sHome; ///< see HomeOf
     std::string sContent;
 };
+
+/// Where the file at `sPath` belongs: there, or where its note in a trash says; empty without a note.
+std::string HomeOf(const std::string& sPath);
 
 /// One operation that has come to an end, or did not.
 struct tRun {
@@ -76,6 +80,9 @@ public:
     /// The content that a file gets; what it is found by. The file's name is to be the last word of `sText`.
     static std::string Content(const std::string& sText);
 
+    /// The time that files get at first.
+    static bool SetOldTime(const std::string& sPath);
+
     tScenario scenario{};
     std::string sFrom, sTo, sPrivate, sTrash;
     std::set<std::string> required;   ///< contents that must be there at the end
@@ -85,7 +92,6 @@ public:
 
 private:
     void Make(const std::string& sFolder, const std::string& sText);
-    [[nodiscard]] std::string HomeOf(const std::string& sPath) const;
     [[nodiscard]] std::string PrivateState() const;
 
     std::string m_sHere;

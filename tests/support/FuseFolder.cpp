@@ -110,8 +110,7 @@ fuse_operations Operations()
 
 dev_t DeviceOf(const std::string& sPath)
 {
-    struct stat status {
-    };
+    struct stat status{};
     return stat(sPath.c_str(), &status) == 0 ? status.st_dev : 0;
 }
 

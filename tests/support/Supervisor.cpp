@@ -10,6 +10,7 @@
 #include <linux/filter.h>
 #include <linux/seccomp.h>
 #include <poll.h>
+#include <sched.h>
 #include <sys/ioctl.h>
 #include <sys/prctl.h>
 #include <sys/socket.h>
@@ -34,18 +35,9 @@ struct tTraced {
     bool bChanges;
 };
 
-#define AT(name, nFolder, nName, bChanges)                                                                   \
-    {                                                                                                        \
-        SYS_##name, #name, nFolder, nName, bChanges                                                          \
-    }
-#define PATH(name, nName, bChanges)                                                                          \
-    {                                                                                                        \
-        SYS_##name, #name, -1, nName, bChanges                                                               \
-    }
-#define OPEN(name, h, bChanges)                                                                              \
-    {                                                                                                        \
-        SYS_##name, #name, h, -1, bChanges                                                                   \
-    }
+#define AT(name, nFolder, nName, bChanges) {SYS_##name, #name, nFolder, nName, bChanges}
+#define PATH(name, nName, bChanges) {SYS_##name, #name, -1, nName, bChanges}
+#define OPEN(name, h, bChanges) {SYS_##name, #name, h, -1, bChanges}
 const std::vector<tTraced> kTraced{
     AT(openat, 0, 1, false),     AT(openat2, 0, 1, false),    AT(newfstatat, 0, 1, false),
     AT(statx, 0, 1, false),      AT(readlinkat, 0, 1, false), AT(faccessat, 0, 1, false),
@@ -124,29 +116,16 @@ bool Counts(const tCall& call, const std::vector<std::string>& places)
                        [&](const auto& each) { return call.sPath.starts_with(each); });
 }
 
-/// Carries out half of a call that writes; what it returns.
+/// Carries out half of a write; what it returns.
 std::int64_t Half(const tCall& call, int hMemory)
 {
     const auto process = static_cast<int>(syscall(SYS_pidfd_open, call.nProcess, 0));
-    const auto file = [&](std::size_t n) {
-        return static_cast<int>(syscall(SYS_pidfd_getfd, process, call.arguments[n], 0));
-    };
-    const bool bCopies = call.sCall == "copy_file_range";
-    const int hTo = file(bCopies ? 2 : 0);
-    ssize_t nDone = 0;
-    if (bCopies) {
-        const int hFrom = file(0);
-        auto nFrom = Memory<off64_t>(hMemory, call.arguments[1]);
-        auto nTo = Memory<off64_t>(hMemory, call.arguments[3]);
-        nDone = copy_file_range(hFrom, &nFrom, hTo, &nTo, (call.arguments[4] + 1) / 2, 0);
-        close(hFrom);
-    } else {
-        std::string sBytes((call.arguments[2] + 1) / 2, '\0');
-        nDone = pread(hMemory, sBytes.data(), sBytes.size(), static_cast<off_t>(call.arguments[1]));
-        nDone = call.sCall == "write"
-                    ? write(hTo, sBytes.data(), sBytes.size())
-                    : pwrite(hTo, sBytes.data(), sBytes.size(), static_cast<off_t>(call.arguments[3]));
-    }
+    const auto hTo = static_cast<int>(syscall(SYS_pidfd_getfd, process, call.arguments[0], 0));
+    std::string sBytes((call.arguments[2] + 1) / 2, '\0');
+    pread(hMemory, sBytes.data(), sBytes.size(), static_cast<off_t>(call.arguments[1]));
+    const ssize_t nDone = call.sCall == "write" ? write(hTo, sBytes.data(), sBytes.size())
+                                                : pwrite(hTo, sBytes.data(), sBytes.size(),
+                                                         static_cast<off_t>(call.arguments[3]));
     close(hTo);
     close(process);
     return nDone;
@@ -168,40 +147,11 @@ int Watch()
         syscall(SYS_seccomp, SECCOMP_SET_MODE_FILTER, SECCOMP_FILTER_FLAG_NEW_LISTENER, &filter));
 }
 
-/// A message with a descriptor in it, to be sent or received.
-struct tMessage {
-    explicit tMessage(int h = -1)
-    {
-        header.msg_iov = &bytes;
-        header.msg_iovlen = 1;
-        header.msg_control = control.data();
-        header.msg_controllen = control.size();
-        cmsghdr* p = CMSG_FIRSTHDR(&header);
-        p->cmsg_level = SOL_SOCKET;
-        p->cmsg_type = SCM_RIGHTS;
-        p->cmsg_len = CMSG_LEN(sizeof h);
-        std::memcpy(CMSG_DATA(p), &h, sizeof h);
-    }
-    tMessage& operator=(tMessage&&) = delete;
-    [[nodiscard]] int Descriptor() const
-    {
-        int h = -1;
-        std::memcpy(&h, CMSG_DATA(CMSG_FIRSTHDR(&header)), sizeof h);
-        return h;
-    }
-
-    char c = 0;
-    iovec bytes{&c, 1};
-    alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof(int))> control{};
-    msghdr header{};
-};
-
 [[noreturn]] void Work(int hTo, const std::function<std::string()>& work)
 {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     const int h = Watch();
-    const tMessage message(h);
-    if (h < 0 || sendmsg(hTo, &message.header, 0) < 0) {
+    if (h < 0 || unshare(CLONE_FILES) != 0 || send(hTo, &h, sizeof h, 0) < 0) {
         _exit(1);
     }
     close(h);
@@ -246,15 +196,15 @@ tSupervised Supervise(const std::vector<std::string>& places, const std::functio
         result.bPossible = false;
         return result;
     }
-    const pid_t child = fork();
+    // Until it parts with them the child has the same descriptors, so the one that it gets is here, too.
+    const auto child = static_cast<pid_t>(syscall(SYS_clone, CLONE_FILES | SIGCHLD, 0, 0, 0, 0));
     if (child == 0) {
         Work(aSockets[1], work);
     }
     close(aSockets[1]);
-    tMessage message;
-    result.bPossible = recvmsg(aSockets[0], &message.header, MSG_CMSG_CLOEXEC) > 0;
+    int hListener = -1;
+    result.bPossible = recv(aSockets[0], &hListener, sizeof hListener, 0) > 0;
     if (result.bPossible) {
-        const int hListener = message.Descriptor();
         ioctl(hListener, kWakeAtOnce, 1);
         const int hMemory = open(("/proc/" + std::to_string(child) + "/mem").c_str(), O_RDONLY | O_CLOEXEC);
         for (bool bGoesOn = true; bGoesOn;) {

@@ -21,9 +21,8 @@ struct tCall {
     pid_t nProcess;
 };
 
-/// In place of a system's error number:
-inline constexpr int kShort = -1;   ///< half of what is to be written is
-inline constexpr int kNothing = -2; ///< nothing is done, as if it had succeeded
+/// In place of a system's error number, for a write:
+inline constexpr int kShort = -1; ///< half of what is to be written is
 
 /// Called before the `n`th call, counted from 1, is carried out; the error to give instead, or 0.
 using Judge = std::function<int(const tCall& call, std::size_t n)>;

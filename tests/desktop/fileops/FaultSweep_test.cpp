@@ -3,7 +3,6 @@
 // program is killed at it: nothing is lost, nothing half-written bears a name, nothing is claimed that is not
 // so, and the next operation clears up what a killed one has left.
 
-#include "FileWorld.h"
 #include "Operations.h"
 
 #include <algorithm>
@@ -15,17 +14,6 @@ using namespace fileops_test;
 using support::FileWorld;
 using support::tCall;
 using support::tScenario;
-
-const tScenario kScenarios[] = {
-    {"delete", platform::FO_DELETE},
-    {"move", platform::FO_MOVE, false, false, true},
-    {"move plainly", platform::FO_MOVE, false, false, true, true},
-    {"move to the trash's volume", platform::FO_MOVE, true, false, true},
-    {"move to the trash's volume plainly", platform::FO_MOVE, true, false, true, true},
-    {"move to a volume without trash", platform::FO_MOVE, false, true, true},
-    {"copy", platform::FO_COPY, false, false, true},
-    {"copy to a volume without trash", platform::FO_COPY, false, true},
-};
 
 struct tFault {
     std::size_t nAt = 0; ///< the call that fails, counted from 1; 0: none
@@ -53,7 +41,7 @@ const std::vector<int>& ErrorsOf(const tCall& call)
                                                                        : naming;
 }
 
-class FaultSweep : public ::testing::TestWithParam<tScenario>
+class FaultSweep : public Watched
 {
 protected:
     /// One run with a fault; what is wrong afterwards, empty if nothing.
@@ -95,9 +83,6 @@ protected:
         return sWrong + (bUnsure && sReasons.empty() ? "not synced and not named; " : "");
     }
 
-    TempTree tree{Home()};
-    TempTree other{OtherVolume()};
-    FileWorld world{tree.sRoot, other.sRoot, HomeTrash()};
     std::vector<tCall> calls; ///< of the last run
     std::size_t nDone = 0;
 };
@@ -138,6 +123,6 @@ TEST_P(FaultSweep, LosesNothingAndClaimsNothing)
     std::cout << scenario.pName << ": " << nRuns << " runs, " << all.size() << " calls\n";
 }
 
-INSTANTIATE_TEST_SUITE_P(, FaultSweep, ::testing::ValuesIn(kScenarios), support::NameOfScenario);
+INSTANTIATE_TEST_SUITE_P(, FaultSweep, kScenarios, support::NameOfScenario);
 
 } // namespace
