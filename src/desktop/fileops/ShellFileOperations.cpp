@@ -37,8 +37,7 @@ int ShellFileOperations::SHFileOperationA(const platform::SHFILEOPSTRUCT& reques
             bCancelled = bCancelled || !m_dialogs.Looking(soFar);
             return !bCancelled;
         };
-        if (!OperationThread::Run(
-                pThread, [pRun] { pRun->LookAtFiles(); }, looking, m_dialogs)) {
+        if (!OperationThread::Run(pThread, [pRun] { pRun->LookAtFiles(); }, looking, m_dialogs)) {
             return NoAnswer(soFar, *pThread);
         }
         // Who chose a folder to move or copy to has confirmed by that.
@@ -52,8 +51,7 @@ int ShellFileOperations::SHFileOperationA(const platform::SHFILEOPSTRUCT& reques
         bool bEnded = false;
         {
             const EndSignals signals;
-            bEnded = OperationThread::Run(
-                pThread, [pRun] { pRun->CarryOut(); }, working, m_dialogs);
+            bEnded = OperationThread::Run(pThread, [pRun] { pRun->CarryOut(); }, working, m_dialogs);
         }
         if (!bEnded) {
             return NoAnswer(operation, *pThread);

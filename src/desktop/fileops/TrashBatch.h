@@ -2,6 +2,7 @@
 #pragma once
 
 #include "HeldFile.h"
+#include "LastLook.h"
 #include "TrashFolder.h"
 #include "TrashJournal.h"
 
@@ -38,8 +39,8 @@ public:
     /// What became of the `n`th file already; nothing if it can go.
     [[nodiscard]] const std::optional<tResult>& Result(std::size_t n) const { return m_results[n]; }
 
-    /// The `n`th file goes, if it can.
-    tResult Go(std::size_t n);
+    /// The `n`th file goes, if it can and `pLastLook`, which may be null, has nothing against it.
+    tResult Go(std::size_t n, LastLook* pLastLook);
 
     /// The name that the `n`th file has in the trash.
     [[nodiscard]] const std::string& NameOf(std::size_t n) const { return m_notes[n].sName; }
@@ -50,11 +51,12 @@ public:
 private:
     tResult MakeNote(std::size_t n, bool bSync);
     int Sync(bool bAll);
+    [[nodiscard]] bool HasNote(std::size_t n) const;
 
     TrashFolder& m_trash;
     std::vector<const HeldFile*> m_files;
     std::vector<tPendingNote> m_notes;
-    std::vector<tLook> m_made; ///< what the notes were when they were written
+    std::vector<tLook> m_made; ///< which files the notes are
     std::vector<std::optional<tResult>> m_results;
     std::optional<TrashJournal> m_journal;
 };

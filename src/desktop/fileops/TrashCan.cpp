@@ -65,7 +65,7 @@ void TrashCan::Put(const std::vector<HeldFile>& files, const Begins& begins, con
         std::map<TrashPtr, std::vector<tWaiting>> byTrash;
         for (const tWaiting& each : std::exchange(waiting, {})) {
             std::string sReason;
-            const TrashPtr pTrash = m_folders.For(files[each.nFile], each.bVolume, sReason);
+            const TrashPtr pTrash = m_folders.For(files[each.nFile].Entry().Folder(), each.bVolume, sReason);
             if (pTrash) {
                 byTrash[pTrash].push_back(each);
             } else {
@@ -84,16 +84,12 @@ void TrashCan::Put(const std::vector<HeldFile>& files, const Begins& begins, con
             for (std::size_t n = 0; n < ofTrash.size(); ++n) {
                 const std::size_t nFile = ofTrash[n].nFile;
                 bGoOn = bGoOn && (batch.Result(n) || begins(nFile));
-                tEnding ending{tEnding::Kind::Cancelled, {}};
-                if (bGoOn) {
-                    ending = m_lastLook && !batch.Result(n) ? m_lastLook(files[nFile]) : tEnding();
-                }
-                if (!ending.IsDone()) {
+                if (!bGoOn) {
                     batch.Drop(n);
-                    ends(nFile, std::move(ending));
+                    ends(nFile, {tEnding::Kind::Cancelled, {}});
                     continue;
                 }
-                TrashBatch::tResult result = batch.Go(n);
+                TrashBatch::tResult result = batch.Go(n, m_pLastLook);
                 if (IsToBeTried(ofTrash[n], result)) {
                     waiting.push_back(ofTrash[n]);
                 } else {
@@ -109,13 +105,13 @@ tEnding TrashCan::Put(const HeldFile& file, tTrashed& trashed)
     tWaiting way;
     while (true) {
         std::string sReason;
-        trashed.pTrash = m_folders.For(file, way.bVolume, sReason);
+        trashed.pTrash = m_folders.For(file.Entry().Folder(), way.bVolume, sReason);
         if (!trashed.pTrash) {
             return WithoutTrash(file, std::move(sReason));
         }
         TrashBatch batch(*trashed.pTrash, {&file});
         batch.MakeNotes();
-        TrashBatch::tResult result = batch.Go(0);
+        TrashBatch::tResult result = batch.Go(0, nullptr);
         trashed.sName = batch.NameOf(0);
         if (!IsToBeTried(way, result)) {
             return Ending(std::move(result));

@@ -2,11 +2,11 @@
 #pragma once
 
 #include "HeldFile.h"
+#include "LastLook.h"
 #include "TrashFolders.h"
 
 #include <functional>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace desktop {
@@ -21,14 +21,19 @@ struct tTrashed {
 class TrashCan
 {
 public:
-    /// The last word on a file right before it goes to the trash: done, or why it is to stay.
-    using LastLook = std::function<tEnding(const HeldFile&)>;
     /// Asked before a file goes, by its position. False: the user has cancelled.
     using Begins = std::function<bool(std::size_t)>;
     /// Told how it ended, by its position.
     using Ends = std::function<void(std::size_t, tEnding)>;
 
-    explicit TrashCan(LastLook lastLook = {}) : m_lastLook(std::move(lastLook)) {}
+    /// `pLastLook`, which may be null, must outlive it.
+    explicit TrashCan(LastLook* pLastLook = nullptr) : m_pLastLook(pLastLook) {}
+
+    /// The trash for what is in a held folder; null if there is none, and `sReason` says why.
+    TrashPtr TrashOf(const HeldFolder& folder, std::string& sReason)
+    {
+        return m_folders.For(folder, false, sReason);
+    }
 
     /// Puts files, which are held, into the trash and makes sure that they can be restored from there;
     /// otherwise a file is where it was, or the reason says where. After a cancel the rest end as Cancelled.
@@ -43,7 +48,7 @@ public:
 
 private:
     TrashFolders m_folders;
-    LastLook m_lastLook;
+    LastLook* m_pLastLook;
 };
 
 } // namespace desktop

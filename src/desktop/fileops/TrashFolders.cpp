@@ -100,15 +100,14 @@ dev_t DeviceOf(std::string sPath)
 
 } // namespace
 
-TrashPtr TrashFolders::For(const HeldFile& file, bool bVolume, std::string& sReason)
+TrashPtr TrashFolders::For(const HeldFolder& folder, bool bVolume, std::string& sReason)
 {
     FindHome();
-    const tLook look = LookAt(file.Get());
-    if (!bVolume && look.nError == 0 && look.status.st_dev == m_homeDevice) {
+    if (!bVolume && folder.Look().status.st_dev == m_homeDevice) {
         sReason = m_home.sReason;
         return m_home.pTrash;
     }
-    const tMount* const pMount = MountOf(file.Entry().Folder().Path());
+    const tMount* const pMount = MountOf(folder.Path());
     if (pMount == nullptr) {
         sReason = kNoTrash;
         return nullptr;

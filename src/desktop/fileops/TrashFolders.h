@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "HeldFile.h"
+#include "HeldFolder.h"
 #include "MountTable.h"
 #include "TrashFolder.h"
 
@@ -19,9 +19,9 @@ using TrashPtr = std::shared_ptr<TrashFolder>;
 class TrashFolders
 {
 public:
-    /// The trash for a held file; null if it has none, and `sReason` says why. With `bVolume`, not the
-    /// home's.
-    TrashPtr For(const HeldFile& file, bool bVolume, std::string& sReason);
+    /// The trash for the files of a held folder; null if they have none, and `sReason` says why. With
+    /// `bVolume`, not the home's.
+    TrashPtr For(const HeldFolder& folder, bool bVolume, std::string& sReason);
 
 private:
     struct tTrash {
