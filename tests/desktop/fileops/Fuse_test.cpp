@@ -1,39 +1,71 @@
 // SPDX-License-Identifier: MIT
 // File systems in user space that lie, fail late, hang or know less than others.
 
-#include "FuseFolder.h"
 #include "Operations.h"
 
 #include <chrono>
+#include <csignal>
+#include <sys/mount.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
 
 namespace {
 
 using namespace fileops_test;
 using platform::FO_COPY;
 using platform::FO_MOVE;
-using support::FuseFolder;
-using support::Quirk;
 
 using Fuse = Operations;
+
+/// A folder shown elsewhere by a file system with a quirk (tools/oddfs), while this object lives.
+class OddFolder
+{
+public:
+    OddFolder(const std::string& sBehind, std::string sThere, const char* pQuirk)
+        : m_sThere(std::move(sThere)), m_nBefore(StatusOf(m_sThere).st_dev), m_process(fork())
+    {
+        if (m_process == 0) {
+            prctl(PR_SET_PDEATHSIG, SIGKILL);
+            execl(ODDFS, ODDFS, pQuirk, sBehind.c_str(), m_sThere.c_str(), nullptr);
+            _exit(1);
+        }
+        for (int n = 0; n < 200 && !IsMounted() && waitpid(m_process, nullptr, WNOHANG) == 0; ++n) {
+            usleep(10'000);
+        }
+    }
+    OddFolder& operator=(OddFolder&&) = delete;
+    ~OddFolder()
+    {
+        kill(m_process, SIGKILL);
+        waitpid(m_process, nullptr, 0);
+        umount2(m_sThere.c_str(), MNT_DETACH);
+    }
+    [[nodiscard]] bool IsMounted() const { return StatusOf(m_sThere).st_dev != m_nBefore; }
+
+private:
+    std::string m_sThere;
+    dev_t m_nBefore;
+    pid_t m_process;
+};
 
 TEST_F(Fuse, OnlyWhatArrivedWholeIsDone)
 {
     const struct {
         const char* pName;
-        Quirk quirk;
+        const char* pQuirk;
         bool bFromThere;
         bool bDone;
-    } cases[] = {{"from an ordinary one", Quirk::None, true, true},
-                 {"to an ordinary one", Quirk::None, false, true},
-                 {"from one that says that all sizes are 0", Quirk::SaysSizeZero, true, false},
-                 {"to one that says that all sizes are 0", Quirk::SaysSizeZero, false, false},
-                 {"to one that fails at the close", Quirk::FailsAtClose, false, false},
-                 {"from one that only renames plainly", Quirk::RenamesPlainly, true, true},
-                 {"to one that only renames plainly", Quirk::RenamesPlainly, false, true}};
+    } cases[] = {{"from an ordinary one", "none", true, true},
+                 {"to an ordinary one", "none", false, true},
+                 {"from one that says that all sizes are 0", "says-size-0", true, false},
+                 {"to one that says that all sizes are 0", "says-size-0", false, false},
+                 {"to one that fails at the close", "fails-at-close", false, false},
+                 {"from one that only renames plainly", "renames-plainly", true, true},
+                 {"to one that only renames plainly", "renames-plainly", false, true}};
     for (const auto& each : cases) {
         for (const unsigned wFunc : {FO_COPY, FO_MOVE}) {
             const std::string sWhat = std::string(wFunc == FO_COPY ? "copy " : "move ") + each.pName;
-            const FuseFolder there(Folder("behind"), Folder("there"), each.quirk);
+            const OddFolder there(Folder("behind"), Folder("there"), each.pQuirk);
             if (!there.IsMounted()) {
                 GTEST_SKIP() << "no file system can be mounted in user space here";
             }
@@ -54,7 +86,7 @@ TEST_F(Fuse, OnlyWhatArrivedWholeIsDone)
 
 TEST_F(Fuse, NothingIsReplacedWhereRenamesReplace)
 {
-    const FuseFolder there(Folder("behind"), Folder("there"), Quirk::RenamesPlainly);
+    const OddFolder there(Folder("behind"), Folder("there"), "renames-plainly");
     if (!there.IsMounted()) {
         GTEST_SKIP() << "no file system can be mounted in user space here";
     }
@@ -68,7 +100,7 @@ TEST_F(Fuse, NothingIsReplacedWhereRenamesReplace)
 TEST_F(Fuse, CancelDoesNotWaitForWhatHangs)
 {
     Folder("here");
-    const auto pThere = std::make_unique<FuseFolder>(Folder("behind"), Folder("there"), Quirk::HangsAtRead);
+    const auto pThere = std::make_unique<OddFolder>(Folder("behind"), Folder("there"), "hangs-at-read");
     if (!pThere->IsMounted()) {
         GTEST_SKIP() << "no file system can be mounted in user space here";
     }

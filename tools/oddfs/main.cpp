@@ -1,21 +1,34 @@
 // SPDX-License-Identifier: MIT
-#include "FuseFolder.h"
+// Shows a folder at another place as a file system with a quirk would: oddfs QUIRK FOLDER MOUNTPOINT. It
+// stays until it is unmounted or ended.
 
 #define FUSE_USE_VERSION 31
 #include <cerrno>
-#include <csignal>
+#include <cstdio>
 #include <dirent.h>
 #include <fcntl.h>
 #include <fuse.h>
-#include <sys/mount.h>
-#include <sys/prctl.h>
+#include <map>
+#include <string>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
 
-namespace support {
 namespace {
+
+enum class Quirk {
+    None,
+    SaysSizeZero,  // of every file, also of those with contents
+    FailsAtClose,  // what is written becomes zeros, and only the close says so
+    HangsAtRead,   // for as long as it is mounted
+    RenamesPlainly // knows neither a rename without replacing nor a second name for a file
+};
+
+const std::map<std::string, Quirk> kQuirks{{"none", Quirk::None},
+                                           {"says-size-0", Quirk::SaysSizeZero},
+                                           {"fails-at-close", Quirk::FailsAtClose},
+                                           {"hangs-at-read", Quirk::HangsAtRead},
+                                           {"renames-plainly", Quirk::RenamesPlainly}};
 
 std::string g_sBehind;
 Quirk g_quirk = Quirk::None;
@@ -108,42 +121,22 @@ fuse_operations Operations()
     return o;
 }
 
-dev_t DeviceOf(const std::string& sPath)
-{
-    struct stat status{};
-    return stat(sPath.c_str(), &status) == 0 ? status.st_dev : 0;
-}
-
 } // namespace
 
-FuseFolder::FuseFolder(const std::string& sBehind, std::string sMountPoint, Quirk quirk)
-    : m_sMountPoint(std::move(sMountPoint)), m_nDeviceBefore(DeviceOf(m_sMountPoint)), m_process(fork())
+int main(int argc, char* argv[])
 {
-    if (m_process == 0) {
-        prctl(PR_SET_PDEATHSIG, SIGKILL);
-        g_sBehind = sBehind;
-        g_quirk = quirk;
-        std::string arguments[] = {"fuse", "-f", "-s", m_sMountPoint};
-        char* aArguments[] = {arguments[0].data(), arguments[1].data(), arguments[2].data(),
-                              arguments[3].data(), nullptr};
-        const fuse_operations operations = Operations();
-        _exit(fuse_main(4, aArguments, &operations, nullptr));
+    const auto quirk = argc == 4 ? kQuirks.find(argv[1]) : kQuirks.end();
+    if (quirk == kQuirks.end()) {
+        std::fputs(
+            "usage: oddfs none|says-size-0|fails-at-close|hangs-at-read|renames-plainly FOLDER MOUNTPOINT\n",
+            stderr);
+        return 64;
     }
-    for (int n = 0; n < 200 && !IsMounted() && waitpid(m_process, nullptr, WNOHANG) == 0; ++n) {
-        usleep(10'000);
-    }
+    g_sBehind = argv[2];
+    g_quirk = quirk->second;
+    std::string arguments[] = {"oddfs", "-f", "-s", argv[3]};
+    char* aArguments[] = {arguments[0].data(), arguments[1].data(), arguments[2].data(), arguments[3].data(),
+                          nullptr};
+    const fuse_operations operations = Operations();
+    return fuse_main(4, aArguments, &operations, nullptr);
 }
-
-FuseFolder::~FuseFolder()
-{
-    kill(m_process, SIGKILL);
-    waitpid(m_process, nullptr, 0);
-    umount2(m_sMountPoint.c_str(), MNT_DETACH);
-}
-
-bool FuseFolder::IsMounted() const
-{
-    return DeviceOf(m_sMountPoint) != m_nDeviceBefore;
-}
-
-} // namespace support
