@@ -11,6 +11,7 @@
 #include <fstream>
 #include <functional>
 #include <gio/gio.h>
+#include <map>
 #include <string>
 #include <string_view>
 #include <unistd.h>
@@ -145,6 +146,55 @@ void Trash(const std::string& sRoot, std::size_t nFiles)
     });
 }
 
+/// Files of one name from as many folders: the time must double with them.
+void TrashEqualNames(const std::string& sRoot, std::size_t nFiles)
+{
+    const auto request = [&](std::size_t nMost) {
+        platform::SHFILEOPSTRUCT some;
+        some.wFunc = platform::FO_DELETE;
+        some.fFlags = platform::FOF_ALLOWUNDO;
+        for (std::size_t n = 0; n < nMost; ++n) {
+            some.pFrom += sRoot + "/from/" + std::to_string(n) + "/same.txt" + '\0';
+        }
+        return some;
+    };
+    Compare({{"ours", [&] { Carry(request(nFiles)); }}, {"ours, half", [&] { Carry(request(nFiles / 2)); }}},
+            [&] {
+                fs::remove_all(sRoot + "/share");
+                for (std::size_t n = 0; n < nFiles; ++n) {
+                    const std::string sFolder = sRoot + "/from/" + std::to_string(n);
+                    fs::create_directories(sFolder);
+                    std::ofstream(sFolder + "/same.txt") << n;
+                }
+            });
+}
+
+/// A file in so many pieces of 4 KiB, with holes between.
+void CopyPieces(const std::string& sRoot, std::size_t nPieces)
+{
+    const std::string sPath = sRoot + "/pieces";
+    {
+        std::ofstream file(sPath, std::ios::binary);
+        const std::string sPiece(4096, 'x');
+        for (std::size_t n = 0; n < nPieces; ++n) {
+            file.seekp(static_cast<std::streamoff>(n * 3 * sPiece.size())) << sPiece;
+        }
+    }
+    platform::SHFILEOPSTRUCT request;
+    request.wFunc = platform::FO_COPY;
+    request.fFlags = platform::FOF_MULTIDESTFILES;
+    request.pFrom = sPath + '\0';
+    request.pTo = sRoot + "/to/pieces" + '\0';
+    const std::string sCopy = "cp -p " + sPath + ' ' + sRoot + "/to";
+    Compare({{"ours", [&] { Carry(request); }},
+             {"cp -p", [&] { Command(sCopy); }},
+             {"cp -p, sync", [&] { Command(sCopy + " && sync " + sRoot + "/to/*"); }}},
+            [&] {
+                fs::remove_all(sRoot + "/to");
+                fs::create_directories(sRoot + "/to");
+            });
+}
+
 void Copy(const std::string& sRoot, std::size_t nMegabytes)
 {
     platform::SHFILEOPSTRUCT request;
@@ -180,9 +230,13 @@ int main(int argc, char* argv[])
 {
     const std::string_view sWhat = argc > 1 ? argv[1] : "";
     const std::size_t nCount = argc > 2 ? std::strtoul(argv[2], nullptr, 10) : 0;
-    if ((sWhat != "trash" && sWhat != "copy") || nCount == 0 || argc > 4) {
+    const std::map<std::string_view, void (*)(const std::string&, std::size_t)> works{
+        {"trash", &Trash}, {"same", &TrashEqualNames}, {"copy", &Copy}, {"pieces", &CopyPieces}};
+    const auto work = works.find(sWhat);
+    if (work == works.end() || nCount == 0 || argc > 4) {
         std::fputs(
-            "usage: opsrun trash FILES [FOLDER]\n       opsrun copy MEGABYTES [FOLDER]\n"
+            "usage: opsrun trash FILES [FOLDER]\n       opsrun same FILES [FOLDER]\n"
+            "       opsrun copy MEGABYTES [FOLDER]\n       opsrun pieces NUMBER [FOLDER]\n"
             "Works in a folder of its own below FOLDER or the temporary one, with a trash of its own.\n",
             stderr);
         return kUsage;
@@ -196,7 +250,7 @@ int main(int argc, char* argv[])
     setenv("XDG_DATA_HOME", (sRoot + "/share").c_str(), 1);
     unsetenv("DBUS_SESSION_BUS_ADDRESS");
     unsetenv("DISPLAY");
-    sWhat == "trash" ? Trash(sRoot, nCount) : Copy(sRoot, nCount);
+    work->second(sRoot, nCount);
     fs::remove_all(sRoot);
     return 0;
 }
