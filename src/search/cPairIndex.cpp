@@ -3,6 +3,7 @@
 #include "IndexTable.h"
 #include "Utf8.h"
 #include "cTextClasses.h"
+#include "mCommon.h"
 #include "mTextCompare.h"
 
 #include <algorithm>

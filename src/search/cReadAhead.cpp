@@ -1,6 +1,7 @@
 #include "cReadAhead.h"
 
 #include "System.h"
+#include "mCommon.h"
 
 #include <algorithm>
 

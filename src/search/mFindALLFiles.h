@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FileTime.h"
+#include "FolderListing.h"
 
 #include <string>
 #include <string_view>

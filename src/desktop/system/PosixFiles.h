@@ -2,6 +2,7 @@
 
 #include "Descriptor.h"
 #include "FileSystem.h"
+#include "FolderListing.h"
 
 #include <cstddef>
 #include <cstdint>
