@@ -1,5 +1,6 @@
 // One search over the folders named on the command line, without a window.
 
+#include "Escaped.h"
 #include "HeadlessForms.h"
 #include "PosixFiles.h"
 #include "cGroupRows.h"
@@ -27,6 +28,7 @@ struct tOptions {
     bool bContent = true;
     bool bNameSize = false;
     bool bHidden = false;
+    bool bPrint = false;
     std::string sRowsFile;
     std::vector<std::string> folders;
 };
@@ -69,7 +71,8 @@ private:
 
 int Usage()
 {
-    std::cerr << "usage: searchrun [--content | --name | --namesize] [--hidden] [--rows FILE] FOLDER...\n";
+    std::cerr << "usage: searchrun [--content | --name | --namesize] [--hidden] [--print] [--rows FILE] "
+                 "FOLDER...\n";
     return kUsage;
 }
 
@@ -87,6 +90,8 @@ bool ReadOptions(const std::vector<std::string_view>& arguments, tOptions& optio
             options.bNameSize = sArgument == "--namesize";
         } else if (sArgument == "--hidden") {
             options.bHidden = true;
+        } else if (sArgument == "--print") {
+            options.bPrint = true;
         } else if (sArgument == "--rows" && n + 1 < arguments.size()) {
             options.sRowsFile = arguments[++n];
         } else {
@@ -104,11 +109,21 @@ bool AddFolders(const std::vector<std::string>& folders, platform::FileSystem& f
         if (const auto sCanonical = files.CanonicalFolder(sFolder)) {
             form.lvFolders.ListItems.Add(*sCanonical, *sCanonical, 1);
         } else {
-            std::cerr << "searchrun: cannot open " << sFolder << '\n';
+            std::cerr << "searchrun: cannot open " << platform::Escaped(sFolder) << '\n';
             bAll = false;
         }
     }
     return bAll;
+}
+
+/// Each group as lines that no name can forge, with an empty one behind it.
+void PrintRows(platform::ListItems& rows)
+{
+    for (std::size_t n = 1; n <= rows.Count(); ++n) {
+        std::cout << platform::Escaped(rows(n).Key()) << '\n';
+        std::cout << (rows(n).SmallIcon() == search::kMarkLast ? "\n" : "");
+    }
+    std::cout.flush();
 }
 
 bool WriteRows(const std::string& sFile, platform::ListItems& rows)
@@ -150,6 +165,9 @@ int main(int argc, char** argv)
     std::size_t nGroups = 0;
     for (std::size_t n = 1; n <= rows.Count(); ++n) {
         nGroups += rows(n).SmallIcon() == search::kMarkFirst ? 1U : 0U;
+    }
+    if (options.bPrint) {
+        PrintRows(rows);
     }
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);

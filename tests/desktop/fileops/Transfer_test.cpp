@@ -178,6 +178,27 @@ TEST_F(Transfer, BeginsNoMoveToAnotherVolumeThatCannotEnd)
     EXPECT_TRUE(!fs::exists(sOwn) && Contents(other.sRoot).empty());
 }
 
+TEST_F(Transfer, LetsNobodyInWhoCouldNotUseTheOriginal)
+{
+    if (geteuid() != 0) {
+        GTEST_SKIP() << "needs root to make files of somebody else";
+    }
+    const struct {
+        const char* pName;
+        mode_t mode, copy;
+        bool bTold;
+    } cases[] = {{"same", 0644, 0644, false}, {"group", 0664, 0644, true}, {"others", 0606, 0600, true}};
+    fs::permissions(other.sRoot, fs::perms::all);
+    for (const auto& each : cases) {
+        const std::string sPath = tree.File(each.pName, "x");
+        ASSERT_TRUE(chown(sPath.c_str(), 65534, 12345) == 0 && chmod(sPath.c_str(), each.mode) == 0);
+        const Unprivileged anybody; // who is none of the group
+        EXPECT_EQ(Run(FO_COPY, {sPath}, other.sRoot), Reasons());
+        EXPECT_EQ(StatusOf(other.sRoot + '/' + each.pName).st_mode & 07777, each.copy) << each.pName;
+        EXPECT_EQ(user.outcome.remarks.size(), each.bTold ? 1U : 0U) << each.pName;
+    }
+}
+
 TEST_F(Transfer, GivesUpWhenTheDiskFailsBehindIt)
 {
     const std::string sPath = tree.File("large", std::string(48 << 20, 'x'));
