@@ -150,8 +150,9 @@ int Watch()
 [[noreturn]] void Work(int hTo, const std::function<std::string()>& work)
 {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
-    const int h = Watch();
-    if (h < 0 || unshare(CLONE_FILES) != 0 || send(hTo, &h, sizeof h, 0) < 0) {
+    int h = Watch();
+    h = unshare(CLONE_FILES) == 0 ? h : -1;
+    if (send(hTo, &h, sizeof h, 0) < 0 || h < 0) {
         _exit(1);
     }
     close(h);
@@ -201,9 +202,9 @@ tSupervised Supervise(const std::vector<std::string>& places, const std::functio
     if (child == 0) {
         Work(aSockets[1], work);
     }
-    close(aSockets[1]);
     int hListener = -1;
-    result.bPossible = recv(aSockets[0], &hListener, sizeof hListener, 0) > 0;
+    result.bPossible = recv(aSockets[0], &hListener, sizeof hListener, 0) > 0 && hListener >= 0;
+    close(aSockets[1]); // not before: until now the child had it only as ours
     if (result.bPossible) {
         ioctl(hListener, kWakeAtOnce, 1);
         const int hMemory = open(("/proc/" + std::to_string(child) + "/mem").c_str(), O_RDONLY | O_CLOEXEC);

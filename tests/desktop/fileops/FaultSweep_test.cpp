@@ -93,6 +93,18 @@ TEST_P(FaultSweep, LosesNothingAndClaimsNothing)
     ASSERT_EQ(Try({}), "");
     ASSERT_EQ(nDone, scenario.bToOther && scenario.bReplace ? 0U : world.Names().size());
     const auto all = calls;
+    // A copy is on the disk before its name, and its name before the source goes.
+    const auto first = [&](const char* pCall, const std::string& sPath) {
+        return std::find_if(all.begin(), all.end(), [&](const tCall& call) {
+            return call.bChanges && call.sCall.find(pCall) != call.sCall.npos &&
+                   (sPath.ends_with('/') ? call.sPath.starts_with(sPath) : call.sPath == sPath);
+        });
+    };
+    const bool bMoves = scenario.wFunc == platform::FO_MOVE;
+    if (!bMoves || scenario.bFromOther || scenario.bToOther) {
+        EXPECT_LE(first("fsync", world.sTo + '/'), first("", world.sTo + "/a"));
+        EXPECT_LE(first("sync", world.sTo), bMoves ? first("", world.sFrom + '/') : all.end());
+    }
     std::size_t nRuns = 0;
     std::map<std::string, std::pair<std::size_t, std::string>> wrong; ///< by the fault: how often, the first
     for (std::size_t n = 1; n <= all.size(); ++n) {

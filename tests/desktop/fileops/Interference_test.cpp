@@ -164,8 +164,8 @@ private:
              return true;
          }},
         {"poke",
-         [&](auto& sPath, auto& sText) {
-             Forget(sPath);
+         [&](auto&, auto& sText) {
+             m_world.required.erase(FileWorld::Content("mine a"));
              Know(FileWorld::Content(sText));
              FileWorld::Content(sText).copy(m_pMapped, kSize);
              return true;
@@ -213,7 +213,7 @@ const tInterference kInterferences[] = {
     {"swaps the source for a folder", Side::Source, "mv from/a from/a.moved; mkdir from/a"},
     {"gives the source a second name", Side::Source, "ln from/a from/a.second"},
     {"puts a file where the source was", Side::Source, "make from/a theirs_a"},
-    {"grows the source", Side::Source, "open from/a; write from/a"},
+    {"grows the source", Side::Source, "open from/a; write from/a; close from/a"},
     {"rewrites the source", Side::Source, "open from/a; write from/a mine_edited_a; close from/a"},
     {"rewrites the source and sets its time back", Side::Source,
      "open from/a; wait from/a; write from/a mine_edited_a; redate from/a; close from/a"},
@@ -234,7 +234,7 @@ const tInterference kInterferences[] = {
     {"makes a file of the final name", Side::Target, "make to/a other_a"},
     {"makes a folder of the final name", Side::Target, "mkdir to/a"},
     {"makes a link of the final name", Side::Target, "symlink private/a to/a"},
-    {"edits the file of the final name", Side::Target, "open to/a; write to/a"},
+    {"edits the file of the final name", Side::Target, "open to/a; write to/a; close to/a"},
     {"renames the file of the final name", Side::Target, "mv to/a to/a.moved"},
     {"removes the file of the final name", Side::Target, "rm to/a"},
     {"removes the notes", Side::Trash, "spoil trash; each trash/info rm"},
@@ -283,7 +283,7 @@ protected:
             return 0;
         });
         if (sBefore.empty()) {
-            intruder.WriteIfOpen(each.side == Side::Source ? "mine late a" : "");
+            intruder.WriteIfOpen("mine late a");
         }
         return world.Wrong(run) + (each.side == Side::Trash ? "" : world.LeftBehind());
     }
