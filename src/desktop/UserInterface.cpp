@@ -2,9 +2,12 @@
 
 #include "OutlineStyle.h"
 #include "Pictures.h"
+#include "SearchWorkers.h"
 
 #include <QFont>
 #include <QStyle>
+
+#include <unistd.h>
 
 namespace desktop {
 namespace {
@@ -58,7 +61,13 @@ platform::tSystem UserInterface::System()
 
 int UserInterface::Run()
 {
-    return QApplication::exec();
+    const int nResult = QApplication::exec();
+    if (SearchWorkers::Alive() > 0) {
+        // One hangs in a read, perhaps for ever, and what it uses must not be taken from it. The windows have
+        // gone, and there is nothing to save.
+        _exit(nResult);
+    }
+    return nResult;
 }
 
 } // namespace desktop

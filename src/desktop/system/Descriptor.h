@@ -27,6 +27,9 @@ public:
     }
 
     [[nodiscard]] int Get() const { return m_h; }
+
+    /// Gives it away, unclosed.
+    [[nodiscard]] int Release() { return std::exchange(m_h, -1); }
     [[nodiscard]] bool IsOpen() const { return m_h >= 0; }
 
 private:
