@@ -47,6 +47,12 @@ shows() {
     import -silent -window root miff:- | convert - -alpha off -depth 8 -format %c histogram:info:- |
         awk -v wanted="$1" -v colour="$2" 'index($0, colour) && $1 + 0 >= wanted { found = 1 } END { exit !found }'
 }
+# painted TITLE: more than an empty frame
+painted() {
+    local window
+    window=$(xdotool search --onlyvisible --name "^$1\$") &&
+        [ "$(import -silent -window "$window" miff:- | convert - -format %k info:-)" -gt 20 ]
+}
 readonly mark='#0000FF' selected='#308CC6'
 
 # start_server SIZE: on a display that is free
@@ -59,8 +65,9 @@ start_server() {
     export DISPLAY=:$number
 }
 
+# start_program [NAME=VALUE...]
 start_program() {
-    "$program" 2>"$place/complaints" &
+    env "$@" "$program" 2>"$place/complaints" &
     running=$!
     started+=("$running")
     expect 'the window comes up' windows Tallyfen 1
@@ -91,6 +98,18 @@ search_documents() {
     expect 'F3 searches, and the marks of a group show' shows 100 "$mark"
 }
 
+# search_many: begins a search of the folder that can be watched
+search_many() {
+    expect 'the window has the keyboard' has_keyboard Tallyfen
+    key F2
+    expect 'F2 opens the Add Folder window' has_keyboard 'Browse for Folder'
+    xdotool type Man
+    key Return Escape
+    expect 'the main window has the keyboard again' has_keyboard Tallyfen
+    key F3
+    expect 'F3 searches' has_keyboard Progress
+}
+
 scene='with a window manager'
 start_server 1024x768
 openbox --sm-disable >/dev/null 2>&1 &
@@ -103,15 +122,19 @@ setxkbmap ru
 xdotool keydown 37 keydown 38 keyup 38 keyup 37 # Ctrl and the key of the letter A
 expect 'Ctrl+A selects all rows, whatever the layout' shows 10000 "$selected"
 setxkbmap us
-key F2
-expect 'F2 opens the Add Folder window' has_keyboard 'Browse for Folder'
-xdotool type Man
-key Return Escape
-expect 'the main window has the keyboard again' has_keyboard Tallyfen
-key F3
-expect 'F3 searches' has_keyboard Progress
+search_many
 key Escape alt+F4 space
 expect 'Cancel alone takes the progress window down' windows Progress 0
+expect 'the main window has the keyboard again' has_keyboard Tallyfen
+key alt+F4
+end_program
+
+scene='with a disk that hangs'
+start_program LD_PRELOAD="$(dirname "$program")/bench/libslowdisk.so" SLOWDISK_STUCK=Many
+search_many
+expect 'the progress window says what it does' painted Progress
+key Escape
+expect 'Cancel takes the progress window down' windows Progress 0
 expect 'the main window has the keyboard again' has_keyboard Tallyfen
 key alt+F4
 end_program

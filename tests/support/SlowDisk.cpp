@@ -41,7 +41,7 @@ void Wait(Call call, std::string_view sName)
     if (pDelay != nullptr && call != Call::Read) {
         std::this_thread::sleep_for(std::chrono::milliseconds(std::atoi(pDelay)));
     }
-    while (pStuck != nullptr && sName == pStuck) {
+    while (pStuck != nullptr && call != Call::Open && sName == pStuck) {
         pause();
     }
 }
@@ -93,20 +93,27 @@ using namespace support::disk;
 // The C library's names. They take precedence over those of the C library for every library of the process.
 extern "C" {
 
-#define OPENAT(name)                                                                                         \
-    int name(int hFrom, const char* pPath, int nFlags, ...)                                                  \
+#define OPEN(name, hFolder, ...)                                                                             \
+    int name(__VA_ARGS__)                                                                                    \
     {                                                                                                        \
         va_list rest;                                                                                        \
         va_start(rest, nFlags);                                                                              \
         const unsigned mode = (nFlags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(rest, unsigned) : 0;            \
         va_end(rest);                                                                                        \
         Before(Call::Open, NameOf(pPath));                                                                   \
-        return static_cast<int>(syscall(SYS_openat, hFrom, pPath, nFlags, mode));                            \
+        return static_cast<int>(syscall(SYS_openat, hFolder, pPath, nFlags, mode));                          \
     }
-OPENAT(openat)
-OPENAT(openat64)
+OPEN(open, AT_FDCWD, const char* pPath, int nFlags, ...)
+OPEN(open64, AT_FDCWD, const char* pPath, int nFlags, ...)
+OPEN(openat, hFrom, int hFrom, const char* pPath, int nFlags, ...)
+OPEN(openat64, hFrom, int hFrom, const char* pPath, int nFlags, ...)
 
-int __openat_2(int hFrom, const char* pPath, int nFlags) // where the compiler checks calls
+// Where the compiler checks calls:
+int __open_2(const char* pPath, int nFlags)
+{
+    return open(pPath, nFlags);
+}
+int __openat_2(int hFrom, const char* pPath, int nFlags)
 {
     return openat(hFrom, pPath, nFlags);
 }
