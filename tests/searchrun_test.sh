@@ -48,6 +48,12 @@ if unshare -m true 2>/dev/null; then
     expect 'a second mount' 0 "$(unshare -m bash -c 'mount --bind "$2/in/one" "$2/mounted" &&
         "$1" --hidden "$2/in/one" "$2/mounted"' - "$run" "$tree" | sed 's/.*rows=\([0-9]*\).*/\1/')"
 fi
+# Nobody else's threads count against the limit of a user who has none.
+if [ "$(id -u)" = 0 ] && chmod 711 "$tree" && copy=$(mktemp -d) && chmod 711 "$copy" && cp "$run" "$copy/run"; then
+    expect 'a system that starts no threads' 5 "$(setpriv --reuid 54321 --clear-groups prlimit --nproc=1 "$copy/run" \
+        --hidden "$tree/in" 2>&1 | sed 's/.*rows=\([0-9]*\).*/\1/')"
+    rm -r "$copy"
+fi
 for arguments in '' '--unknown /' '--rows'; do
     # shellcheck disable=SC2086
     expect "status of '$arguments'" 64 "$("$run" $arguments >/dev/null 2>&1; echo $?)"
