@@ -1,13 +1,16 @@
 #pragma once
 
+#include "Control.h"
+#include "FileSystem.h"
 #include "FormMembers.h"
 #include "MessageBoxes.h"
 #include "PacedEventLoop.h"
 #include "Screen.h"
-#include "System.h"
 
 #include <chrono>
 #include <iostream>
+#include <string>
+#include <string_view>
 
 // What a search needs around it, without a window.
 

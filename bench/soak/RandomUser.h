@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Control.h"
 #include "FileDialogs.h"
 #include "LaunchCode.h"
 #include "Launching.h"
@@ -9,7 +10,9 @@
 #include "World.h"
 #include "frmBrowse.h"
 
+#include <cstddef>
 #include <string>
+#include <string_view>
 
 namespace soak {
 

@@ -3,6 +3,7 @@
 #include "OutlineStyle.h"
 #include "Pictures.h"
 #include "SearchWorkers.h"
+#include "StandingWindow.h"
 
 #include <QFont>
 #include <QStyle>
@@ -61,7 +62,11 @@ platform::tSystem UserInterface::System()
 
 int UserInterface::Run()
 {
-    const int nResult = QApplication::exec();
+    const int nResult = m_windows.RunUntilAllDown();
+    for (auto standing = StandingWindow::All(); !standing.empty(); standing = StandingWindow::All()) {
+        QObject::connect(standing.front(), &QObject::destroyed, qApp, [] { QApplication::exit(); });
+        QApplication::exec();
+    }
     if (SearchWorkers::Alive() > 0) {
         // One hangs in a read, perhaps for ever, and what it uses must not be taken from it. The windows have
         // gone, and there is nothing to save.

@@ -4,6 +4,7 @@
 #include "System.h"
 #include "Utf8.h"
 #include "cTextClasses.h"
+#include "mCommon.h"
 #include "mTextCompare.h"
 
 #include <algorithm>

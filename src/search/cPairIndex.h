@@ -1,7 +1,5 @@
 #pragma once
 
-#include "mCommon.h"
-
 #include <cstdint>
 #include <optional>
 #include <vector>

@@ -1,5 +1,6 @@
 #include "mFindALLFiles.h"
 
+#include "FileTime.h"
 #include "FormMembers.h"
 #include "System.h"
 #include "mCommon.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FileTime.h"
+#include "FolderListing.h"
 #include "SearchReading.h"
 
 #include <cstddef>

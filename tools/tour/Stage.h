@@ -1,14 +1,19 @@
 #pragma once
 
+#include "Control.h"
 #include "EventLoop.h"
+#include "Form.h"
 #include "Launches.h"
+#include "Menu.h"
 #include "SampleTree.h"
 #include "frmMain.h"
 
 #include <QString>
 #include <Qt>
+#include <cstdint>
 #include <fstream>
 #include <functional>
+#include <ostream>
 #include <set>
 #include <string>
 #include <string_view>

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <utility>
 
 namespace desktop {
 
@@ -14,7 +15,8 @@ struct tEnding {
     [[nodiscard]] bool IsDone() const { return kind == Kind::Done; }
 
     Kind kind = Kind::Done;
-    std::string sReason; ///< what the user is to be told, in sentences without the path; always for NotDone
+    std::string sReason; ///< what the user is to be told, in sentences without the path; always for NotDone,
+                         ///< and for Done what is to be known besides
 };
 
 /// Told how many bytes of the file in hand are done. False: the user has cancelled.

@@ -1,6 +1,13 @@
 #include "OperationPlan.h"
 
+#include "FolderEntry.h"
+#include "Reasons.h"
+#include "TrashFolders.h"
+
+#include <algorithm>
+#include <optional>
 #include <string_view>
+#include <utility>
 
 namespace desktop {
 namespace {
@@ -31,9 +38,28 @@ std::optional<FileOperation> OperationOf(unsigned wFunc)
     }
 }
 
+/// What bears the name, or why it must stay where it is.
+tEnding Found(const FolderEntry& entry, FileOperation operation, bool bInTrash, tLook& look)
+{
+    const int nError = entry.Folder().Error();
+    if (nError != 0) {
+        return tEnding::NotDone(Reason(nError, Step::Enter));
+    }
+    look = entry.Look();
+    tEnding ending = IsRegular(look);
+    // A file that leaves a trash by another way than it came, or a note, leaves something behind that is
+    // lost.
+    if (ending.IsDone() && bInTrash && operation != FileOperation::Copy) {
+        return tEnding::NotDone(operation == FileOperation::Trash
+                                    ? "It is in the trash already."
+                                    : "It is in the trash. It can be restored from there.");
+    }
+    return ending;
+}
+
 } // namespace
 
-std::optional<tOperationPlan> Plan(const platform::SHFILEOPSTRUCT& request)
+bool ReadRequest(const platform::SHFILEOPSTRUCT& request, tOperationPlan& plan)
 {
     const auto operation = OperationOf(request.wFunc);
     std::vector<std::string> from = Entries(request.pFrom);
@@ -41,25 +67,47 @@ std::optional<tOperationPlan> Plan(const platform::SHFILEOPSTRUCT& request)
     const bool bTargets = operation != FileOperation::Trash;
     if (!operation ||
         (bTargets && ((request.fFlags & platform::FOF_MULTIDESTFILES) == 0 || from.size() != to.size()))) {
-        return std::nullopt;
+        return false;
     }
-    tOperationPlan plan;
     plan.operation.operation = *operation;
     plan.operation.hwnd = request.hwnd;
+    plan.files.resize(from.size());
     for (std::size_t n = 0; n < from.size(); ++n) {
-        const tLook look = LookAt(from[n]);
-        tEnding ending = IsRegular(look);
+        plan.files[n].sPath = std::move(from[n]);
+        plan.files[n].sTarget = bTargets ? std::move(to[n]) : std::string();
+    }
+    return true;
+}
+
+bool LookAtFiles(tOperationPlan& plan, HeldFolders& folders, const LooksOn& looksOn)
+{
+    tOperation& operation = plan.operation;
+    std::vector<tPlannedFile> found;
+    const HeldFolder* pLast = nullptr;
+    FolderPtr pFolder;
+    bool bInTrash = false;
+    for (tPlannedFile& file : plan.files) {
+        if (!looksOn(file.sPath, operation)) {
+            return false;
+        }
+        pFolder = folders.Of(file.sPath);
+        if (std::exchange(pLast, pFolder.get()) != pFolder.get()) {
+            bInTrash = pFolder->Error() == 0 && IsInTrash(pFolder->Path());
+        }
+        tLook look;
+        tEnding ending = Found(FolderEntry(pFolder, NameOf(file.sPath)), operation.operation, bInTrash, look);
         if (!ending.IsDone()) {
-            plan.notDone.push_back({std::move(from[n]), std::move(ending.sReason)});
+            plan.notDone.push_back({std::move(file.sPath), std::move(ending.sReason)});
+            ++operation.nMissing;
             continue;
         }
-        plan.operation.cyTotal += look.status.st_size;
-        plan.files.push_back(
-            {std::move(from[n]), bTargets ? std::move(to[n]) : std::string(), look.Identity()});
+        file.identity = look.Identity();
+        operation.cyTotal += look.status.st_size;
+        ++operation.nFiles;
+        found.push_back(std::move(file));
     }
-    plan.operation.nFiles = plan.files.size();
-    plan.operation.nMissing = plan.notDone.size();
-    return plan;
+    plan.files = std::move(found);
+    return true;
 }
 
 } // namespace desktop

@@ -19,7 +19,7 @@ tReplaceAnswer::Choice ReplaceQuestions::Ask(const std::string& sSource, const t
     if (m_forAll) {
         return *m_forAll;
     }
-    const tReplaceAnswer answer = m_dialogs.AskReplace(Facts(sSource, source), Facts(sTarget, target));
+    const tReplaceAnswer answer = m_asks(Facts(sSource, source), Facts(sTarget, target));
     if (answer.bForAll) {
         m_forAll = answer.choice;
     }

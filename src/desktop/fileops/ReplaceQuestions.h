@@ -1,10 +1,12 @@
 #pragma once
 
-#include "FolderEntry.h"
+#include "FileIdentity.h"
 #include "OperationDialogs.h"
 
+#include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace desktop {
 
@@ -12,14 +14,16 @@ namespace desktop {
 class ReplaceQuestions
 {
 public:
-    /// `dialogs` must outlive it.
-    explicit ReplaceQuestions(OperationDialogs& dialogs) : m_dialogs(dialogs) {}
+    /// Asks about the source and the file that is there.
+    using Asks = std::function<tReplaceAnswer(const tFileFacts&, const tFileFacts&)>;
+
+    explicit ReplaceQuestions(Asks asks) : m_asks(std::move(asks)) {}
 
     tReplaceAnswer::Choice Ask(const std::string& sSource, const tLook& source, const std::string& sTarget,
                                const tLook& target);
 
 private:
-    OperationDialogs& m_dialogs;
+    Asks m_asks;
     std::optional<tReplaceAnswer::Choice> m_forAll;
 };
 

@@ -1,68 +1,77 @@
 #include "ShellFileOperations.h"
 
-#include "FileTransfer.h"
-#include "TrashCan.h"
+#include "EndSignals.h"
+#include "FileIdentity.h"
+#include "OperationRun.h"
+
+#include <system_error>
+#include <utility>
 
 namespace desktop {
 namespace {
 
-constexpr int kInvalidRequest = 87; // what the shell returns for invalid parameters
+// What the shell returns, by the system error codes of its world.
+constexpr int kNoMemory = 8;
+constexpr int kInvalidRequest = 87;
+constexpr int kTimeout = 1460;
 
 } // namespace
 
 int ShellFileOperations::SHFileOperationA(const platform::SHFILEOPSTRUCT& request)
 {
-    auto plan = Plan(request);
-    if (!plan) {
+    tOperationPlan wanted;
+    if (!ReadRequest(request, wanted)) {
         return kInvalidRequest;
     }
-    if (plan->files.empty() && plan->notDone.empty()) {
+    if (wanted.files.empty()) {
         return 0;
     }
-    // Who chose a folder to move or copy to has confirmed by that.
-    const bool bConfirm = plan->operation.operation == FileOperation::Trash && !plan->files.empty();
-    if (!bConfirm || m_dialogs.Confirm(plan->operation)) {
-        CarryOut(*plan);
+    const auto pThread = std::make_shared<OperationThread>(m_bEachStep);
+    const auto pRun = std::make_shared<OperationRun>(pThread, std::move(wanted));
+    tOperation soFar = pRun->Plan().operation;
+    try {
+        bool bCancelled = false;
+        const auto looking = [&](const tOperationProgress& progress) {
+            soFar.nFiles = progress.nFilesDone;
+            soFar.cyTotal = progress.cyDone;
+            bCancelled = bCancelled || !m_dialogs.Looking(soFar);
+            return !bCancelled;
+        };
+        if (!OperationThread::Run(pThread, [pRun] { pRun->LookAtFiles(); }, looking, m_dialogs)) {
+            return NoAnswer(soFar, *pThread);
+        }
+        // Who chose a folder to move or copy to has confirmed by that.
+        const tOperation operation = pRun->Plan().operation;
+        const bool bConfirm = operation.operation == FileOperation::Trash && operation.nFiles > 0;
+        if (bCancelled || (bConfirm && !m_dialogs.Confirm(operation))) {
+            return 0;
+        }
+        m_dialogs.Started(operation);
+        const auto working = [&](const tOperationProgress& progress) { return m_dialogs.Progress(progress); };
+        bool bEnded = false;
+        {
+            const EndSignals signals;
+            bEnded = OperationThread::Run(pThread, [pRun] { pRun->CarryOut(); }, working, m_dialogs);
+        }
+        if (!bEnded) {
+            return NoAnswer(operation, *pThread);
+        }
+        m_dialogs.Finished(operation, pThread->Outcome());
+        return 0;
+    } catch (const std::system_error&) {
+        return kNoMemory; // there is no thread to be had
     }
-    return 0;
 }
 
-void ShellFileOperations::CarryOut(tOperationPlan& plan)
+/// The work has been left behind: names the file that it hangs at.
+int ShellFileOperations::NoAnswer(const tOperation& operation, const OperationThread& thread)
 {
-    const tOperation& operation = plan.operation;
-    m_dialogs.Started(operation);
-    FileTransfer transfer(operation.operation, m_dialogs);
-    tOperationProgress progress;
-    tOperationOutcome outcome;
-    outcome.notDone = std::move(plan.notDone);
-    for (const tPlannedFile& file : plan.files) {
-        progress.sPath = file.sPath;
-        const std::int64_t cyBefore = progress.cyDone;
-        const ProgressCall goOn = [&](std::int64_t cyOfFile) {
-            progress.cyDone = cyBefore + cyOfFile;
-            return m_dialogs.Progress(progress);
-        };
-        tEnding ending{tEnding::Kind::Cancelled, {}};
-        if (goOn(0)) {
-            tTrashed trashed;
-            ending = operation.operation == FileOperation::Trash
-                         ? TrashCan::Put(file.sPath, file.identity, trashed)
-                         : transfer.Carry(file, goOn);
-        }
-        if (!ending.sReason.empty()) {
-            outcome.notDone.push_back({file.sPath, std::move(ending.sReason)});
-        }
-        if (ending.kind == tEnding::Kind::Cancelled) {
-            outcome.bCancelled = true;
-            break;
-        }
-        if (ending.IsDone()) {
-            ++outcome.nFilesDone;
-        }
-        ++progress.nFilesDone;
-        progress.cyDone = cyBefore + file.identity.cySize;
-    }
+    tOperationOutcome outcome = thread.Outcome();
+    outcome.bCancelled = true;
+    outcome.notDone.push_back(
+        {thread.Progress().sPath, "The file system does not answer. What has become of it is not known."});
     m_dialogs.Finished(operation, outcome);
+    return kTimeout;
 }
 
 long ShellFileOperations::SHGetFileInfoA(const std::string& sPath, unsigned /*dwFileAttributes*/,

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "OperationDialogs.h"
-#include "OperationPlan.h"
+#include "OperationThread.h"
 #include "ShellFiles.h"
+
+#include <string>
 
 namespace desktop {
 
@@ -11,18 +13,23 @@ namespace desktop {
 class ShellFileOperations final : public platform::ShellFiles
 {
 public:
-    /// `dialogs` must outlive it.
-    explicit ShellFileOperations(OperationDialogs& dialogs) : m_dialogs(dialogs) {}
+    /// `dialogs` must outlive it, and is called on the thread that asks for an operation; the work is done on
+    /// another. With `bEachStep` the work waits at each step until it has been shown.
+    explicit ShellFileOperations(OperationDialogs& dialogs, bool bEachStep = false)
+        : m_dialogs(dialogs), m_bEachStep(bEachStep)
+    {
+    }
 
     /// Moves and copies need FOF_MULTIDESTFILES; what is deleted goes to the trash, with FOF_ALLOWUNDO or
-    /// without.
+    /// without. Not 0 also if the user has cancelled and a file system does not answer.
     int SHFileOperationA(const platform::SHFILEOPSTRUCT& request) override;
     long SHGetFileInfoA(const std::string& sPath, unsigned dwFileAttributes, unsigned uFlags) override;
 
 private:
-    void CarryOut(tOperationPlan& plan);
+    int NoAnswer(const tOperation& operation, const OperationThread& thread);
 
     OperationDialogs& m_dialogs;
+    bool m_bEachStep;
 };
 
 } // namespace desktop

@@ -1,15 +1,46 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HeldFolder.h"
+#include "MountTable.h"
+#include "TrashFolder.h"
+
+#include <map>
+#include <memory>
 #include <string>
+#include <vector>
 
 namespace desktop {
 
-/// True if in a trash that file `sPath` could go to, the name that it would get there is borne by a file that
-/// has no note. GIO goes by the notes alone (freedesktop.org Trash 1.0, of the home folder and of the
-/// volume's top folder), and would put the new file in the place of that one. `sPath` is free of links.
-bool WouldReplaceInTrash(const std::string& sPath);
+using TrashPtr = std::shared_ptr<TrashFolder>;
 
-/// True if folder `sPath`, by whatever path, is one of the user's trashes or lies in one.
+/// Where files go when they are deleted: the trash in the user's home, for files on the same volume, else
+/// that of the volume. Each is looked for once.
+class TrashFolders
+{
+public:
+    /// The trash for the files of a held folder; null if they have none, and `sReason` says why. With
+    /// `bVolume`, not the home's.
+    TrashPtr For(const HeldFolder& folder, bool bVolume, std::string& sReason);
+
+private:
+    struct tTrash {
+        TrashPtr pTrash;
+        std::string sReason;
+    };
+
+    void FindHome();
+    tTrash OfVolume(const std::string& sTop) const;
+    const tMount* MountOf(const std::string& sFolder);
+
+    bool m_bHomeKnown = false;
+    tTrash m_home;
+    dev_t m_homeDevice = 0;
+    std::vector<tMount> m_mounts;
+    std::map<std::string, tTrash> m_volumes; ///< by their top folders
+};
+
+/// True if folder `sPath`, free of links, is a trash or lies in one.
 bool IsInTrash(const std::string& sPath);
 
 } // namespace desktop

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "Control.h"
 #include "Launching.h"
+
+#include <string>
 
 namespace desktop {
 

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "FileDialogs.h"
+#include "ShellDialogs.h"
 
 #include <map>
+#include <string>
 
 namespace desktop {
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Control.h"
 #include "OperationDialogs.h"
 #include "PacedEventLoop.h"
 #include "ProgressWindow.h"
@@ -19,6 +20,7 @@ public:
     QtOperationDialogs& operator=(const QtOperationDialogs&) = delete;
     ~QtOperationDialogs() override;
 
+    bool Looking(const tOperation& soFar) override;
     bool Confirm(const tOperation& operation) override;
     tReplaceAnswer AskReplace(const tFileFacts& source, const tFileFacts& target) override;
     void Started(const tOperation& operation) override;
@@ -26,13 +28,15 @@ public:
     void Finished(const tOperation& operation, const tOperationOutcome& outcome) override;
 
 private:
+    void Open(const tOperation& operation, ProgressWindow::Phase phase);
+    bool GoOn(const tOperationProgress& progress);
     void Look();
 
     PacedEventLoop m_events;
     platform::WindowHandle m_hwnd = nullptr; ///< over which the operation in hand asks
-    QPointer<ProgressWindow> m_pWindow;      ///< from Started to Finished; not visible at first
+    QPointer<ProgressWindow> m_pWindow;      ///< while something is being done; not visible at first
     QElapsedTimer m_sinceStart;
-    const tOperationProgress* m_pReached = nullptr; ///< while Progress runs
+    const tOperationProgress* m_pReached = nullptr; ///< while GoOn runs
 };
 
 } // namespace desktop

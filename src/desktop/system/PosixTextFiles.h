@@ -1,8 +1,11 @@
 #pragma once
 
+#include "FileSystem.h"
 #include "TextFiles.h"
 
 #include <map>
+#include <string>
+#include <string_view>
 
 namespace desktop {
 
