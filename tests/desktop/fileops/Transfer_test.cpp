@@ -199,59 +199,19 @@ TEST_F(Transfer, LetsNobodyInWhoCouldNotUseTheOriginal)
     }
 }
 
-/// Another program writes right before the copy, or then its folder, is synced: before it has its name, and
-/// before the source goes.
-TEST_F(Transfer, TakesNotFromNorOverWhatChangesMeanwhile)
-{
-    const std::string sFile = tree.sRoot + "/file";
-    const std::string sOwn = Folder("own") + "/file";
-    const std::string sOther = other.sRoot + "/file";
-    const std::string sChanged = "It has changed in the meantime.";
-    const struct {
-        std::string sWritten;
-        std::size_t nSync;
-        unsigned wFunc;
-        std::string sTarget, sLeft, sReason;
-    } cases[] = {{sOther, 1, FO_MOVE, sOther, "theirs",
-                  "In the meantime something else has got its name at the destination."},
-                 {sOwn, 1, FO_COPY, sOwn, "theirs",
-                  "The file that is there cannot be put into the trash first. " + sChanged},
-                 {sFile, 1, FO_MOVE, sOther, "", sChanged},
-                 {sFile, 2, FO_MOVE, sOther, "mine", "It was copied but not removed. " + sChanged}};
-    user.answer = {Choice::Replace, true};
-    for (const auto& each : cases) {
-        tree.File("file", "mine");
-        tree.File("own/file", "old");
-        fs::remove(sOther);
-        std::size_t nSyncs = 0;
-        faults::Arm([&](const faults::tChange& change, std::size_t) {
-            if (change.sCall == "fsync" && ++nSyncs == each.nSync) {
-                EXPECT_EQ(Content(each.sTarget) == "mine", nSyncs == 2);
-                std::ofstream(each.sWritten) << "theirs";
-            }
-            return 0;
-        });
-        const Reasons reasons = Run(each.wFunc, {sFile}, fs::path(each.sTarget).parent_path());
-        faults::Disarm();
-        EXPECT_EQ(reasons, (Reasons{{"file", each.sReason}}));
-        EXPECT_EQ(Content(each.sWritten), "theirs");
-        EXPECT_EQ(Content(each.sTarget), each.sLeft);
-        EXPECT_TRUE(fs::exists(sFile));
-    }
-}
-
 TEST_F(Transfer, GivesUpWhenTheDiskFailsBehindIt)
 {
     const std::string sPath = tree.File("large", std::string(48 << 20, 'x'));
     for (const int nError : {EIO, EINTR}) {
         bool bFailed = false;
-        faults::Arm([&](const faults::tChange& change, std::size_t) {
-            return change.sCall == "wait" && !std::exchange(bFailed, true) ? nError : 0;
-        });
-        const Reasons reasons = Run(FO_MOVE, {sPath}, other.sRoot);
-        faults::Disarm();
+        const auto judge = [&](const support::tCall& call, std::size_t) {
+            const bool bWaits =
+                call.sCall == "sync_file_range" && (call.arguments[3] & SYNC_FILE_RANGE_WAIT_AFTER) != 0;
+            return bWaits && !std::exchange(bFailed, true) ? nError : 0;
+        };
+        const auto move = [&] { return std::to_string(Run(FO_MOVE, {sPath}, other.sRoot).size()); };
         const bool bMoved = nError == EINTR;
-        EXPECT_EQ(reasons.empty(), bMoved);
+        EXPECT_EQ(support::Supervise({other.sRoot}, move, judge).sSaid, bMoved ? "0" : "1");
         EXPECT_EQ(fs::exists(sPath), !bMoved);
         EXPECT_EQ(Contents(other.sRoot).size(), bMoved ? 1U : 0U);
     }
