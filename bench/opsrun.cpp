@@ -29,9 +29,16 @@ constexpr std::size_t kFileMegabytes = 512;
 class Consent final : public desktop::OperationDialogs
 {
 public:
-    bool Confirm(const desktop::tOperation& /*operation*/) override { return true; }
+    desktop::Consent Confirm(const desktop::tConfirmation& /*confirmation*/) override
+    {
+        return desktop::Consent::WithCopy;
+    }
+    bool AskRoom(const desktop::tOperation& /*operation*/, const desktop::tRoom& /*room*/) override
+    {
+        return true;
+    }
     desktop::tReplaceAnswer AskReplace(const desktop::tFileFacts& /*source*/,
-                                       const desktop::tFileFacts& /*target*/) override
+                                       const desktop::tFileFacts& /*target*/, bool /*bIdentical*/) override
     {
         return {};
     }
@@ -41,11 +48,12 @@ public:
         Told();
         return true;
     }
-    void Finished(const desktop::tOperation& /*operation*/,
+    bool Finished(const desktop::tOperation& /*operation*/,
                   const desktop::tOperationOutcome& outcome) override
     {
         Told();
         nNotDone += outcome.notDone.size();
+        return false;
     }
 
     std::size_t nNotDone = 0;

@@ -201,6 +201,7 @@ void FindDuplicatesByName()
     }
     // 9. to 11. Compare, then close the last group.
     const bool bNameSize = frmMain().mnuOptionsSearchNameSize.Checked();
+    frmMain().RowsComparedBy = bNameSize ? platform::ComparedBy::NameAndSize : platform::ComparedBy::Name;
     cComparison comparison(bNameSize ? PairKey::NameAndSize : PairKey::Name);
     comparison.Run();
     comparison.rows.CloseGroup();
@@ -219,6 +220,7 @@ void FindDuplicatesByContent()
     if (!ScanFolders()) {
         return;
     }
+    frmMain().RowsComparedBy = platform::ComparedBy::Content;
     cComparison comparison(PairKey::Size);
     comparison.Run();
     comparison.rows.CloseGroup();

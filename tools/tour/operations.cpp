@@ -115,6 +115,11 @@ void Replace(Stage& stage)
                 stage.Show(pPicture);
             }
             Press(stage, "replaceQuestion", pAnswer);
+            stage.WaitFor([] { return Shown("operationSummary") != nullptr; }, "what came of it is said");
+            if (pPicture != nullptr) {
+                stage.Show("skipped");
+            }
+            stage.Press(Qt::Key_Escape);
         });
     };
     copy("replace-question", "skip");

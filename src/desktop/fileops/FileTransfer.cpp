@@ -114,14 +114,16 @@ tEnding FileTransfer::Carry(const tPlannedFile& file, const ProgressCall& goOn)
     if (!ending.IsDone()) {
         return ending;
     }
-    if (m_bMove) {
-        tPlacing placing = Place({{job.source.Folder(), job.source.Name()}, &file.identity}, job.target,
-                                 file.sTarget, job.replaced);
-        if (!placing.bOtherVolume) {
-            return std::move(placing.ending);
-        }
-    }
-    return Copy(job);
+    ending = m_bMove ? Move(job) : Copy(job);
+    ending.bReplaced = job.replaced.has_value();
+    return ending;
+}
+
+tEnding FileTransfer::Move(const tJob& job)
+{
+    tPlacing placing = Place({{job.source.Folder(), job.source.Name()}, &job.file.identity}, job.target,
+                             job.file.sTarget, job.replaced);
+    return placing.bOtherVolume ? Copy(job) : std::move(placing.ending);
 }
 
 /// Settles whether the file is to go there at all: what stands there is itself, or no file, or is to stay.
@@ -150,7 +152,8 @@ tEnding FileTransfer::Settle(tJob& job)
                                     ? "There is a folder of its name at the destination."
                                     : "There is something of its name at the destination that is no file.");
     }
-    switch (m_questions.Ask(job.file.sPath, source, job.file.sTarget, target)) {
+    const auto compare = [&] { return CompareWithTarget(job, target); };
+    switch (m_questions.Ask(job.file.sPath, source, job.file.sTarget, target, compare)) {
     case tReplaceAnswer::Choice::Replace:
         job.replaced = target.Identity();
         return {};
@@ -160,6 +163,21 @@ tEnding FileTransfer::Settle(tJob& job)
         break;
     }
     return {tEnding::Kind::Skipped, {}};
+}
+
+/// Whether the file and the one in its way, `target`, have the same contents.
+ContentComparison::Result FileTransfer::CompareWithTarget(const tJob& job, const tLook& target)
+{
+    if (target.status.st_size != job.file.identity.cySize) {
+        return ContentComparison::Result::Different;
+    }
+    int nError = 0;
+    const Descriptor from = job.source.Open(O_RDONLY | O_NONBLOCK, nError);
+    const Descriptor to = FolderEntry(job.file.sTarget).Open(O_RDONLY | O_NONBLOCK, nError);
+    const bool bSame = IsStill(LookAt(from.Get()), job.file.identity).IsDone() &&
+                       IsStill(LookAt(to.Get()), target.Identity()).IsDone();
+    return bSame ? m_comparison.Compare(from.Get(), to.Get(), job.goOn)
+                 : ContentComparison::Result::Different;
 }
 
 tEnding FileTransfer::Copy(const tJob& job)

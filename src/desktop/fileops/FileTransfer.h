@@ -36,6 +36,8 @@ private:
     };
 
     tEnding Settle(tJob& job);
+    ContentComparison::Result CompareWithTarget(const tJob& job, const tLook& target);
+    tEnding Move(const tJob& job);
     tEnding Copy(const tJob& job);
     static tEnding Fill(const tJob& job, int hSource, const Status& status, const TemporaryFile& made);
     [[nodiscard]] tEnding RemoveSource(const tJob& job, int hSource, int hCopy) const;
@@ -43,6 +45,7 @@ private:
     TargetFolder m_folder;
     bool m_bMove;
     ReplaceQuestions m_questions;
+    ContentComparison m_comparison;
 };
 
 } // namespace desktop

@@ -1,6 +1,7 @@
 #include "FolderEntry.h"
 
 #include "FileSystem.h"
+#include "FileTime.h"
 #include "Reasons.h"
 #include "Retried.h"
 
@@ -20,6 +21,12 @@ std::string FolderOf(const std::string& sPath)
 }
 
 } // namespace
+
+double DateOf(const tFileIdentity& identity)
+{
+    const auto stTime = platform::LocalTime({identity.nSeconds});
+    return stTime ? platform::DateValue(*stTime) : 0;
+}
 
 tFileIdentity tLook::Identity() const
 {

@@ -1,21 +1,9 @@
 #include "OperationPlan.h"
 
-#include <string_view>
+#include <algorithm>
 
 namespace desktop {
 namespace {
-
-/// The entries of a list in which each is followed by a NUL; an empty one ends it.
-std::vector<std::string> Entries(std::string_view sList)
-{
-    std::vector<std::string> entries;
-    while (!sList.empty() && sList.front() != '\0') {
-        const std::size_t nEnd = std::min(sList.find('\0'), sList.size());
-        entries.emplace_back(sList.substr(0, nEnd));
-        sList.remove_prefix(std::min(nEnd + 1, sList.size()));
-    }
-    return entries;
-}
 
 std::optional<FileOperation> OperationOf(unsigned wFunc)
 {
@@ -32,6 +20,17 @@ std::optional<FileOperation> OperationOf(unsigned wFunc)
 }
 
 } // namespace
+
+std::vector<std::string> Entries(std::string_view sList)
+{
+    std::vector<std::string> entries;
+    while (!sList.empty() && sList.front() != '\0') {
+        const std::size_t nEnd = std::min(sList.find('\0'), sList.size());
+        entries.emplace_back(sList.substr(0, nEnd));
+        sList.remove_prefix(std::min(nEnd + 1, sList.size()));
+    }
+    return entries;
+}
 
 std::optional<tOperationPlan> Plan(const platform::SHFILEOPSTRUCT& request)
 {
@@ -55,7 +54,7 @@ std::optional<tOperationPlan> Plan(const platform::SHFILEOPSTRUCT& request)
         }
         plan.operation.cyTotal += look.status.st_size;
         plan.files.push_back(
-            {std::move(from[n]), bTargets ? std::move(to[n]) : std::string(), look.Identity()});
+            {std::move(from[n]), bTargets ? std::move(to[n]) : std::string(), look.Identity(), n});
     }
     plan.operation.nFiles = plan.files.size();
     plan.operation.nMissing = plan.notDone.size();

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "ContentComparison.h"
 #include "FolderEntry.h"
 #include "OperationDialogs.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -15,8 +17,10 @@ public:
     /// `dialogs` must outlive it.
     explicit ReplaceQuestions(OperationDialogs& dialogs) : m_dialogs(dialogs) {}
 
+    /// `compare` is called if the user is asked: whether both are the same to the byte.
     tReplaceAnswer::Choice Ask(const std::string& sSource, const tLook& source, const std::string& sTarget,
-                               const tLook& target);
+                               const tLook& target,
+                               const std::function<ContentComparison::Result()>& compare);
 
 private:
     OperationDialogs& m_dialogs;

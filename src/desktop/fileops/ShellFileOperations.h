@@ -4,6 +4,10 @@
 #include "OperationPlan.h"
 #include "ShellFiles.h"
 
+#include <functional>
+#include <string>
+#include <vector>
+
 namespace desktop {
 
 /// The shell's file operations with the means of a Linux desktop: the freedesktop.org trash, moves within a
@@ -19,10 +23,18 @@ public:
     int SHFileOperationA(const platform::SHFILEOPSTRUCT& request) override;
     long SHGetFileInfoA(const std::string& sPath, unsigned dwFileAttributes, unsigned uFlags) override;
 
+    void UseGroups(platform::FileGroups& groups) override { m_pGroups = &groups; }
+
 private:
-    void CarryOut(tOperationPlan& plan);
+    using Files = std::vector<const tPlannedFile*>;
+    using Work = std::function<tEnding(const tPlannedFile& file, const ProgressCall& goOn)>;
+
+    void Trash(const platform::SHFILEOPSTRUCT& request, tOperationPlan& plan);
+    void Transfer(tOperationPlan& plan);
+    Files CarryOut(tOperation operation, const Files& files, std::vector<tNotDone> notDone, const Work& work);
 
     OperationDialogs& m_dialogs;
+    platform::FileGroups* m_pGroups = nullptr; ///< none: nothing is known of the files but their paths
 };
 
 } // namespace desktop

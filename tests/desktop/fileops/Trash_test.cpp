@@ -29,12 +29,12 @@ TEST_F(Trash, AsksOnceAndFirst)
 {
     const std::vector<std::string> paths{tree.File("a", "12345"), tree.File("b", "123"),
                                          tree.sRoot + "/gone"};
-    user.bConfirm = false;
+    user.consent = desktop::Consent::Cancel;
     user.onConfirm = [&] { EXPECT_TRUE(fs::exists(paths[0]) && !fs::exists(HomeTrash())); };
     Run(FO_DELETE, paths);
     Run(FO_DELETE, {});
     EXPECT_EQ(Contents(tree.sRoot).size(), 2U);
-    user.bConfirm = true;
+    user.consent = desktop::Consent::All;
     EXPECT_EQ(Run(FO_DELETE, paths), (Reasons{{"gone", "It is no longer there."}}));
     EXPECT_EQ(user.shown,
               (std::vector<std::string>{"Confirm 2 8", "Confirm 2 8", "Started", "Finished 2 and 1"}));
