@@ -123,7 +123,7 @@ void Run(std::size_t nRows)
         {"Invert", results::SelectInvert},
     };
     for (const auto& [pName, command] : kCommands) {
-        Report(*view.viewport(), pName, [&, command = command] { command(list); });
+        Report(*view.viewport(), pName, [&, run = command] { run(list); });
     }
     Report(*view.viewport(), "a letter that no name begins with", [&] { QTest::keyClick(&view, Qt::Key_Z); });
     const std::size_t nAfter = bench::ResidentBytes();

@@ -22,8 +22,8 @@ set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# What no library list tells: the plugin that draws the pictures; the typeface that the forms are made for, what knows
-# kinds of files, the plugin for Wayland.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS libqt6svg6)
+# What no library list tells: the plugin that draws the pictures, which Debian 12 has in the library's package; the
+# typeface that the forms are made for, what knows kinds of files, the plugin for Wayland.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-svg-plugins | libqt6svg6 (<< 6.7.2-5~)")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-dejavu-extra, shared-mime-info, qt6-wayland")
 include(CPack)

@@ -29,6 +29,11 @@ mkfifo "$tree/in/one/fifo"
 line=$("$run" --content --hidden --rows "$tree/rows" "$tree/in")
 expect 'the line' 'files=6 rows=5 groups=2 reads=6 read_bytes=28' "${line%% scan=*}"
 expect 'exact bytes of names' 2 "$(LC_ALL=C grep -Pzc "/(\.two/$odd|one/new\nline)\$" "$tree/rows")"
+mkdir "$tree/order"
+for name in a10.txt .a.txt a2.txt 'a - Copy.txt' 'a (1).txt' a.txt; do printf same >"$tree/order/$name"; done
+"$run" --hidden --rows "$tree/rows" "$tree/order" >/dev/null
+expect 'the original first' 'a.txt a (1).txt a - Copy.txt a2.txt a10.txt .a.txt' \
+    "$(tr '\0' '\n' <"$tree/rows" | sed 's|.*/||' | paste -sd ' ')"
 expect 'rows by name' 4 "$(rows --name "$tree/in")"
 expect 'overlapping folders and a link to one' 5 "$(rows --hidden "$tree/in" "$tree/in/one" "$tree/link-target/loop")"
 expect 'status of a folder that is gone' 2 "$("$run" "$tree/gone" "$tree/in" >/dev/null 2>&1; echo $?)"

@@ -20,4 +20,17 @@ MainFormMembers& frmMain()
     return *g_pMain;
 }
 
+void LayCoverList()
+{
+    auto& lvFiles = frmMain().lvFiles;
+    auto& lvFake = frmMain().lvFake;
+    lvFake.SetLeft(lvFiles.Left());
+    lvFake.SetTop(lvFiles.Top());
+    lvFake.SetWidth(lvFiles.Width());
+    lvFake.SetHeight(lvFiles.Height());
+    for (std::size_t n = 1; n <= lvFiles.ColumnCount(); ++n) {
+        lvFake.ColumnHeaders(n).SetWidth(lvFiles.ColumnHeaders(n).Width());
+    }
+}
+
 } // namespace dialogs

@@ -16,4 +16,7 @@ void UseMainForm(MainFormMembers& main);
 
 MainFormMembers& frmMain();
 
+/// Lays lvFake exactly over lvFiles, with columns as wide as those of that list.
+void LayCoverList();
+
 } // namespace dialogs

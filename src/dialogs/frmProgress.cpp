@@ -70,19 +70,8 @@ void frmProgress::cmdCancel_Click()
 /// Covers the result list with an empty list of the same shape.
 void frmProgress::ShowCoverList()
 {
-    auto& lvFiles = frmMain().lvFiles;
-    auto& lvFake = frmMain().lvFake;
-    // 1. The place.
-    lvFake.SetLeft(lvFiles.Left());
-    lvFake.SetTop(lvFiles.Top());
-    lvFake.SetWidth(lvFiles.Width());
-    lvFake.SetHeight(lvFiles.Height());
-    // 2. The columns, which the user may have dragged.
-    for (std::size_t n = 1; n <= lvFiles.ColumnCount(); ++n) {
-        lvFake.ColumnHeaders(n).SetWidth(lvFiles.ColumnHeaders(n).Width());
-    }
-    // 3. Show it.
-    lvFake.SetVisible(true);
+    LayCoverList();
+    frmMain().lvFake.SetVisible(true);
 }
 
 void frmProgress::InitProgressBar()

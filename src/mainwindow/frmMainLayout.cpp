@@ -1,3 +1,4 @@
+#include "MainForm.h"
 #include "frmMain.h"
 
 // What stands where in the main form, and how it keeps in order when the window or the bar between the lists
@@ -43,13 +44,14 @@ void frmMain::DesignControls()
 void frmMain::DesignColumns()
 {
     using platform::Alignment;
-    lvFolders.AddColumn("Folders to Compare", Alignment::Left, 5000);
+    using platform::Ellipsis;
+    lvFolders.AddColumn("Folders to Compare", Alignment::Left, 5000, Ellipsis::InMiddle);
     lvFolders.AddColumn("Volume", Alignment::Center, kVolumeWidth);
     for (platform::ListView* pList : {&lvFiles, &lvFake}) {
         pList->AddColumn("Name", Alignment::Left, 2000);
         pList->AddColumn("Size", Alignment::Right, 1000);
         pList->AddColumn("Date", Alignment::Left, 1440);
-        pList->AddColumn("Path", Alignment::Left, 5000);
+        pList->AddColumn("Path", Alignment::Left, 5000, Ellipsis::InMiddle);
     }
 }
 
@@ -69,7 +71,7 @@ void frmMain::DesignStatusBar()
 
 void frmMain::Form_Resize()
 {
-    // 1. A minimised window has no room to share out.
+    // A minimised window has no room to share out.
     if (form.WindowState() == platform::WindowState::Minimized) {
         return;
     }
@@ -79,18 +81,22 @@ void frmMain::Form_Resize()
         lvFolders.SetTop(lvFolders.Top() + covered);
         picSep.SetTop(picSep.Top() + covered);
     }
-    // 2. to 4. The upper list and the bar: the folders' column takes the room.
+    // The upper list and the bar: the folders' column takes the room.
     static_cast<void>(lvFolders.SetWidth(form.ScaleWidth()));
     static_cast<void>(picSep.SetWidth(form.ScaleWidth()));
     static_cast<void>(lvFolders.ColumnHeaders(1).SetWidth(lvFolders.Width() - kFoldersMargin - kVolumeWidth));
-    // 5. to 7. The lower list, which takes all of a change in height.
+    // The lower list, which takes all of a change in height.
     lvFiles.SetTop(picSep.Top() + picSep.Height());
     static_cast<void>(lvFiles.SetWidth(form.ScaleWidth()));
     static_cast<void>(lvFiles.SetHeight(form.ScaleHeight() - lvFiles.Top() - StatusBar1.Height()));
-    // 8. The paths' column takes what the three others leave.
+    // The paths' column takes what the three others leave.
     const float others = lvFiles.ColumnHeaders(1).Width() + lvFiles.ColumnHeaders(2).Width() +
                          lvFiles.ColumnHeaders(3).Width();
     static_cast<void>(lvFiles.ColumnHeaders(4).SetWidth(lvFiles.Width() - (others + kFilesMargin)));
+    // A window that takes no input can be resized all the same; the rows stay covered.
+    if (lvFake.Visible()) {
+        dialogs::LayCoverList();
+    }
 }
 
 void frmMain::picSep_MouseDown(int Button)

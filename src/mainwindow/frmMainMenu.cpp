@@ -22,7 +22,7 @@ void frmMain::DesignMenu()
 {
     static constexpr struct {
         std::size_t nDepth; ///< 0 in the menu bar
-        MenuItem frmMain::*pItem;
+        MenuItem frmMain::* pItem;
         const char* pCaption;
         Command pHandler = nullptr;
         const char* pShortcut = "";

@@ -22,7 +22,8 @@ struct OPENFILENAME {
     std::string lpstrInitialDir; ///< the folder to start in; empty for the dialog's own choice
     std::string lpstrTitle;
     unsigned Flags = 0;
-    std::string lpstrDefExt; ///< appended, behind a dot, to a name typed without an extension
+    std::string lpstrDefExt; ///< appended, behind a dot, to a name typed without an extension: a last dot,
+                             ///< not at the start, with letters and digits behind it, one of them a letter
 };
 
 /// The modal questions for a folder and for a file.

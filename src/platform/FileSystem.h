@@ -32,7 +32,7 @@ class FileSystem
 public:
     virtual ~FileSystem() = default;
 
-    /// Reads the entries of folder `sPath` into `listing`, replacing what it held. False if the folder
+    /// Reads the entries of folder `sPath` into `listing`, sorted, replacing what it held. False if the folder
     /// cannot be opened; a listing that fails part way keeps what it got.
     virtual bool ListFolder(const std::string& sPath, FolderListing& listing) = 0;
 

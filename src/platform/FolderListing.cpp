@@ -1,5 +1,7 @@
 #include "FolderListing.h"
 
+#include <utility>
+
 namespace platform {
 
 void FolderListing::Clear()
@@ -21,6 +23,16 @@ tFindData FolderListing::Entry(std::size_t n) const
     const tStored& stored = m_entries[n];
     return {std::string_view(m_names).substr(stored.nNameStart, stored.nNameField), stored.bDirectory,
             stored.bHidden, stored.nFileSize, stored.ftLastWriteTime};
+}
+
+void FolderListing::Reorder(const std::vector<std::uint32_t>& order)
+{
+    std::vector<tStored> entries;
+    entries.reserve(order.size());
+    for (const std::uint32_t n : order) {
+        entries.push_back(m_entries[n]);
+    }
+    m_entries = std::move(entries);
 }
 
 } // namespace platform

@@ -29,7 +29,9 @@ struct tFolderIdentity {
     std::uint64_t nMount = 0;  ///< the mount by which it was reached; 0 if the system does not say
 };
 
-/// The entries of one folder in the order in which the file system gave them, without "." and "..".
+/// The entries of one folder, without "." and "..", in the order in which they were added until they are
+/// sorted
+/// (`SortListing`).
 class FolderListing
 {
 public:
@@ -46,6 +48,9 @@ public:
 
     /// Entry `n`, counted from 0. The name lives as long as the listing stays unchanged.
     [[nodiscard]] tFindData Entry(std::size_t n) const;
+
+    /// Puts entry `order[n]` at place `n`; `order` names each entry once.
+    void Reorder(const std::vector<std::uint32_t>& order);
 
 private:
     struct tStored {

@@ -120,7 +120,7 @@ void ListItems::SetSelection(std::vector<bool> New_Selection)
     assert(New_Selection.size() == m_rows.size());
     m_selected = std::move(New_Selection);
     assert(m_list.MultiSelect || SelectedCount() <= 1);
-    m_list.SelectionChanged();
+    m_list.SelectionReplaced();
 }
 
 void ListItems::IndexKeys()

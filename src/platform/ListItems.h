@@ -38,7 +38,8 @@ public:
     [[nodiscard]] int SmallIcon() const;
     void SetSmallIcon(int New_SmallIcon);
 
-    /// In a list of one selected row at a time, selecting a row takes the selection from the others.
+    /// In a list of one selected row at a time, selecting a row takes the selection from the others and makes
+    /// it the current one.
     [[nodiscard]] bool Selected() const;
     void SetSelected(bool New_Selected);
 

@@ -4,9 +4,9 @@
 
 namespace platform {
 
-void ListView::AddColumn(const std::string& sHeader, Alignment alignment, float width)
+void ListView::AddColumn(const std::string& sHeader, Alignment alignment, float width, Ellipsis ellipsis)
 {
-    m_columns.emplace_back(sHeader, alignment, width);
+    m_columns.emplace_back(sHeader, alignment, width, ellipsis);
 }
 
 std::optional<ListItem> ListView::SelectedItem()
@@ -100,8 +100,19 @@ void ListView::SelectRow(std::size_t nRow, bool bSelected)
     auto& selected = ListItems.m_selected;
     if (bSelected && !MultiSelect) {
         selected.assign(selected.size(), false);
+        m_nCurrent = nRow;
     }
     selected[nRow] = bSelected;
+    SelectionChanged();
+}
+
+void ListView::SelectionReplaced()
+{
+    const auto& selected = ListItems.m_selected;
+    const auto found = std::find(selected.begin(), selected.end(), true);
+    if (!MultiSelect && found != selected.end()) {
+        m_nCurrent = static_cast<std::size_t>(found - selected.begin());
+    }
     SelectionChanged();
 }
 

@@ -13,18 +13,22 @@
 
 namespace platform {
 
+/// Where a text that is wider than its column is left out.
+enum class Ellipsis { AtEnd, InMiddle };
+
 /// A column of a list view.
 class ColumnHeader : public Control
 {
 public:
-    ColumnHeader(std::string sHeader, Alignment textAlignment, float width)
-        : sText(std::move(sHeader)), alignment(textAlignment)
+    ColumnHeader(std::string sHeader, Alignment textAlignment, float width, Ellipsis textEllipsis)
+        : sText(std::move(sHeader)), alignment(textAlignment), ellipsis(textEllipsis)
     {
         SetWidth(width);
     }
 
     const std::string sText;
     const Alignment alignment;
+    const Ellipsis ellipsis;
 };
 
 /// Whoever shows a list view and wants to hear of its rows, which are counted from 0 here.
@@ -66,7 +70,8 @@ public:
     /// Column `n`, counted from 1. They are fixed from the design on, but for their widths.
     [[nodiscard]] ColumnHeader& ColumnHeaders(std::size_t n) { return m_columns.at(n - 1); }
     [[nodiscard]] std::size_t ColumnCount() const { return m_columns.size(); }
-    void AddColumn(const std::string& sHeader, Alignment alignment, float width);
+    void AddColumn(const std::string& sHeader, Alignment alignment, float width,
+                   Ellipsis ellipsis = Ellipsis::AtEnd);
 
     bool MultiSelect = false;          ///< several rows can be selected at once
     bool ShowsSelectionAlways = false; ///< also without the focus
@@ -103,6 +108,7 @@ private:
     void RowChanged(std::size_t nRow);
     void ShowRow(std::size_t nRow);
     void SelectRow(std::size_t nRow, bool bSelected);
+    void SelectionReplaced();
     void SelectionChanged();
     std::size_t SortRows(std::size_t nFollowed);
     void RowRemoved(std::size_t nRow);

@@ -15,9 +15,10 @@ inline constexpr int kShiftHeld = 1;
 inline constexpr int kCtrlHeld = 2;
 inline constexpr int kAltHeld = 4;
 
-/// Mouse buttons.
+/// Mouse buttons, added up where several are held. Buttons beyond these count 0.
 inline constexpr int kLeftButton = 1;
 inline constexpr int kRightButton = 2;
+inline constexpr int kMiddleButton = 4;
 
 /// An event of the mouse: the button, the keys held, the place in twips relative to the control.
 using MouseEvent = std::function<void(int Button, int Shift, float X, float Y)>;

@@ -62,7 +62,8 @@ public:
 
     /// A number of another type might not fit; whoever has one must decide what it is to become.
     template <typename T>
-    requires(!std::same_as<T, std::int32_t>) void Value(T New_Value) = delete;
+        requires(!std::same_as<T, std::int32_t>)
+    void Value(T New_Value) = delete;
 
     /// Takes either algorithm's running value back to where it starts.
     void Clear();

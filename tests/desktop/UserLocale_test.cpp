@@ -22,8 +22,9 @@ TEST(PacedEventLoop, RunsNowAndThenHoweverOftenItIsAsked)
     int nRuns = 0;
     desktop::PacedEventLoop loop([&] { ++nRuns; });
     int nYields = 0;
-    for (; nRuns < 3; ++nYields) {
+    while (nRuns < 3) {
         loop.DoEvents(1);
+        ++nYields;
     }
     EXPECT_GT(nYields, 10 * nRuns);
 }

@@ -10,10 +10,12 @@
 #include "WidgetOf.h"
 #include "WindowManager.h"
 
+#include <QClipboard>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMimeData>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -52,7 +54,8 @@ protected:
 
 TEST_F(FileDialogs, ShowFoldersByTheirNamesAndFindThemByTheirPaths)
 {
-    for (const char* pFolder : {"/b", "/C", "/.hidden", "/new\nline", "/new\nline/\xFE", "/\xC3\x84"}) {
+    for (const char* pFolder :
+         {"/b", "/b10", "/b2", "/C", "/.hidden", "/new\nline", "/new\nline/\xFE", "/\xC3\x84"}) {
         EXPECT_EQ(mkdir((tree.sRoot + pFolder).c_str(), 0755), 0);
     }
     tree.File("file");
@@ -70,7 +73,84 @@ TEST_F(FileDialogs, ShowFoldersByTheirNamesAndFindThemByTheirPaths)
     for (int n = 0; n < model.rowCount(root); ++n) {
         sShown += model.index(n, 0, root).data().toString().toStdString() + "|";
     }
-    EXPECT_EQ(sShown, "alpha|b|bad\\xFF|C|new\\x0Aline|x.y|\xC3\x84|.hidden|");
+    EXPECT_EQ(sShown, "alpha|b|b2|b10|bad\\xFF|C|new\\x0Aline|x.y|\xC3\x84|.hidden|");
+}
+
+TEST_F(FileDialogs, SelectWhatIsPastedOrDroppedAndWhatIsClosed)
+{
+    desktop::FolderModel model({{"/", "all"}, {tree.sRoot, "tree"}});
+    desktop::FolderView view(model);
+    view.resize(200, 300);
+    view.show();
+    view.expand(model.Find(tree.sRoot));
+    EXPECT_EQ(mkdir((tree.sRoot + "/alpha/ new").c_str(), 0755), 0);
+    EXPECT_EQ(symlink("alpha", (tree.sRoot + "/link").c_str()), 0);
+    tree.File("file");
+    const auto selected = [&] { return model.Path(desktop::FolderModel::Item(view.currentIndex())); };
+    const struct {
+        const char* pKind;
+        std::string sData, sSelected; ///< empty: what was selected stays
+    } cases[] = {
+        {"text/plain", tree.sRoot + "/alpha/inner/most", "/alpha/inner/most"},
+        {"text/plain", "\n '" + tree.sRoot + "/x.y/' \r\nmore", "/x.y"},
+        {"text/plain", tree.sRoot + "/alpha/ new", "/alpha/ new"}, // made since alpha was listed
+        {"text/uri-list", "file://host" + tree.sRoot + "/bad%FF\r\nfile:///usr\r\n", "/bad\xFF"},
+        {"text/uri-list", "file://" + tree.sRoot + "/link/inner", "/alpha/inner"},
+        {"text/uri-list", "file://" + tree.sRoot + "/file", ""},
+        {"text/uri-list", "https://host/usr", ""},
+        {"text/plain", tree.sRoot + "/none", ""},
+        {"text/plain", "", ""},
+    };
+    for (const auto& each : cases) {
+        for (const bool bDropped : {false, true}) {
+            const auto usual = model.Find(tree.sRoot);
+            view.setCurrentIndex(usual);
+            auto* const pData = new QMimeData;
+            pData->setData(QLatin1String(each.pKind), QByteArray::fromStdString(each.sData));
+            QApplication::clipboard()->setMimeData(pData);
+            if (bDropped) {
+                QDragEnterEvent enter({5, 5}, Qt::CopyAction | Qt::MoveAction, pData, {}, {});
+                QApplication::sendEvent(view.viewport(), &enter);
+                EXPECT_EQ(enter.isAccepted(), !each.sSelected.empty()) << each.sData;
+                QDropEvent drop({5, 5}, Qt::CopyAction | Qt::MoveAction, pData, {}, {});
+                drop.setDropAction(Qt::MoveAction);
+                QApplication::sendEvent(view.viewport(), &drop);
+                EXPECT_TRUE(each.sSelected.empty() || drop.dropAction() == Qt::CopyAction)
+                    << "the folder would go from where it came";
+            } else {
+                QTest::keySequence(&view, QKeySequence::Paste);
+            }
+            EXPECT_EQ(selected(), tree.sRoot + each.sSelected) << each.sData << bDropped;
+        }
+    }
+    view.setCurrentIndex(model.Find(tree.sRoot + "/alpha/inner/most"));
+    view.collapse(model.Find(tree.sRoot + "/x.y"));
+    EXPECT_EQ(selected(), tree.sRoot + "/alpha/inner/most");
+    view.collapse(model.Find(tree.sRoot + "/alpha"));
+    EXPECT_EQ(selected(), tree.sRoot + "/alpha") << "what is hidden is not selected";
+}
+
+TEST_F(FileDialogs, WidenTheTreeForTheRowsInSight)
+{
+    for (int n = 0; n < 60; ++n) {
+        const std::string sName = std::string(n == 50 ? 60U : n < 40 ? 2U : 9U, 'm') + std::to_string(n);
+        EXPECT_EQ(mkdir((tree.sRoot + "/" + sName).c_str(), 0755), 0);
+    }
+    desktop::FolderModel model({{tree.sRoot, "tree"}});
+    desktop::FolderView view(model);
+    view.resize(150, 300);
+    view.show();
+    view.expand(model.index(0, 0));
+    const int nLast = model.rowCount(model.index(0, 0)) - 1;
+    for (int n = 0; n <= nLast; ++n) {
+        const QModelIndex row = model.index(n, 0, model.index(0, 0));
+        view.scrollTo(row);
+        EXPECT_TRUE(QTest::qWaitFor([&] {
+            view.grab();
+            return view.visualRect(row).width() >= view.viewport()->width() - view.visualRect(row).left() &&
+                   view.visualRect(row).width() >= view.itemDelegate()->sizeHint({}, row).width();
+        })) << row.data().toString().toStdString();
+    }
 }
 
 class ChooseFolder : public FileDialogs
@@ -227,7 +307,11 @@ TEST_F(SaveFile, GivesTheExactPathOfWhatIsTyped)
         {"/bad\xFF/", " r.v2 ", "/bad\xFF/r.v2"},
         {"/alpha/none", "../x.y/report", "/x.y/report.txt"}, // up to the nearest; the dot is in the folder
         {"/alpha", tree.sRoot + "/x", "/x.txt"},
-        {"", ".hidden", "/.hidden"},
+        {"", ".hidden", "/.hidden.txt"},
+        {"", "v1.2 list", "/v1.2 list.txt"},
+        {"", "report.2024", "/report.2024.txt"},
+        {"", "report.\u00e4", "/report.\u00e4"},
+        {"", "report.", "/report..txt"},
     };
     for (const auto& each : cases) {
         EXPECT_EQ(Ask(tree.sRoot + each.sFolder, [&](QDialog& dialog) { Type(dialog, each.sTyped); }),
@@ -239,15 +323,15 @@ TEST_F(SaveFile, GivesTheExactPathOfWhatIsTyped)
 
 TEST_F(SaveFile, SaysWhatIsWrongAndAsksBeforeItReplaces)
 {
-    for (const char* pFile : {"alpha/report.txt", "alpha/odd\xFF.txt", "alpha/other.log"}) {
+    for (const char* pFile : {"alpha/report.txt", "alpha/ r 2.txt", "alpha/odd\xFF.txt", "alpha/other.log"}) {
         tree.File(pFile);
     }
     const auto replace = [&](QDialog& dialog) {
         Type(dialog, "alpha"); // into the folder
         auto& files = Child<QListWidget>(dialog, "files");
-        ASSERT_EQ(files.count(), 2);
-        EXPECT_EQ(files.item(0)->text(), "odd\\xFF.txt");
-        EXPECT_FALSE(files.item(0)->flags().testFlag(Qt::ItemIsSelectable)) << "its name cannot be typed";
+        ASSERT_EQ(files.count(), 3);
+        EXPECT_EQ(files.item(1)->text(), "odd\\xFF.txt");
+        EXPECT_FALSE(files.item(1)->flags().testFlag(Qt::ItemIsSelectable)) << "its name cannot be typed";
         EXPECT_EQ(Child<QLineEdit>(dialog, "name").text(), QString());
         EXPECT_EQ(mkfifo((tree.sRoot + "/alpha/pipe.txt").c_str(), 0666), 0);
         const std::pair<std::string, const char*> cases[] = {
@@ -263,12 +347,18 @@ TEST_F(SaveFile, SaysWhatIsWrongAndAsksBeforeItReplaces)
         answers.Expect("replaceFile", Answers::Press(Qt::Key_Return));
         Type(dialog, "report"); // which alone does not exist
         EXPECT_TRUE(dialog.isVisible()) << "Enter must not replace";
-        files.setCurrentRow(1);
+        files.setCurrentRow(2);
         EXPECT_EQ(Child<QLineEdit>(dialog, "name").text(), "report.txt");
         answers.Expect("replaceFile", Answers::Click("yes"));
         Answers::Click("save")(dialog);
     };
     EXPECT_EQ(Ask(tree.sRoot, replace), tree.sRoot + "/alpha/report.txt");
+    const auto pick = [&](QDialog& dialog) {
+        answers.Expect("replaceFile", Answers::Click("yes"));
+        Child<QListWidget>(dialog, "files").setCurrentRow(0);
+        Answers::Click("save")(dialog);
+    };
+    EXPECT_EQ(Ask(tree.sRoot + "/alpha", pick), tree.sRoot + "/alpha/ r 2.txt") << "exactly what was picked";
 }
 
 } // namespace

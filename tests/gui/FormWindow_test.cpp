@@ -13,13 +13,18 @@
 #include "frmMain.h"
 
 #include <QAccessible>
+#include <QDialog>
 #include <QLabel>
 #include <QMenu>
 #include <QMetaEnum>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
+#include <QTreeView>
+#include <cmath>
+#include <functional>
 #include <gtest/gtest.h>
 #include <set>
 #include <string>
@@ -37,6 +42,7 @@ struct TestForm {
     platform::Label label;
     platform::CommandButton add;
     platform::CommandButton close;
+    platform::PictureBox bar;
     platform::MenuItem mnuFile, mnuFind;
     std::string sHeard;
 
@@ -47,7 +53,7 @@ struct TestForm {
                        .ClientHeight = 4500,
                        .bSizable = true,
                        .bShowInTaskbar = true};
-        form.controls = {&toolbar, &list, &label, &add, &close};
+        form.controls = {&toolbar, &list, &label, &add, &close, &bar};
         form.menus = {&mnuFile};
         form.DefaultButton = &add;
         form.CancelButton = &close;
@@ -55,11 +61,23 @@ struct TestForm {
         toolbar.buttons = {{"new", "New", "New", "new"}};
         toolbar.ButtonClick = [this](const std::string& sKey) { sHeard += sKey + " "; };
         list.SetPlace({0, 735, 3000, 1500});
+        list.AddColumn("Name", platform::Alignment::Left, 2000);
+        list.MultiSelect = true;
         label.SetPlace({3150, 735, 1500, 225});
         add.SetPlace({3150, 1200, 1140, 330});
         add.Click = [this] { sHeard += "add "; };
         close.SetPlace({4500, 3000, 1140, 330});
         close.Click = [this] { sHeard += "close "; };
+        bar.SetPlace({0, 2235, 3000, 30});
+        bar.SetSizesNorthSouth(true);
+        const auto note = [this](const char* pWhat) {
+            return [this, pWhat](int nButton, int, float, float y) {
+                sHeard += pWhat + std::to_string(nButton) + "@" + std::to_string(std::lround(y)) + " ";
+            };
+        };
+        bar.MouseDown = note("down");
+        bar.MouseMove = note("move");
+        bar.MouseUp = note("up");
         mnuFile.items = {&mnuFind};
         mnuFind.sShortcut = "F3";
         mnuFind.Click = [this] { sHeard += "find "; };
@@ -137,6 +155,26 @@ TEST_F(FormWindow, WidgetsShowWhatTheControlsSay)
     EXPECT_GT(pButton->width(), pButton->fontMetrics().horizontalAdvance(pButton->text()));
 }
 
+/// Counts how often a widget is painted.
+struct Paints final : QObject {
+    explicit Paints(QWidget& widget) { widget.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* pEvent) override
+    {
+        nCount += pEvent->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+    int nCount = 0;
+};
+
+TEST_F(FormWindow, ANewWindowIsPaintedBeforeARefreshReturns)
+{
+    two.form.Show(false, &one.form);
+    const Paints paints(*WidgetOf(&two.label));
+    two.form.Refresh();
+    EXPECT_GT(paints.nCount, 0);
+    two.form.UnloadForm();
+}
+
 TEST_F(FormWindow, MenusDoWhatTheItemsSay)
 {
     for (const bool bChecked : {true, false}) {
@@ -174,6 +212,70 @@ TEST_F(FormWindow, ADisabledFormTakesNoInputButTheOneItOwnsDoes)
     one.Window()->close();
     EXPECT_FALSE(one.form.Loaded());
     EXPECT_TRUE(two.Window()->isVisible()) << "an owner takes nobody along";
+}
+
+TEST_F(FormWindow, ADisabledFormPassesTheKeyboardOnToTheOneItOwns)
+{
+    Show(two.form, &one.form);
+    one.form.SetEnabled(false);
+    one.Window()->activateWindow(); // as a window manager does at a click
+    ASSERT_TRUE(QTest::qWaitForWindowActive(one.Window()));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(two.Window()));
+}
+
+TEST_F(FormWindow, ABarIsCaughtBesideWhatShowsOfIt)
+{
+    QWidget* const pBar = WidgetOf(&one.bar);
+    ASSERT_EQ(pBar->geometry(), QRect(0, 147, 200, 6));
+    for (const int y : {0, 2, 5}) {
+        QTest::mouseClick(pBar, Qt::LeftButton, {}, {50, y});
+    }
+    QTest::mouseClick(pBar, Qt::MiddleButton, {}, {50, 3});
+    EXPECT_EQ(one.Heard(), "down1@-30 up1@-30 down1@0 up1@0 down1@45 up1@45 down4@15 up4@15 ");
+    one.bar.SetBackColor(platform::SystemColor::ButtonShadow);
+    const QImage shown = one.Window()->grab().toImage();
+    const QPoint top = pBar->mapTo(one.Window(), QPoint(50, 0));
+    const QColor dark = pBar->palette().color(QPalette::Dark);
+    for (int y = 0; y < pBar->height(); ++y) {
+        EXPECT_EQ(shown.pixel(top.x(), top.y() + y) == dark.rgb(), y == 2 || y == 3) << y;
+    }
+}
+
+/// A form is disabled, or a modal window takes its input, while the mouse button is held.
+TEST_F(FormWindow, WhoLosesTheInputLetsGoOfWhatTheMouseHolds)
+{
+    for (int n = 0; n < 200; ++n) {
+        one.list.ListItems.Add(std::to_string(n), std::to_string(n), 1);
+    }
+    auto* const pRows = qobject_cast<QTreeView*>(WidgetOf(&one.list));
+    QDialog modal(one.Window());
+    modal.setModal(true);
+    const std::pair<std::function<void()>, std::function<void()>> ways[] = {
+        {[&] { one.form.SetEnabled(false); }, [&] { one.form.SetEnabled(true); }},
+        {[&] { modal.show(); }, [&] { modal.hide(); }}};
+    for (const auto& [take, giveBack] : ways) {
+        QTest::mousePress(WidgetOf(&one.bar), Qt::LeftButton, {}, {50, 3});
+        take();
+        giveBack();
+        QTest::mousePress(WidgetOf(&one.add), Qt::LeftButton);
+        take();
+        giveBack();
+        EXPECT_EQ(one.Heard(), "down1@15 up1@-45 ") << "a button let go of is not pressed";
+
+        QTest::mousePress(pRows->viewport(), Qt::LeftButton, {}, {20, 20});
+        QTest::mouseMove(pRows->viewport(), {20, 500});
+        const auto picked = one.list.ListItems.Selection();
+        EXPECT_GT(one.list.ListItems.SelectedCount(), 1U);
+        take();
+        bool bLater = false;
+        QTimer::singleShot(100, [&] { bLater = true; }); // a drag that went on would have scrolled by then
+        EXPECT_TRUE(QTest::qWaitFor([&] { return bLater; }));
+        EXPECT_EQ(one.list.ListItems.Selection(), picked);
+        giveBack();
+        QTest::mouseMove(pRows->viewport(), {20, 40});
+        EXPECT_EQ(one.list.ListItems.Selection(), picked);
+        pRows->verticalScrollBar()->setValue(0);
+    }
 }
 
 TEST_F(FormWindow, EnterPressesTheButtonThatHasTheFocusElseTheDefault)

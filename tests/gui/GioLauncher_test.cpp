@@ -126,11 +126,13 @@ TEST_F(Launching, OpensAFileByItsExactPathInTheProgramThatIsAskedFor)
                                        "b \"c\" %f $(x) ;'\n.txt");
     const std::string sInQuotes = tree.File("\"q\".txt");
     const std::string sMany = tree.File("x.many", "x");
+    const std::string sEmpty = tree.File("empty");
     const struct {
         std::string sFile, sParameters, sProgram, sArgument;
     } cases[] = {
         {Quoted(sOdd), "", "editor", sOdd},
         {sInQuotes, "", "editor", sInQuotes},
+        {sEmpty, "", "editor", sEmpty}, // its name says nothing
         {Quoted(sMany), "", "viewer", sMany},
         {"Notepad.exe", Quoted(sMany), "editor", sMany},
         {"Wordpad.exe", Quoted(sMany), "editor", sMany}, // no word processor is there
@@ -229,7 +231,7 @@ TEST_F(Launching, ShowsPropertiesInASheetOfItsOwn)
     EXPECT_EQ(shown("Name"), "<i>\\x0A\\xFF.txt");
     EXPECT_EQ(shown("Folder"), tree.sRoot + "/");
     EXPECT_EQ(shown("Permissions"), "rw-r----- (4640)");
-    EXPECT_TRUE(shown("Size").ends_with(" bytes / 12.1 KB")) << shown("Size");
+    EXPECT_TRUE(shown("Size").ends_with(" bytes / 12.1 KiB")) << shown("Size");
     EXPECT_NE(shown("Kind").find("text/plain"), std::string::npos);
     pSheet->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -3,8 +3,11 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QHeaderView>
+#include <QHelpEvent>
+#include <QToolTip>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <set>
 #include <string>
 #include <utility>
@@ -58,13 +61,16 @@ TEST(ListViewWidget, TellsOfKeysAndOfTheMouse)
     QTest::mouseDClick(pRows, Qt::LeftButton, {}, shown.At(1));
     QTest::mouseRelease(pRows, Qt::LeftButton, {}, shown.At(1));
     QTest::mouseClick(pRows, Qt::RightButton, {}, {350, 300});
+    QTest::mouseClick(pRows, Qt::MiddleButton, {}, shown.At(2));
+    EXPECT_EQ(shown.Selected(), std::set<int>{}) << "the middle button selects nothing";
     QTest::mouseClick(shown.pView->header()->viewport(), Qt::LeftButton, {}, {50, 5});
     for (const auto reason : {QContextMenuEvent::Keyboard, QContextMenuEvent::Mouse}) {
         QContextMenuEvent event(reason, {}, {});
         QApplication::sendEvent(shown.pView.get(), &event); // the mouse has its own way
     }
     QTest::sendKeyEvent(QTest::Press, shown.pView.get(), Qt::Key_F10, QString(), Qt::ShiftModifier);
-    EXPECT_EQ(sHeard, "down1/2@2 up1/2@2 double up1/0@2 down2/0@- up2/0@- column menu menu ");
+    EXPECT_EQ(sHeard, "down1/2@2 up1/2@2 double up1/0@2 down2/0@- up2/0@- "
+                      "down4/0@3 up4/0@3 column menu menu ");
 }
 
 TEST(ListViewWidget, KeepsColumnWidthsInStep)
@@ -76,6 +82,40 @@ TEST(ListViewWidget, KeepsColumnWidthsInStep)
     shown.list.ColumnHeaders(2).SetWidth(40);
     EXPECT_EQ(header.sectionSize(1), 3);
     EXPECT_FLOAT_EQ(shown.list.ColumnHeaders(2).Width(), 40) << "the program's own width stays exact";
+}
+
+TEST(ListViewWidget, ShowsTheTellingPartOfACutTextAndTheRestAsATip)
+{
+    tShown shown(1);
+    const std::string sLong(100, 'm');
+    const struct {
+        int nColumn;
+        std::string sText;
+        bool bCut, bEndShows;
+    } cases[] = {{0, "<b>short", false, true},
+                 {1, "/sh", false, true},
+                 {0, "<b>" + sLong, true, false},
+                 {1, "/" + sLong, true, true}};
+    for (const auto& each : cases) {
+        shown.list.ListItems.Clear();
+        std::array<QImage, 2> pictures;
+        for (const char cEnd : {'1', '8'}) {
+            const std::string sText = each.sText + cEnd;
+            auto row = shown.list.ListItems.Add(sText, each.nColumn == 0 ? sText : "", 0);
+            row->SetSubItems(1, each.nColumn == 1 ? sText : "");
+            const QPoint place = shown.At(cEnd == '1' ? 0 : 1);
+            const QRect rect =
+                shown.pView->visualRect(shown.pView->model()->index(cEnd == '1' ? 0 : 1, each.nColumn));
+            pictures[cEnd == '1' ? 0 : 1] = shown.pView->viewport()->grab(rect).toImage();
+            QToolTip::hideText();
+            QHelpEvent event(QEvent::ToolTip, rect.center(), shown.pView->viewport()->mapToGlobal(place));
+            QApplication::sendEvent(shown.pView->viewport(), &event);
+            EXPECT_EQ(QToolTip::text().contains(QString::fromStdString(sText).toHtmlEscaped()), each.bCut)
+                << sText;
+        }
+        EXPECT_EQ(pictures[0] != pictures[1], each.bEndShows) << each.sText;
+    }
+    QToolTip::hideText();
 }
 
 TEST(ListViewWidget, FindsWhatIsTyped)

@@ -64,8 +64,8 @@ TEST_F(OperationDialogs, ConfirmTheSetOnce)
         {1, 1, Qt::Key_Return, "Move 1 file (1 byte) to the trash?"},
         {2, 0, Qt::Key_Escape, "Move 2 files (0 bytes) to the trash?"},
         {3, 1023, Qt::Key_Enter, "Move 3 files (1023 bytes) to the trash?"},
-        {3, 12'345, Qt::Key_Escape, "Move 3 files (12345 bytes / 12.1 KB) to the trash?"},
-        {2, 1024 * 1024 - 1, Qt::Key_Return, "Move 2 files (1048575 bytes / 1.0 MB) to the trash?"},
+        {3, 12'345, Qt::Key_Escape, "Move 3 files (12345 bytes / 12.1 KiB) to the trash?"},
+        {2, 1024 * 1024 - 1, Qt::Key_Return, "Move 2 files (1048575 bytes / 1.0 MiB) to the trash?"},
     };
     for (const auto& each : cases) {
         answers.Expect("confirmOperation", [&](QDialog& dialog) {
@@ -164,7 +164,7 @@ TEST_F(OperationDialogs, ShowProgressAfterAMomentAndLetItBeCancelled)
             ASSERT_TRUE(dialogs.Progress(half));
         }
         EXPECT_EQ(Child<QLabel>(*Window(), "path").text(), "/a\\x0Alarge one");
-        EXPECT_EQ(Plain(Child<QLabel>(*Window(), "count").text()), "2 of 4 files 2.0 KB of 3.9 KB");
+        EXPECT_EQ(Plain(Child<QLabel>(*Window(), "count").text()), "2 of 4 files 2.0 KiB of 3.9 KiB");
         // Enter is no cancel. The window stays until the operation has ended.
         QTest::keyClick(Window(), Qt::Key_Return);
         EXPECT_TRUE(dialogs.Progress(half));

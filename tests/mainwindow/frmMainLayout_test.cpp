@@ -5,10 +5,10 @@ namespace {
 using platform::WindowState;
 
 using frmMainLayout = MainWindow;
+using Numbers = std::vector<float>;
 
 TEST_F(frmMainLayout, SharesOutTheRoomAndKeepsWhatWouldBeBelowZero)
 {
-    using Numbers = std::vector<float>;
     const struct {
         float width, height;
         WindowState state;
@@ -38,6 +38,16 @@ TEST_F(frmMainLayout, SharesOutTheRoomAndKeepsWhatWouldBeBelowZero)
     main.lvFiles.ColumnHeaders(1).SetWidth(3000);
     Size(8085, 5490);
     EXPECT_EQ(main.lvFiles.ColumnHeaders(4).Width(), 1195);
+}
+
+TEST_F(frmMainLayout, KeepsTheRowsCoveredDuringASearch)
+{
+    dialogs::theProgressForm().Show();
+    Size(19200, 15000, WindowState::Maximized);
+    EXPECT_EQ((Numbers{main.lvFake.Left(), main.lvFake.Top(), main.lvFake.Width(), main.lvFake.Height(),
+                       main.lvFake.ColumnHeaders(4).Width()}),
+              (Numbers{0, 2235, 19200, 12435, 13310}));
+    dialogs::theProgressForm().Unload();
 }
 
 TEST_F(frmMainLayout, MovesTheBarWithinItsLimits)

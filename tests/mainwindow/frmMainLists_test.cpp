@@ -28,7 +28,7 @@ TEST_F(frmMainLists, ActOnKeysWithExactlyTheirMask)
     } cases[] = {
         {65, 2, "xy[z]|[a][b]"}, {17, 2, "xy[z]|[a][b]"}, {65, 0, "x[y]z|ab"},
         {17, 0, "x[y]z|ab"},     {65, 3, "x[y]z|ab"},     {65, 6, "x[y]z|ab"},
-        {66, 2, "x[y]z|ab"},     {46, 0, "[x]z|ab"},      {46, 7, "[x]z|ab"},
+        {66, 2, "x[y]z|ab"},     {46, 0, "x[z]|ab"},      {46, 7, "x[z]|ab"},
     };
     for (const auto& [KeyCode, Shift, pAfter] : cases) {
         main.lvFolders.ListItems.Clear();

@@ -25,28 +25,43 @@ void Search(ScriptedSearch& world, PairKey key)
     search::mnuSearchFind_Click();
 }
 
-TEST(Search, StartsOverAndShowsWhereItIs)
+TEST(Search, DoesAllOnTheFormsInItsOrder)
 {
     const std::string sLong = "/a/" + std::string(60, 'b') + "/";
-    ScriptedSearch world;
-    world.AddFolder("/a");
-    AddFile(world, "/a/", "x", "1");
-    AddFile(world, "/a/", "X", "1"); // paths that differ only in letter case are one file
-    AddFile(world, "/a/", "y", "2");
-    world.files.folders["/a/"].push_back({std::string(60, 'b'), true});
-    AddFile(world, sLong, "y", "2");
-    AddFile(world, sLong, "z", "unlike any");
-    world.lvFiles.ListItems.Add("/old/row", "row", 2);
-    for (const PairKey key : {PairKey::Size, PairKey::Name, PairKey::Size}) {
-        Search(world, key);
-        ASSERT_EQ(world.StatusBar1.Panels(1).Text() + world.StatusBar1.Panels(2).Text(), "Done2");
-        EXPECT_EQ(world.lvFiles.ListItems(1).Key(), "/a/y");
-        EXPECT_EQ(world.lvFiles.ListItems(2).Key(), sLong + "y");
-        EXPECT_EQ(world.nBarMax, 5);
-        EXPECT_EQ(world.nBar, 4);
-        EXPECT_EQ(world.Labels(), "Comparing...|.." + std::string(55, 'b') + "|z");
-        EXPECT_EQ(world.lvFiles.SelectedItem()->Selected(), key == PairKey::Name);
-        EXPECT_TRUE(search::bStopped);
+    const std::string sShort = ".." + std::string(55, 'b');
+    for (const PairKey key : {PairKey::Size, PairKey::Name, PairKey::NameAndSize}) {
+        for (const bool bEnabled : {false, true}) {
+            ScriptedSearch world;
+            Search(world, key);
+            EXPECT_EQ(world.sCalls, "; message Please add at least one folder.");
+            world.AddFolder("/a");
+            AddFile(world, "/a/", "x", "1");
+            AddFile(world, "/a/", "X", "1"); // paths that differ only in letter case are one file
+            AddFile(world, "/a/", "y", "2");
+            world.files.folders["/a/"].push_back({std::string(60, 'b'), true});
+            AddFile(world, sLong, "y", "2");
+            AddFile(world, sLong, "z", "unlike any");
+            world.lvFiles.ListItems.Add("/old/row", "row", 2);
+            world.sCalls.clear();
+            world.bKeepsEnabled = bEnabled;
+            Search(world, key);
+            // Only the searches by name turn to the list, which takes the focus if somebody has enabled its
+            // form.
+            const std::string sFocus = key == PairKey::Size ? ""
+                                       : bEnabled           ? "; on focused; selected"
+                                                            : "; selected";
+            EXPECT_EQ(
+                world.sCalls,
+                "; show; menus; hourglass; panel Working...; off" + std::string(bEnabled ? "; on" : "") +
+                    "; cleared; panel 0; arrow; status Scanning...; folder picked; refresh; folder " +
+                    sShort +
+                    "; bar 0; max 5; status Comparing...; bar 0; folder /a/; file x; bar 1; bar 2; file y"
+                    "; row; row; bar 3; bar 4; folder " +
+                    sShort + "; file z" + sFocus + "; panel 2; menus; arrow; panel Done" +
+                    (bEnabled ? "" : "; on") + "; unload");
+            EXPECT_EQ(world.lvFiles.ListItems(2).Key(), sLong + "y");
+            EXPECT_TRUE(search::bStopped);
+        }
     }
 }
 

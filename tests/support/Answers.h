@@ -13,11 +13,11 @@
 
 namespace support {
 
-/// What a dialog holds by that object name.
+/// What a dialog holds by that object name. Not all of our widgets have what findChild would tell them by.
 template <typename T>
 T& Child(QDialog& dialog, const char* pName)
 {
-    T* const pChild = dialog.findChild<T*>(QLatin1String(pName));
+    T* const pChild = dynamic_cast<T*>(dialog.findChild<QObject*>(QLatin1String(pName)));
     EXPECT_NE(pChild, nullptr) << pName;
     return *pChild;
 }

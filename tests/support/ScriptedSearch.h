@@ -5,12 +5,16 @@
 #include "System.h"
 #include "mCommon.h"
 
+#include <cmath>
+
 namespace support {
 
 /// Everything a search meets, in memory: forms, files, and an event loop in which Cancel can be clicked.
 class ScriptedSearch final : public search::MainFormMembers,
                              private search::ProgressFormMembers,
                              private search::ProgressBarMembers,
+                             private platform::ControlObserver,
+                             private platform::ListViewObserver,
                              private platform::EventLoop,
                              private platform::Screen,
                              private platform::MessageBoxes
@@ -21,6 +25,11 @@ public:
         platform::UseSystem({&files, this, this, this});
         search::UseForms(*this, *this);
         search::bStopped = false;
+        for (platform::Control* pControl : std::initializer_list<platform::Control*>{
+                 &form, &lblStatus, &lblFolder, &lblFile, &StatusBar1.Panels(1), &StatusBar1.Panels(2)}) {
+            pControl->Observe(this);
+        }
+        lvFiles.ObserveRows(this);
     }
 
     void AddFolder(const std::string& sPath) { lvFolders.ListItems.Add(sPath, sPath, 1); }
@@ -44,18 +53,48 @@ public:
     std::int64_t nSteps = 0;      ///< the steps yielded for so far
     std::int64_t nYields = 0;     ///< in how many calls
     std::int64_t nCancelStep = 0; ///< the step at which Cancel is clicked; 0 for never
-    float nBar = -1, nBarMax = -1;
+    std::string sCalls;           ///< all that was asked of the forms and the screen, each behind a "; "
+    bool bKeepsEnabled = false;   ///< somebody enables the main form as soon as the search has disabled it
 
 private:
-    void CheckMenu() override {}
+    void CheckMenu() override { Note("menus"); }
     std::string sSelectedFolder() override { return "picked"; }
 
     ProgressBarMembers& pbProgress() override { return *this; }
-    void Show() override {}
-    void Refresh() override {}
-    void Unload() override {}
-    void SetMax(float New_Max) override { nBarMax = New_Max; }
-    void SetValue(float New_Value) override { nBar = New_Value; }
+    void Show() override { Note("show"); }
+    void Refresh() override { Note("refresh"); }
+    void Unload() override { Note("unload"); }
+    void SetMax(float New_Max) override { Note("max", std::to_string(std::lround(New_Max))); }
+    void SetValue(float New_Value) override { Note("bar", std::to_string(std::lround(New_Value))); }
+
+    void Note(std::string_view sCall, std::string_view sValue = {})
+    {
+        sCalls.append("; ").append(sCall).append(sValue.empty() ? "" : " ").append(sValue);
+    }
+
+    void ControlChanged(platform::Control& control) override
+    {
+        if (&control == &form) {
+            Note(form.Enabled() ? "on" : "off", form.ActiveControl() == &lvFiles ? "focused" : "");
+            form.SetEnabled(form.Enabled() || bKeepsEnabled);
+        } else if (const auto* pLabel = dynamic_cast<platform::Label*>(&control)) {
+            Note(pLabel == &lblStatus   ? "status"
+                 : pLabel == &lblFolder ? "folder"
+                                        : "file",
+                 pLabel->Caption());
+        } else {
+            Note("panel", dynamic_cast<platform::Panel&>(control).Text());
+        }
+    }
+
+    void RowAdded(std::size_t) override { Note("row"); }
+    void RowChanged(std::size_t) override {}
+    void RowRemoved(std::size_t) override { Note("removed"); }
+    void RowsCleared() override { Note("cleared"); }
+    void RowsSorted() override { Note("sorted"); }
+    void SelectionChanged() override { Note("selected"); }
+    void ShowRow(std::size_t) override { Note("scrolled"); }
+    std::optional<std::size_t> RowAt(float, float) override { return {}; }
 
     void DoEvents(std::int64_t nStepsNow) override
     {
@@ -65,8 +104,11 @@ private:
         search::bStopped = search::bStopped || (bBefore && nSteps >= nCancelStep);
     }
 
-    void SetMousePointer(platform::MousePointer) override {}
-    void Show(std::string_view, platform::MessageIcon) override {}
+    void SetMousePointer(platform::MousePointer pointer) override
+    {
+        Note(pointer == platform::MousePointer::Hourglass ? "hourglass" : "arrow");
+    }
+    void Show(std::string_view sText, platform::MessageIcon) override { Note("message", sText); }
 };
 
 } // namespace support

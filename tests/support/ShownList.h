@@ -16,7 +16,7 @@ struct tShownList {
     explicit tShownList(int nRows, bool bMultiSelect = true)
     {
         list.AddColumn("Name", platform::Alignment::Left, 3000);
-        list.AddColumn("Size", platform::Alignment::Right, 1005);
+        list.AddColumn("Size", platform::Alignment::Right, 1005, platform::Ellipsis::InMiddle);
         list.MultiSelect = bMultiSelect;
         list.Message(platform::ListView::LVM_SETEXTENDEDLISTVIEWSTYLE, 0,
                      bMultiSelect ? platform::ListView::LVS_EX_FULLROWSELECT : 0);

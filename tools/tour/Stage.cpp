@@ -215,8 +215,7 @@ void Stage::Meanwhile(const std::function<void()>& act, const std::function<bool
 void Stage::Meanwhile(const std::function<void()>& act, platform::Form& form,
                       const std::function<void()>& talk)
 {
-    Meanwhile(
-        act, [&] { return IsUp(form); }, talk);
+    Meanwhile(act, [&] { return IsUp(form); }, talk);
     Expect(!form.Loaded(), "the window has gone");
     WaitFor([&] { return IsUp(main.form); }, "the main window has the keyboard again");
 }

@@ -42,8 +42,7 @@ QWidget* Shown(const char* pName)
 void Meet(Stage& stage, const std::function<void()>& act, const char* pWindow,
           const std::function<void()>& talk)
 {
-    stage.Meanwhile(
-        act, [pWindow] { return Shown(pWindow) != nullptr; }, talk);
+    stage.Meanwhile(act, [pWindow] { return Shown(pWindow) != nullptr; }, talk);
     stage.Expect(Shown(pWindow) == nullptr, std::string(pWindow) + " has gone");
 }
 
@@ -137,8 +136,7 @@ void CopyOntoItself(Stage& stage)
 {
     ClickRow(stage, "Pictures/beach.jpg");
     const auto choose = [&] {
-        Meet(
-            stage, [&] { stage.Tool("Copy To"); }, "folderChooser", [&] { stage.Press(Qt::Key_Return); });
+        Meet(stage, [&] { stage.Tool("Copy To"); }, "folderChooser", [&] { stage.Press(Qt::Key_Return); });
     };
     Meet(stage, choose, "operationSummary", [&] {
         stage.Show("summary");

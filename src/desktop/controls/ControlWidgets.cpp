@@ -1,19 +1,16 @@
 #include "ControlWidgets.h"
 
-#include "KeyCodes.h"
 #include "LabelWidget.h"
 #include "ListViewWidget.h"
+#include "PictureBoxView.h"
 #include "Pictures.h"
 #include "ShownText.h"
-#include "SpokenRole.h"
 #include "StatusBar.h"
 #include "StatusBarWidget.h"
 #include "Toolbar.h"
 #include "ToolbarWidget.h"
-#include "Twips.h"
 #include "Widgets.h"
 
-#include <QMouseEvent>
 #include <QPainter>
 #include <QProgressBar>
 #include <QPushButton>
@@ -61,74 +58,6 @@ protected:
 private:
     platform::CommandButton& m_button;
     QPushButton& m_widget;
-};
-
-class PictureBoxView final : public ControlView
-{
-public:
-    PictureBoxView(const platform::Form& form, platform::PictureBox& box, QWidget* pParent)
-        : ControlView(form, box, *new QWidget(pParent)), m_box(box)
-    {
-        Widget().setAutoFillBackground(true);
-        if (m_box.SizesNorthSouth()) {
-            GiveSpokenRole(Widget(), QAccessible::Splitter);
-        }
-        Widget().installEventFilter(this);
-    }
-
-    void Follow() override
-    {
-        Widget().setBackgroundRole(Role(m_box.BackColor()));
-        Widget().setCursor(m_box.SizesNorthSouth() ? Qt::SplitVCursor : Qt::ArrowCursor);
-        ControlView::Follow();
-    }
-
-    bool eventFilter(QObject* /*pWatched*/, QEvent* pEvent) override
-    {
-        switch (pEvent->type()) {
-        case QEvent::MouseButtonPress:
-        case QEvent::MouseButtonDblClick:
-            return Tell(m_box.MouseDown, *static_cast<QMouseEvent*>(pEvent));
-        case QEvent::MouseMove:
-            return Tell(m_box.MouseMove, *static_cast<QMouseEvent*>(pEvent));
-        case QEvent::MouseButtonRelease:
-            return Tell(m_box.MouseUp, *static_cast<QMouseEvent*>(pEvent));
-        default:
-            return false;
-        }
-    }
-
-private:
-    static QPalette::ColorRole Role(platform::SystemColor color)
-    {
-        switch (color) {
-        case platform::SystemColor::WindowBackground:
-            return QPalette::Base;
-        case platform::SystemColor::ButtonShadow:
-            return QPalette::Dark;
-        case platform::SystemColor::InfoBackground:
-            return QPalette::ToolTipBase;
-        case platform::SystemColor::ButtonFace:
-            break;
-        }
-        return QPalette::Window; // what the form around it has
-    }
-
-    static bool Tell(const platform::MouseEvent& tell, const QMouseEvent& event)
-    {
-        if (tell) {
-            // A move tells of the buttons held, the others of the one that changed.
-            const Qt::MouseButtons buttons =
-                event.type() == QEvent::MouseMove ? event.buttons() : Qt::MouseButtons(event.button());
-            const QPoint at = event.position().toPoint();
-            tell((buttons.testFlag(Qt::LeftButton) ? platform::kLeftButton : 0) +
-                     (buttons.testFlag(Qt::RightButton) ? platform::kRightButton : 0),
-                 ShiftMask(event.modifiers()), Twips(at.x()), Twips(at.y()));
-        }
-        return true;
-    }
-
-    platform::PictureBox& m_box;
 };
 
 class PictureWidget final : public QWidget

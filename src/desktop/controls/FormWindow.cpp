@@ -15,9 +15,12 @@
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QScreen>
+#include <QTimer>
 #include <QWindow>
 #include <algorithm>
+#include <chrono>
 
 namespace desktop {
 namespace {
@@ -32,9 +35,9 @@ bool TakesFocusByTab(const QWidget& widget)
 FormWindow::FormWindow(platform::Form& form, QWidget* pOwner)
     : m_pForm(&form), m_pOwner(pOwner), m_pInside(new QWidget(this))
 {
+    GiveSpokenRole(*this, form.design.bShowInTaskbar ? QAccessible::Window : QAccessible::Dialog);
     setWindowTitle(ShownText(form.design.sCaption));
     setWindowFlags(FrameOf(form.design));
-    GiveSpokenRole(*this, form.design.bShowInTaskbar ? QAccessible::Window : QAccessible::Dialog);
     if (m_pOwner != nullptr) {
         winId(); // makes the system's window, which is what has an owner
         windowHandle()->setTransientParent(m_pOwner->windowHandle());
@@ -152,14 +155,30 @@ void FormWindow::TakeDown()
 
 void FormWindow::RefreshNow()
 {
+    WaitUntilExposed();
     for (const auto& view : m_views) {
         view->Flush();
     }
     repaint();
 }
 
+/// Waits until the system has the window on the screen; before that nothing can be painted in it. Nobody's
+/// input is taken meanwhile. A window that is minimised, say, with its owner never comes.
+void FormWindow::WaitUntilExposed()
+{
+    constexpr std::chrono::milliseconds kLongest{500};
+    QTimer longest;
+    longest.setSingleShot(true);
+    longest.start(kLongest);
+    const QScopedValueRollback waits(m_bWaits, true);
+    while (isVisible() && !windowHandle()->isExposed() && longest.isActive()) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
+    }
+}
+
 void FormWindow::ControlChanged(platform::Control& /*control*/)
 {
+    m_inputGate->FormChanged();
     FollowChildren();
     QWidget* const pActive = WidgetOf(m_pForm->ActiveControl());
     if (pActive != nullptr && !pActive->hasFocus() && !pActive->isAncestorOf(focusWidget())) {
@@ -191,7 +210,7 @@ void FormWindow::changeEvent(QEvent* pEvent)
 void FormWindow::closeEvent(QCloseEvent* pEvent)
 {
     pEvent->ignore(); // the form decides, and takes its window down
-    if (m_pForm != nullptr && m_pForm->Enabled() && m_pForm->design.bControlBox) {
+    if (m_pForm != nullptr && m_pForm->Enabled() && m_pForm->design.bControlBox && !m_bWaits) {
         m_pForm->UnloadForm();
     }
 }

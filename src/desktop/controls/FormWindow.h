@@ -57,6 +57,7 @@ private:
     void FollowChildren();
     [[nodiscard]] int MenuHeight(int nWidth) const;
     void TellSize();
+    void WaitUntilExposed();
     void FocusMoved(const QWidget* pNow);
     [[nodiscard]] std::vector<QWidget*> TabOrder() const;
 
@@ -68,6 +69,7 @@ private:
     std::unique_ptr<Menus> m_menus;
     std::vector<std::unique_ptr<ControlView>> m_views;
     std::optional<std::tuple<QSize, platform::WindowState>> m_told;
+    bool m_bWaits = false;        ///< for the system, to bring the window to the screen
     QPointer<QEventLoop> m_pLoop; ///< the one that runs until the window is down
 };
 

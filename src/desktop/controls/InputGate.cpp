@@ -4,7 +4,10 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QScopedValueRollback>
 #include <QWindow>
+
+#include <utility>
 
 namespace desktop {
 namespace {
@@ -40,21 +43,92 @@ bool IsInput(QEvent::Type type)
     }
 }
 
+/// The window in front of those that `window` owns, or itself.
+QWidget& FrontOf(QWidget& window)
+{
+    for (QWidget* pEach : QApplication::topLevelWidgets()) {
+        const bool bOwned = pEach->isVisible() && pEach->windowHandle() != nullptr &&
+                            pEach->windowHandle()->transientParent() == window.windowHandle();
+        if (bOwned && (pEach->windowType() == Qt::Dialog || pEach->windowType() == Qt::Window)) {
+            return FrontOf(*pEach);
+        }
+    }
+    return window;
+}
+
 } // namespace
 
-InputGate::InputGate(const platform::Form& form, const QWidget& window) : m_form(form), m_window(window)
+InputGate::InputGate(const platform::Form& form, QWidget& window) : m_form(form), m_window(window)
 {
     // Input comes to the system's window first and to a widget in it then; both are to miss it.
     qApp->installEventFilter(this);
 }
 
+void InputGate::FormChanged()
+{
+    if (!m_form.Enabled()) {
+        EndPress();
+    }
+}
+
 bool InputGate::eventFilter(QObject* pWatched, QEvent* pEvent)
 {
-    if (m_form.Enabled() || !IsInput(pEvent->type())) {
+    const bool bWidget = pWatched->isWidgetType() && static_cast<QWidget*>(pWatched)->window() == &m_window;
+    if (!bWidget && pWatched != m_window.windowHandle()) {
         return false;
     }
-    return pWatched == m_window.windowHandle() ||
-           (pWatched->isWidgetType() && static_cast<QWidget*>(pWatched)->window() == &m_window);
+    if (pEvent->type() == QEvent::WindowBlocked) {
+        EndPress(); // a modal window takes the input from here on
+    }
+    if (m_form.Enabled() || m_bEndsPress) {
+        if (bWidget && pEvent->type() == QEvent::MouseButtonPress) {
+            NotePress(*static_cast<QWidget*>(pWatched), *static_cast<QMouseEvent*>(pEvent));
+        } else if (bWidget && pEvent->type() == QEvent::MouseButtonRelease) {
+            m_pressed = nullptr;
+        }
+        return false;
+    }
+    if (pEvent->type() == QEvent::WindowActivate ||
+        (pEvent->type() == QEvent::MouseButtonPress && !bWidget)) {
+        QMetaObject::invokeMethod(this, &InputGate::ShowOwned, Qt::QueuedConnection);
+    }
+    // The toolkit is to know of a button that comes up, but no widget.
+    return IsInput(pEvent->type()) && (bWidget || pEvent->type() != QEvent::MouseButtonRelease);
+}
+
+void InputGate::NotePress(QWidget& widget, const QMouseEvent& event)
+{
+    // A press that a widget does not take goes on to what holds it.
+    const bool bGoesOn = m_pressed != nullptr && widget.isAncestorOf(m_pressed);
+    if (event.buttons() == event.button() && !bGoesOn) {
+        m_pressed = &widget;
+        m_button = event.button();
+    }
+}
+
+/// Lets go of what is pressed, as if the button came up where nothing is.
+void InputGate::EndPress()
+{
+    const QPointer<QWidget> pressed = std::exchange(m_pressed, nullptr);
+    // The right button drags nothing, and its coming up opens a menu.
+    if (pressed == nullptr || m_button == Qt::RightButton) {
+        return;
+    }
+    const QScopedValueRollback endsPress(m_bEndsPress, true);
+    const QPointF nowhere(-1, -1);
+    QMouseEvent release(QEvent::MouseButtonRelease, nowhere, pressed->mapToGlobal(nowhere), m_button,
+                        Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(pressed, &release);
+}
+
+/// Brings what the form waits for to the front, with the keyboard.
+void InputGate::ShowOwned() const
+{
+    QWidget& front = FrontOf(m_window);
+    if (!m_form.Enabled() && &front != &m_window) {
+        front.raise();
+        front.activateWindow();
+    }
 }
 
 } // namespace desktop

@@ -83,4 +83,11 @@ int ShiftMaskAfter(const QKeyEvent& released)
     return ShiftMask(released.modifiers() & ~own);
 }
 
+int ButtonMask(Qt::MouseButtons buttons)
+{
+    return (buttons.testFlag(Qt::LeftButton) ? platform::kLeftButton : 0) +
+           (buttons.testFlag(Qt::RightButton) ? platform::kRightButton : 0) +
+           (buttons.testFlag(Qt::MiddleButton) ? platform::kMiddleButton : 0);
+}
+
 } // namespace desktop

@@ -16,4 +16,7 @@ int ShiftMask(Qt::KeyboardModifiers modifiers);
 /// The same once a key has come up, whether or not its event still counts that key as held.
 int ShiftMaskAfter(const QKeyEvent& released);
 
+/// Mouse buttons as the program adds them up.
+int ButtonMask(Qt::MouseButtons buttons);
+
 } // namespace desktop

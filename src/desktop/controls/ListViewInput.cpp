@@ -29,27 +29,23 @@ void ListViewWidget::TellMouse(const platform::MouseEvent& tell, const QMouseEve
 {
     if (tell) {
         const QPointF pos = viewport()->mapTo(this, event.position());
-        tell(event.button() == Qt::LeftButton ? platform::kLeftButton : platform::kRightButton,
-             ShiftMask(event.modifiers()), static_cast<float>(pos.x()) * kTwipsPerPixel,
-             static_cast<float>(pos.y()) * kTwipsPerPixel);
+        tell(ButtonMask(event.button()), ShiftMask(event.modifiers()),
+             static_cast<float>(pos.x()) * kTwipsPerPixel, static_cast<float>(pos.y()) * kTwipsPerPixel);
     }
 }
 
 void ListViewWidget::mousePressEvent(QMouseEvent* pEvent)
 {
-    const bool bLeft = pEvent->button() == Qt::LeftButton;
-    if (!bLeft && pEvent->button() != Qt::RightButton) {
-        pEvent->ignore();
-        return;
-    }
     TellMouse(m_list.MouseDown, *pEvent);
     BringUpToDate();
-    m_pressed = pEvent->position().toPoint();
-    m_bDragBegun = false;
-    const auto row = RowUnder(m_pressed);
-    if (bLeft) {
-        m_picking.Press(row, LineAt(m_pressed.y()), Held(pEvent->modifiers()));
-    } else {
+    const QPoint pos = pEvent->position().toPoint();
+    const auto row = RowUnder(pos);
+    if (pEvent->button() == Qt::LeftButton) {
+        m_pressed = pos;
+        m_bDragBegun = false;
+        m_picking.Press(row, LineAt(pos.y()), Held(pEvent->modifiers()));
+    } else if (pEvent->button() == Qt::RightButton) {
+        EndDrag();
         m_picking.PressRight(row, Held(pEvent->modifiers()));
     }
     BringUpToDate();
@@ -58,7 +54,7 @@ void ListViewWidget::mousePressEvent(QMouseEvent* pEvent)
 void ListViewWidget::mouseMoveEvent(QMouseEvent* pEvent)
 {
     if (!pEvent->buttons().testFlag(Qt::LeftButton)) {
-        m_picking.Release();
+        EndDrag();
     }
     const QPoint pos = pEvent->position().toPoint();
     m_bDragBegun |= (pos - m_pressed).manhattanLength() >= QApplication::startDragDistance();
@@ -98,12 +94,15 @@ void ListViewWidget::DragTo(int y)
 void ListViewWidget::mouseReleaseEvent(QMouseEvent* pEvent)
 {
     if (pEvent->button() == Qt::LeftButton) {
-        m_scrollTimer.stop();
-        m_picking.Release();
+        EndDrag();
     }
-    if (pEvent->button() == Qt::LeftButton || pEvent->button() == Qt::RightButton) {
-        TellMouse(m_list.MouseUp, *pEvent);
-    }
+    TellMouse(m_list.MouseUp, *pEvent);
+}
+
+void ListViewWidget::EndDrag()
+{
+    m_scrollTimer.stop();
+    m_picking.Release();
 }
 
 void ListViewWidget::mouseDoubleClickEvent(QMouseEvent* pEvent)

@@ -112,7 +112,7 @@ void ListViewWidget::RowChanged(std::size_t nRow)
 void ListViewWidget::RowRemoved(std::size_t nRow)
 {
     MarkStale();
-    m_picking.Forget();
+    ForgetRows();
     const QScopedValueRollback follows(m_selection.bFollows, true);
     m_model.RowRemoved(nRow);
 }
@@ -120,7 +120,7 @@ void ListViewWidget::RowRemoved(std::size_t nRow)
 void ListViewWidget::RowsCleared()
 {
     MarkStale();
-    m_picking.Forget();
+    ForgetRows();
     m_rowToShow.reset();
     const QScopedValueRollback follows(m_selection.bFollows, true);
     m_model.RowsCleared();
@@ -129,9 +129,16 @@ void ListViewWidget::RowsCleared()
 void ListViewWidget::RowsSorted()
 {
     MarkStale();
-    m_picking.Forget();
+    ForgetRows();
     const QScopedValueRollback follows(m_selection.bFollows, true);
     m_model.RowsSorted();
+}
+
+/// What the mouse and the keys have to do with the rows as they were ends.
+void ListViewWidget::ForgetRows()
+{
+    EndDrag();
+    m_picking.Forget();
 }
 
 void ListViewWidget::SelectionChanged()

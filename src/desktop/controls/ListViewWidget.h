@@ -75,6 +75,8 @@ private:
     [[nodiscard]] std::optional<std::size_t> RowUnder(const QPoint& pos) const;
     [[nodiscard]] std::size_t LineAt(int y) const;
     void DragTo(int y);
+    void EndDrag();
+    void ForgetRows();
     void TellMouse(const platform::MouseEvent& tell, const QMouseEvent& event) const;
 
     platform::ListView& m_list;

@@ -2,10 +2,14 @@
 
 #include "Pictures.h"
 #include "RowModel.h"
+#include "ShownText.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
+#include <QToolTip>
 
 #include <algorithm>
 #include <cmath>
@@ -85,6 +89,9 @@ void MarkDelegate::initStyleOption(QStyleOptionViewItem* pOption, const QModelIn
 {
     QStyledItemDelegate::initStyleOption(pOption, index);
     pOption->showDecorationSelected = m_list.FullRowSelect();
+    const bool bInMiddle = m_list.ColumnHeaders(static_cast<std::size_t>(index.column()) + 1).ellipsis ==
+                           platform::Ellipsis::InMiddle;
+    pOption->textElideMode = bInMiddle ? Qt::ElideMiddle : Qt::ElideRight;
     const int nSmallIcon = index.data(RowModel::kSmallIconRole).toInt();
     if (index.column() == 0 && nSmallIcon > 0) {
         pOption->features |= QStyleOptionViewItem::HasDecoration;
@@ -93,6 +100,18 @@ void MarkDelegate::initStyleOption(QStyleOptionViewItem* pOption, const QModelIn
             pOption->icon = m_folder;
         }
     }
+}
+
+bool MarkDelegate::helpEvent(QHelpEvent* pEvent, QAbstractItemView* pView, const QStyleOptionViewItem& option,
+                             const QModelIndex& index)
+{
+    const QRect inSight = option.rect & pView->viewport()->rect();
+    if (pEvent->type() != QEvent::ToolTip || !index.isValid() ||
+        sizeHint(option, index).width() <= inSight.width()) {
+        return QStyledItemDelegate::helpEvent(pEvent, pView, option, index);
+    }
+    QToolTip::showText(pEvent->globalPos(), AsToolTip(index.data().toString()), pView->viewport(), inSight);
+    return true;
 }
 
 QRect MarkDelegate::Label(const QStyleOptionViewItem& option, const QModelIndex& index) const

@@ -9,7 +9,8 @@ namespace desktop {
 
 /// Paints the cells of a list with the pictures of its rows: 1 is a folder, 2 to 7 are the marks of a group's
 /// first, middle and last row, in blue, and in red for a file that has gone. The marks fill the height of
-/// their row, so that those of a group join into one bracket.
+/// their row, so that those of a group join into one bracket. The whole text of a cell that is cut is its
+/// tool tip.
 class MarkDelegate final : public QStyledItemDelegate
 {
 public:
@@ -17,6 +18,9 @@ public:
 
     void paint(QPainter* pPainter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
+
+    bool helpEvent(QHelpEvent* pEvent, QAbstractItemView* pView, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override;
 
     /// The part of a cell that its picture and its text take up. Without full row selection it is what shows
     /// the selection and what takes the mouse.

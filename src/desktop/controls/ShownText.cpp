@@ -23,4 +23,9 @@ QString ShownText(std::string_view sText)
     return QString::fromStdString(platform::Escaped(sText));
 }
 
+QString AsToolTip(const QString& sText)
+{
+    return QStringLiteral("<p style='white-space:pre-wrap'>%1</p>").arg(sText.toHtmlEscaped());
+}
+
 } // namespace desktop

@@ -11,4 +11,7 @@ namespace desktop {
 /// forge a line, two names never look the same for their bytes, and the bytes can be told from what is shown.
 QString ShownText(std::string_view sText);
 
+/// A text that may hold any name, as a tool tip, which would otherwise take some of it for markup.
+QString AsToolTip(const QString& sText);
+
 } // namespace desktop

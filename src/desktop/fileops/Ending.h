@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -14,7 +15,8 @@ struct tEnding {
     [[nodiscard]] bool IsDone() const { return kind == Kind::Done; }
 
     Kind kind = Kind::Done;
-    std::string sReason;  ///< what the user is to be told, in sentences without the path; always for NotDone
+    std::string sReason;  ///< what the user is to be told, in sentences without the path; always for NotDone,
+                          ///< and for Done what is to be known besides
     bool bSpared = false; ///< NotDone, since nothing was found that stays of its contents
     bool bReplaced = false; ///< Done, and another file has made room
 };

@@ -41,11 +41,26 @@ tRange NextData(int h, std::int64_t nOffset, std::int64_t cySize)
 
 tEnding FileCopier::Copy()
 {
-    // 1. Blocks shared with the original cost neither time nor space.
+    tEnding ending = CopyAll();
+    if (!ending.IsDone()) {
+        return ending;
+    }
+    char cBehind = 0;
+    const ssize_t nBehind = Retried([&] { return pread(m_hFrom, &cBehind, 1, m_cySize); });
+    if (nBehind == 0) {
+        return ending;
+    }
+    return tEnding::NotDone(nBehind < 0
+                                ? Reason(errno, Step::Read)
+                                : "There is more in it than the size says that its file system gives.");
+}
+
+tEnding FileCopier::CopyAll()
+{
+    // Blocks shared with the original cost neither time nor space.
     if (Retried([&] { return ioctl(m_hTo, FICLONE, m_hFrom); }) == 0) {
         return {};
     }
-    // 2. Data, stretch by stretch.
     for (std::int64_t n = 0; n < m_cySize;) {
         const tRange range = NextData(m_hFrom, n, m_cySize);
         tEnding ending = CopyRange(range.nStart, range.nEnd);
@@ -54,7 +69,7 @@ tEnding FileCopier::Copy()
         }
         n = range.nEnd;
     }
-    // 3. The hole at the end.
+    // The hole at the end.
     if (Retried([&] { return ftruncate(m_hTo, m_cySize); }) != 0) {
         return tEnding::NotDone(Reason(errno, Step::Write));
     }
@@ -75,11 +90,12 @@ tEnding FileCopier::CopyRange(std::int64_t nStart, std::int64_t nEnd)
                 return ending;
             }
         }
-        const std::int64_t nCopyEnd = nStart + nCopied;
-        if (!BringToDisk(nStart, nCopyEnd)) {
+        nStart += nCopied;
+        // The many small pieces that a file may be in are not written one by one.
+        const bool bDue = nStart - m_nBegun >= static_cast<std::int64_t>(kChunk) || nStart >= m_cySize;
+        if (bDue && !BringToDisk(nStart)) {
             return tEnding::NotDone(Reason(errno, Step::Write));
         }
-        nStart = nCopyEnd;
         if (!m_goOn(nStart)) {
             return {tEnding::Kind::Cancelled, {}};
         }
@@ -87,10 +103,11 @@ tEnding FileCopier::CopyRange(std::int64_t nStart, std::int64_t nEnd)
     return {};
 }
 
-/// Has the disk begin with a stretch just copied, and waits for what lies far behind it. False if something
-/// could not be written, which the sync at the end would not tell again.
-bool FileCopier::BringToDisk(std::int64_t nStart, std::int64_t nEnd)
+/// Has the disk begin with what has been copied since, and waits for what lies far behind it. False if
+/// something could not be written, which the sync at the end would not tell again.
+bool FileCopier::BringToDisk(std::int64_t nEnd)
 {
+    const std::int64_t nStart = std::exchange(m_nBegun, nEnd);
     if (m_bBegins &&
         Retried([&] { return sync_file_range(m_hTo, nStart, nEnd - nStart, SYNC_FILE_RANGE_WRITE); }) != 0) {
         // A system without this call, or that denies it, does all of it at the end.
@@ -124,7 +141,8 @@ std::int64_t FileCopier::CopyByHand(std::int64_t nOffset, std::size_t nBytes, tE
     const ssize_t nRead =
         Retried([&] { return pread(m_hFrom, m_buffer.get(), std::min(nBytes, kBuffer), nOffset); });
     if (nRead <= 0) {
-        ending = tEnding::NotDone(nRead < 0 ? Reason(errno, Step::Read) : "It has become shorter meanwhile.");
+        ending = tEnding::NotDone(nRead < 0 ? Reason(errno, Step::Read)
+                                            : "It ends before the size that its file system gives.");
         return 0;
     }
     for (ssize_t n = 0; n < nRead;) {

@@ -18,13 +18,15 @@ public:
     {
     }
 
-    /// The disk follows close behind, but what it has at the end is to be synced by the caller.
+    /// The disk follows close behind, but what it has at the end is to be synced by the caller. Not done
+    /// either if there is more to read than the size says.
     tEnding Copy();
 
 private:
+    tEnding CopyAll();
     tEnding CopyRange(std::int64_t nStart, std::int64_t nEnd);
     std::int64_t CopyInKernel(std::int64_t nOffset, std::size_t nBytes);
-    bool BringToDisk(std::int64_t nStart, std::int64_t nEnd);
+    bool BringToDisk(std::int64_t nEnd);
     std::int64_t CopyByHand(std::int64_t nOffset, std::size_t nBytes, tEnding& ending);
 
     int m_hFrom;
@@ -33,6 +35,7 @@ private:
     const ProgressCall& m_goOn;
     bool m_bInKernel = true;    ///< the kernel has not yet refused to copy by itself
     bool m_bBegins = true;      ///< the disk begins while the copying goes on
+    std::int64_t m_nBegun = 0;  ///< up to here the disk has been told to begin
     std::int64_t m_nOnDisk = 0; ///< up to here it is known to have written all
     std::unique_ptr<char[]> m_buffer;
 };

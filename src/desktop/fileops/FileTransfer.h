@@ -1,11 +1,13 @@
 #pragma once
 
+#include "HeldFile.h"
 #include "OperationPlan.h"
-#include "Renaming.h"
 #include "ReplaceQuestions.h"
-#include "TargetFolder.h"
+#include "TargetFolders.h"
 #include "TemporaryFile.h"
+#include "TrashCan.h"
 
+#include <functional>
 #include <optional>
 
 namespace desktop {
@@ -15,34 +17,45 @@ namespace desktop {
 class FileTransfer
 {
 public:
-    /// `dialogs` must outlive it.
-    FileTransfer(FileOperation operation, OperationDialogs& dialogs)
-        : m_bMove(operation == FileOperation::Move), m_questions(dialogs)
+    FileTransfer(FileOperation operation, ReplaceQuestions questions)
+        : m_bMove(operation == FileOperation::Move), m_questions(std::move(questions))
     {
     }
 
-    /// Brings one file to its target. Where another one is there, the user is asked. Skipped and Cancelled
-    /// leave it as it was, and so does NotDone unless the reason says otherwise.
-    tEnding Carry(const tPlannedFile& file, const ProgressCall& goOn);
+    /// Brings one file, which is held, to its target. Where another one is there, the user is asked. Skipped
+    /// and Cancelled leave it as it was, and so does NotDone unless the reason says otherwise. Done may have
+    /// a remark.
+    tEnding Carry(const HeldFile& source, const tPlannedFile& file, const ProgressCall& goOn);
+
+    /// The folder that a file goes to; null if it cannot be opened.
+    FolderPtr FolderOf(const tPlannedFile& file) { return Target(file).pFolder; }
+
+    /// Files that were done, but the folder that they were brought to is no longer where it was.
+    [[nodiscard]] std::vector<std::string> Astray() const { return m_folders.Astray(); }
 
 private:
     /// The file in hand.
     struct tJob {
+        const HeldFile& source;
         const tPlannedFile& file;
         const ProgressCall& goOn;
-        FolderEntry source;
-        tName target;
-        std::optional<tFileIdentity> replaced; ///< what the user has agreed to have replaced
+        FolderEntry target;
+        std::optional<tFileIdentity> replaced{}; ///< what the user has agreed to have replaced
     };
 
+    /// Gives a file the target's name without replacing.
+    using Names = std::function<tRelocation()>;
+
+    tTargetFolder& Target(const tPlannedFile& file);
     tEnding Settle(tJob& job);
     ContentComparison::Result CompareWithTarget(const tJob& job, const tLook& target);
-    tEnding Move(const tJob& job);
+    tRelocation Place(const tJob& job, const Names& names);
     tEnding Copy(const tJob& job);
     static tEnding Fill(const tJob& job, int hSource, const Status& status, const TemporaryFile& made);
-    [[nodiscard]] tEnding RemoveSource(const tJob& job, int hSource, int hCopy) const;
+    [[nodiscard]] tEnding Finish(const tJob& job, int hSource, const TemporaryFile& copy) const;
 
-    TargetFolder m_folder;
+    TargetFolders m_folders;
+    TrashCan m_trash; ///< for what is replaced
     bool m_bMove;
     ReplaceQuestions m_questions;
     ContentComparison m_comparison;

@@ -1,107 +1,40 @@
+// SPDX-License-Identifier: MIT
 #include "FolderEntry.h"
 
 #include "FileSystem.h"
-#include "FileTime.h"
-#include "Reasons.h"
 #include "Retried.h"
 
 #include <fcntl.h>
 
 namespace desktop {
-namespace {
 
-tLook Looked(int nResult, const Status& status)
+std::string FolderEntry::Path() const
 {
-    return nResult == 0 ? tLook{0, status} : tLook{errno, {}};
-}
-
-std::string FolderOf(const std::string& sPath)
-{
-    return sPath.substr(0, sPath.rfind(platform::kSeparator) + 1);
-}
-
-} // namespace
-
-double DateOf(const tFileIdentity& identity)
-{
-    const auto stTime = platform::LocalTime({identity.nSeconds});
-    return stTime ? platform::DateValue(*stTime) : 0;
-}
-
-tFileIdentity tLook::Identity() const
-{
-    return {status.st_dev, status.st_ino, status.st_size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
-}
-
-bool tLook::IsSameFileAs(const tLook& other) const
-{
-    return nError == 0 && other.nError == 0 && status.st_dev == other.status.st_dev &&
-           status.st_ino == other.status.st_ino;
-}
-
-tLook LookAt(int h)
-{
-    Status status{};
-    return Looked(fstat(h, &status), status);
-}
-
-tLook LookAt(int hFolder, const std::string& sName)
-{
-    Status status{};
-    return Looked(fstatat(hFolder, sName.c_str(), &status, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT), status);
-}
-
-tLook LookAt(const std::string& sPath)
-{
-    const tLook look = LookAt(AT_FDCWD, sPath);
-    return look.nError == ENAMETOOLONG ? FolderEntry(sPath).Look() : look;
-}
-
-tEnding IsRegular(const tLook& look)
-{
-    if (look.nError != 0) {
-        return tEnding::NotDone(Reason(look.nError, Step::Read));
-    }
-    if (S_ISREG(look.status.st_mode)) {
-        return {};
-    }
-    return tEnding::NotDone(S_ISDIR(look.status.st_mode)   ? "It has become a folder."
-                            : S_ISLNK(look.status.st_mode) ? "It has become a link."
-                                                           : "It is no longer an ordinary file.");
-}
-
-tEnding IsStill(const tLook& look, const tFileIdentity& expected)
-{
-    tEnding regular = IsRegular(look);
-    if (!regular.IsDone() || look.Identity() == expected) {
-        return regular;
-    }
-    return tEnding::NotDone("It has changed in the meantime.");
-}
-
-FolderEntry::FolderEntry(const std::string& sPath) : m_sName(sPath.substr(FolderOf(sPath).size()))
-{
-    const std::string sFolder = FolderOf(sPath);
-    m_folder = Descriptor(Retried([&] { return open(sFolder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC); }));
-    m_nError = m_folder.IsOpen() ? 0 : errno;
+    const std::string& sFolder = m_pFolder->Path();
+    return (sFolder == "/" ? "" : sFolder) + platform::kSeparator + m_name.sName;
 }
 
 tLook FolderEntry::Look() const
 {
-    return m_nError != 0 ? tLook{m_nError, {}} : LookAt(m_folder.Get(), m_sName);
+    return m_pFolder->Error() != 0 ? tLook{m_pFolder->Error(), {}} : LookAt(m_name.hFolder, m_name.sName);
 }
 
 Descriptor FolderEntry::Open(int nFlags, int& nError) const
 {
     Descriptor file;
-    nError = m_nError;
+    nError = m_pFolder->Error();
     if (nError == 0) {
         file = Descriptor(Retried([&] {
-            return openat(m_folder.Get(), m_sName.c_str(), nFlags | O_NOFOLLOW | O_NOCTTY | O_CLOEXEC);
+            return openat(m_name.hFolder, m_name.sName.c_str(), nFlags | O_NOFOLLOW | O_NOCTTY | O_CLOEXEC);
         }));
         nError = file.IsOpen() ? 0 : errno;
     }
     return file;
+}
+
+std::string NameOf(const std::string& sPath)
+{
+    return sPath.substr(sPath.rfind(platform::kSeparator) + 1);
 }
 
 } // namespace desktop

@@ -1,75 +1,43 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Descriptor.h"
-#include "Ending.h"
+#include "HeldFolder.h"
+#include "Renaming.h"
 
-#include <cstdint>
 #include <string>
-#include <sys/stat.h>
+#include <utility>
 
 namespace desktop {
 
-using Status = struct stat;
-
-/// By what a file is known again: which one it is, and what would differ had it been written to.
-struct tFileIdentity {
-    std::uint64_t nDevice = 0;
-    std::uint64_t nInode = 0;
-    std::int64_t cySize = 0;
-    std::int64_t nSeconds = 0; ///< last write
-    std::int64_t nNanoseconds = 0;
-
-    friend bool operator==(const tFileIdentity&, const tFileIdentity&) = default;
-};
-
-/// The time of its last write as rows show it: days since 30 December 1899 in local time; 0 if unknown.
-double DateOf(const tFileIdentity& identity);
-
-/// What was found under a name.
-struct tLook {
-    int nError = 0; ///< the system's error number; then there is nothing in `status`
-    Status status{};
-
-    [[nodiscard]] tFileIdentity Identity() const;
-    [[nodiscard]] bool IsSameFileAs(const tLook& other) const;
-};
-
-/// What the open descriptor `h` leads to.
-tLook LookAt(int h);
-
-/// Done if `look` has found a regular file.
-tEnding IsRegular(const tLook& look);
-
-/// Done if `look` has found the regular file `expected`, not written to since.
-tEnding IsStill(const tLook& look, const tFileIdentity& expected);
-
-/// A name in a folder that is held open, so that the folder's path may change meanwhile and the file's full
-/// path may be longer than the system takes.
+/// A name in a held folder.
 class FolderEntry
 {
 public:
-    /// Opens the folder of `sPath`. Where that fails, every look and open says why.
-    explicit FolderEntry(const std::string& sPath);
+    FolderEntry(FolderPtr pFolder, std::string sName)
+        : m_pFolder(std::move(pFolder)), m_name{m_pFolder->Get(), std::move(sName)}
+    {
+    }
 
-    [[nodiscard]] int Folder() const { return m_folder.Get(); }
-    [[nodiscard]] const std::string& Name() const { return m_sName; }
+    [[nodiscard]] const HeldFolder& Folder() const { return *m_pFolder; }
+    [[nodiscard]] const FolderPtr& SharedFolder() const { return m_pFolder; }
+    [[nodiscard]] const tName& Name() const { return m_name; }
 
-    /// What bears the name, a link itself and not what it leads to.
+    /// Where it is, as long as the folder is where it was.
+    [[nodiscard]] std::string Path() const;
+
+    /// What bears the name, a link itself and not what it leads to. Says why where the folder could not be
+    /// opened.
     [[nodiscard]] tLook Look() const;
 
     /// Opens what bears the name; never through a link. `nError` takes the system's error number.
     [[nodiscard]] Descriptor Open(int nFlags, int& nError) const;
 
 private:
-    std::string m_sName;
-    Descriptor m_folder;
-    int m_nError = 0; ///< of opening the folder
+    FolderPtr m_pFolder;
+    tName m_name;
 };
 
-/// What bears the name `sName` in the open folder `hFolder`, a link itself and not what it leads to.
-tLook LookAt(int hFolder, const std::string& sName);
-
-/// The same for a path.
-tLook LookAt(const std::string& sPath);
+/// The name at the end of a path.
+std::string NameOf(const std::string& sPath);
 
 } // namespace desktop

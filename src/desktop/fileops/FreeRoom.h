@@ -9,6 +9,6 @@ namespace desktop {
 
 /// What the files of a plan need of their destination's volume, if there is not that much; nothing if there
 /// is, or if the system does not tell.
-std::optional<tRoom> MissingRoom(const tOperationPlan& plan);
+std::optional<tRoom> MissingRoom(const tOperationPlan& plan, HeldFolders& folders);
 
 } // namespace desktop

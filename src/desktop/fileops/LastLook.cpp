@@ -2,8 +2,11 @@
 #include "LastLook.h"
 
 #include "Reasons.h"
+#include "WriteLease.h"
 
+#include <cerrno>
 #include <fcntl.h>
+#include <utility>
 
 namespace desktop {
 namespace {
@@ -20,51 +23,52 @@ bool IsSameFile(const tFileIdentity& one, const tFileIdentity& other)
 
 } // namespace
 
-tEnding LastLook::Before(const std::string& sPath, const tFileIdentity& expected,
-                         const std::vector<tStayingCopy>& copies, const ProgressCall& goOn)
+tEnding LastLook::Before(const HeldFile& file, const std::vector<tStayingCopy>& copies,
+                         const ProgressCall& goOn)
 {
-    const FolderEntry entry(sPath);
-    Descriptor file;
-    tEnding ending = tEnding::Spared("No copy of it stays.");
+    m_held.reset();
+    Descriptor open;
+    tEnding ending;
     for (const tStayingCopy& copy : copies) {
-        const bool bItself = IsSameFile(copy.identity, expected);
+        const bool bItself = IsSameFile(copy.identity, file.Expected());
         ending = Hold(copy, bItself ? O_PATH : O_RDONLY | O_NONBLOCK);
         if (!ending.IsDone()) {
             continue;
         }
         if (bItself) {
-            return {};
+            return ending;
         }
-        if (!file.IsOpen()) {
+        if (!open.IsOpen()) {
             int nError = 0;
-            file = entry.Open(O_RDONLY | O_NONBLOCK, nError);
+            open = file.Entry().Open(O_RDONLY | O_NONBLOCK, nError);
             if (nError != 0) {
                 return NotRead(nError);
             }
         }
-        ending = CompareWith(file.Get(), goOn);
+        ending = CompareWith(open.Get(), goOn);
         if (ending.IsDone()) {
-            return IsStill(LookAt(file.Get()), expected);
+            return IsStill(LookAt(open.Get()), file.Expected());
         }
         if (ending.kind == tEnding::Kind::Cancelled) {
             return ending;
         }
     }
-    m_held.reset();
     return ending;
 }
 
 /// Opens a copy, which must still be as it was seen.
 tEnding LastLook::Hold(const tStayingCopy& copy, int nFlags)
 {
+    FolderEntry entry(m_folders.Of(copy.sPath), NameOf(copy.sPath));
     int nError = 0;
-    m_held = tHeld{copy, FolderEntry(copy.sPath).Open(nFlags, nError)};
-    return nError == 0 ? After() : CopyNotRead(nError);
+    Descriptor file = entry.Open(nFlags, nError);
+    m_held.emplace(tHeld{copy.sPath, HeldFile(std::move(entry), copy.identity), std::move(file)});
+    return nError == 0 || nError == ENOENT ? After() : CopyNotRead(nError);
 }
 
 tEnding LastLook::CopyNotRead(int nError) const
 {
-    return tEnding::Spared("Its contents could not be compared with those of " + m_held->copy.sPath +
+    return tEnding::Spared("Its contents could not be compared with those of " + m_held->sPath +
                            ", which was to stay. " + Reason(nError, Step::Read));
 }
 
@@ -72,11 +76,12 @@ tEnding LastLook::CompareWith(int hFile, const ProgressCall& goOn)
 {
     switch (m_comparison.Compare(hFile, m_held->file.Get(), goOn)) {
     case ContentComparison::Result::Same:
-        // It was not written to while it was read.
-        return After();
+        // It was not written to while it was read, nor can be without a trace.
+        return IsOpenForWriting(m_held->file.Get())
+                   ? tEnding::Spared(m_held->sPath + ", which was to stay, is being written to.")
+                   : After();
     case ContentComparison::Result::Different:
-        return tEnding::Spared("Its contents differ from those of " + m_held->copy.sPath +
-                               ", which was to stay.");
+        return tEnding::Spared("Its contents differ from those of " + m_held->sPath + ", which was to stay.");
     case ContentComparison::Result::FirstNotRead:
         return NotRead(m_comparison.Error());
     case ContentComparison::Result::SecondNotRead:
@@ -89,11 +94,14 @@ tEnding LastLook::CompareWith(int hFile, const ProgressCall& goOn)
 
 tEnding LastLook::After()
 {
-    const bool bStays = IsStill(LookAt(m_held->file.Get()), m_held->copy.identity).IsDone() &&
-                        IsStill(FolderEntry(m_held->copy.sPath).Look(), m_held->copy.identity).IsDone();
-    return bStays ? tEnding()
-                  : tEnding::Spared(m_held->copy.sPath +
-                                    ", which was to stay, has gone or changed in the meantime.");
+    if (!m_held) {
+        return {};
+    }
+    const bool bStays = IsStill(LookAt(m_held->file.Get()), m_held->place.Expected()).IsDone() &&
+                        m_held->place.IsStillThere().IsDone();
+    return bStays
+               ? tEnding()
+               : tEnding::Spared(m_held->sPath + ", which was to stay, has gone or changed in the meantime.");
 }
 
 } // namespace desktop

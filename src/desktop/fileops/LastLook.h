@@ -2,7 +2,8 @@
 #pragma once
 
 #include "ContentComparison.h"
-#include "FolderEntry.h"
+#include "HeldFile.h"
+#include "HeldFolders.h"
 #include "StayingCopies.h"
 
 #include <optional>
@@ -16,17 +17,20 @@ namespace desktop {
 class LastLook
 {
 public:
-    /// Right before the file goes: compares it, `expected` at `sPath`, with `copies` to the byte until one is
-    /// the same, which is held from then on. One that is the file itself needs no comparison.
-    tEnding Before(const std::string& sPath, const tFileIdentity& expected,
-                   const std::vector<tStayingCopy>& copies, const ProgressCall& goOn);
+    /// `folders` must outlive it.
+    explicit LastLook(HeldFolders& folders) : m_folders(folders) {}
+
+    /// Right before the held file goes: compares it with `copies` to the byte until one is the same, which is
+    /// held from then on. One that is the file itself needs no comparison.
+    tEnding Before(const HeldFile& file, const std::vector<tStayingCopy>& copies, const ProgressCall& goOn);
 
     /// Right behind it: NotDone if the copy has gone or changed meanwhile, so that the file is to come back.
     tEnding After();
 
 private:
     struct tHeld {
-        tStayingCopy copy;
+        std::string sPath;
+        HeldFile place;
         Descriptor file;
     };
 
@@ -34,8 +38,9 @@ private:
     [[nodiscard]] tEnding CopyNotRead(int nError) const;
     tEnding CompareWith(int hFile, const ProgressCall& goOn);
 
+    HeldFolders& m_folders;
     ContentComparison m_comparison;
-    std::optional<tHeld> m_held;
+    std::optional<tHeld> m_held; ///< what stays of the file in hand
 };
 
 } // namespace desktop

@@ -1,11 +1,15 @@
 #include "Metadata.h"
 
+#include "AccessList.h"
+#include "Reasons.h"
 #include "Retried.h"
 
 #include <array>
 #include <climits>
 #include <linux/limits.h>
 #include <string>
+#include <string_view>
+#include <sys/statvfs.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 #include <vector>
@@ -13,7 +17,8 @@
 namespace desktop {
 namespace {
 
-constexpr const char* kAccessList = "system.posix_acl_access";
+/// In the place of an error number: the attributes do not fit where the file system keeps them.
+constexpr int kNoRoom = -1;
 
 /// 0 also for what the destination does not know or permit.
 int Judged(int nResult)
@@ -52,6 +57,14 @@ int KeepOwner(int hTo, const Status& status)
     return Judged(Retried([&] { return fchown(hTo, static_cast<uid_t>(-1), status.st_gid); }));
 }
 
+/// True if the disk has room: then it is the file's own place for attributes that has none left.
+bool HasRoom(int h)
+{
+    constexpr unsigned long kEnough = 64;
+    struct statvfs disk = {};
+    return fstatvfs(h, &disk) == 0 && disk.f_bavail >= kEnough;
+}
+
 int KeepAttribute(int hFrom, int hTo, const char* pName, std::vector<char>& value)
 {
     value.resize(XATTR_SIZE_MAX);
@@ -59,14 +72,15 @@ int KeepAttribute(int hFrom, int hTo, const char* pName, std::vector<char>& valu
     if (nSize < 0) {
         return Judged(-1);
     }
-    return Judged(
-        Retried([&] { return fsetxattr(hTo, pName, value.data(), static_cast<std::size_t>(nSize), 0); }));
+    const int nResult =
+        Retried([&] { return fsetxattr(hTo, pName, value.data(), static_cast<std::size_t>(nSize), 0); });
+    return nResult != 0 && errno == ENOSPC && HasRoom(hTo) ? kNoRoom : Judged(nResult);
 }
 
 int KeepAttributes(int hFrom, int hTo)
 {
     // What the destination folder bequeaths would let in others than the original does.
-    const int nError = Judged(Retried([&] { return fremovexattr(hTo, kAccessList); }));
+    const int nError = Judged(Retried([&] { return fremovexattr(hTo, kAccessListName); }));
     const ssize_t nSize = flistxattr(hFrom, nullptr, 0);
     if (nError != 0 || nSize <= 0) {
         return nError != 0 || nSize == 0 ? nError : Judged(-1);
@@ -79,6 +93,10 @@ int KeepAttributes(int hFrom, int hTo)
     sNames.resize(static_cast<std::size_t>(nLength));
     std::vector<char> value;
     for (std::size_t n = 0; n < sNames.size(); n = sNames.find('\0', n) + 1) {
+        // Who may do what comes later, all at once.
+        if (std::string_view(sNames.c_str() + n) == kAccessListName) {
+            continue;
+        }
         const int nFailed = KeepAttribute(hFrom, hTo, sNames.c_str() + n, value);
         if (nFailed != 0) {
             return nFailed;
@@ -87,36 +105,72 @@ int KeepAttributes(int hFrom, int hTo)
     return 0;
 }
 
-int KeepMode(int hTo, const Status& status)
+/// The rights that the copy gets: the original's, less what would let in others than those.
+tAccess NarrowedAccess(int hFrom, const Status& status, const Status& made)
+{
+    tAccess access = AccessOf(hFrom, status.st_mode);
+    if (made.st_uid != status.st_uid || made.st_gid != status.st_gid) {
+        access.mode &= ~static_cast<mode_t>(S_ISUID | S_ISGID);
+    }
+    // Those of its new group were among the others, and those of the group it had are now.
+    if (made.st_gid != status.st_gid) {
+        access.MakeGroupLikeOthers();
+    }
+    return access;
+}
+
+/// Sets the rights. Done with a reason says which could not be kept.
+tEnding KeepAccess(int hFrom, int hTo, const Status& status)
 {
     const tLook made = LookAt(hTo);
     if (made.nError != 0) {
-        return made.nError;
+        return tEnding::NotDone(Reason(made.nError, Step::Write));
     }
-    mode_t mode = status.st_mode & ALLPERMS;
-    if (made.status.st_uid != status.st_uid || made.status.st_gid != status.st_gid) {
-        mode &= ~static_cast<mode_t>(S_ISUID | S_ISGID);
+    tAccess access = NarrowedAccess(hFrom, status, made.status);
+    int nError = 0;
+    if (!access.list.empty()) {
+        const int nResult = Retried(
+            [&] { return fsetxattr(hTo, kAccessListName, access.list.data(), access.list.size(), 0); });
+        if (nResult != 0) {
+            nError = errno == ENOSPC && HasRoom(hTo) ? 0 : Judged(nResult);
+            access.DropList();
+        }
     }
-    return Judged(Retried([&] { return fchmod(hTo, mode); }));
+    nError = nError != 0 ? nError : Judged(Retried([&] { return fchmod(hTo, access.mode); }));
+    const tLook now = LookAt(hTo);
+    nError = nError != 0 ? nError : now.nError;
+    if (nError != 0) {
+        return tEnding::NotDone(Reason(nError, Step::Write));
+    }
+    constexpr mode_t kReadAndWrite = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
+    const mode_t lost = status.st_mode & ~now.status.st_mode & kReadAndWrite;
+    const mode_t gained = now.status.st_mode & ~access.mode & kReadAndWrite;
+    return {tEnding::Kind::Done,
+            gained != 0 ? "The destination cannot keep its access rights: others may read or change it there."
+            : lost != 0 || access.bListDropped
+                ? "Not all of its access rights could be kept at the destination: fewer may use it there."
+                : ""};
 }
 
 } // namespace
 
-int KeepMetadata(int hFrom, int hTo, const Status& status)
+tEnding KeepMetadata(int hFrom, int hTo, const Status& status)
 {
     // The owner first: a change of it takes rights away. The mode opens the file to others, the times last.
     int nError = KeepOwner(hTo, status);
     if (nError == 0) {
         nError = KeepAttributes(hFrom, hTo);
     }
-    if (nError == 0) {
-        nError = KeepMode(hTo, status);
+    if (nError != 0) {
+        return tEnding::NotDone(nError == kNoRoom ? "The destination has no room for its extended attributes."
+                                                  : Reason(nError, Step::Write));
     }
-    if (nError == 0) {
-        const std::array<timespec, 2> times{status.st_atim, status.st_mtim};
+    tEnding kept = KeepAccess(hFrom, hTo, status);
+    const std::array<timespec, 2> times{status.st_atim, status.st_mtim};
+    if (kept.IsDone()) {
         nError = Judged(Retried([&] { return futimens(hTo, times.data()); }));
     }
-    return nError;
+    return nError == 0 ? kept : tEnding::NotDone(Reason(nError, Step::Write));
 }
 
 } // namespace desktop

@@ -90,6 +90,7 @@ struct tOperationOutcome {
     std::size_t nFilesDone = 0;
     bool bCancelled = false;
     std::vector<tNotDone> notDone{}; ///< neither files that the user skipped nor those left by a cancel
+    std::vector<tNotDone> remarks{}; ///< what there is to know of files that were dealt with
     std::size_t nSkipped = 0;        ///< by the user's word
     std::size_t nReplaced = 0;       ///< files that were at the destination
 };
@@ -99,6 +100,10 @@ class OperationDialogs
 {
 public:
     virtual ~OperationDialogs() = default;
+
+    /// The files are being looked at, before anything is asked. Called often while that lasts, with how many
+    /// have been found so far; then comes one of the others or nothing. False: the user has cancelled.
+    virtual bool Looking(const tOperation& /*soFar*/) { return true; }
 
     /// Asks once for the whole set, before anything goes to the trash.
     virtual Consent Confirm(const tConfirmation& confirmation) = 0;
@@ -114,8 +119,8 @@ public:
     /// The operation begins; it ends with Finished. Whatever takes longer than a moment shows its progress.
     virtual void Started(const tOperation& operation) = 0;
 
-    /// Called often, at least once for each file and each few megabytes; it keeps the windows alive, and is
-    /// cheap when called again at once. False: the user has cancelled.
+    /// Called every few milliseconds, also while nothing moves; it keeps the windows alive, and is cheap when
+    /// called again at once. False: the user has cancelled.
     virtual bool Progress(const tOperationProgress& progress) = 0;
 
     /// Takes the progress down and says what was skipped, replaced and not done; nothing if all went well.

@@ -1,9 +1,28 @@
 #include "OperationPlan.h"
 
+#include "FolderEntry.h"
+#include "Reasons.h"
+#include "TrashFolders.h"
+
 #include <algorithm>
+#include <optional>
+#include <string_view>
+#include <utility>
 
 namespace desktop {
 namespace {
+
+/// The entries of a list in which each is followed by a NUL; an empty one ends it.
+std::vector<std::string> Entries(std::string_view sList)
+{
+    std::vector<std::string> entries;
+    while (!sList.empty() && sList.front() != '\0') {
+        const std::size_t nEnd = std::min(sList.find('\0'), sList.size());
+        entries.emplace_back(sList.substr(0, nEnd));
+        sList.remove_prefix(std::min(nEnd + 1, sList.size()));
+    }
+    return entries;
+}
 
 std::optional<FileOperation> OperationOf(unsigned wFunc)
 {
@@ -19,20 +38,32 @@ std::optional<FileOperation> OperationOf(unsigned wFunc)
     }
 }
 
-} // namespace
+constexpr const char* kInTrash =
+    "It lies in a trash already. Restore it from there, or empty the trash if it "
+    "is to be gone for good.";
 
-std::vector<std::string> Entries(std::string_view sList)
+/// What bears the name, or why it must stay where it is.
+tEnding Found(const FolderEntry& entry, FileOperation operation, bool bInTrash, tLook& look)
 {
-    std::vector<std::string> entries;
-    while (!sList.empty() && sList.front() != '\0') {
-        const std::size_t nEnd = std::min(sList.find('\0'), sList.size());
-        entries.emplace_back(sList.substr(0, nEnd));
-        sList.remove_prefix(std::min(nEnd + 1, sList.size()));
+    const int nError = entry.Folder().Error();
+    if (nError != 0) {
+        return tEnding::NotDone(Reason(nError, Step::Enter));
     }
-    return entries;
+    look = entry.Look();
+    tEnding ending = IsRegular(look);
+    // A file that leaves a trash by another way than it came, or a note, leaves something behind that is
+    // lost.
+    if (ending.IsDone() && bInTrash && operation != FileOperation::Copy) {
+        return tEnding::NotDone(operation == FileOperation::Trash
+                                    ? kInTrash
+                                    : "It is in the trash. It can be restored from there.");
+    }
+    return ending;
 }
 
-std::optional<tOperationPlan> Plan(const platform::SHFILEOPSTRUCT& request)
+} // namespace
+
+bool ReadRequest(const platform::SHFILEOPSTRUCT& request, tOperationPlan& plan)
 {
     const auto operation = OperationOf(request.wFunc);
     std::vector<std::string> from = Entries(request.pFrom);
@@ -40,25 +71,51 @@ std::optional<tOperationPlan> Plan(const platform::SHFILEOPSTRUCT& request)
     const bool bTargets = operation != FileOperation::Trash;
     if (!operation ||
         (bTargets && ((request.fFlags & platform::FOF_MULTIDESTFILES) == 0 || from.size() != to.size()))) {
-        return std::nullopt;
+        return false;
     }
-    tOperationPlan plan;
     plan.operation.operation = *operation;
     plan.operation.hwnd = request.hwnd;
+    plan.files.resize(from.size());
     for (std::size_t n = 0; n < from.size(); ++n) {
-        const tLook look = LookAt(from[n]);
-        tEnding ending = IsRegular(look);
+        plan.files[n].sPath = std::move(from[n]);
+        plan.files[n].nAsked = n;
+        plan.files[n].sTarget = bTargets ? std::move(to[n]) : std::string();
+    }
+    return true;
+}
+
+bool LookAtFiles(tOperationPlan& plan, HeldFolders& folders, const LooksOn& looksOn)
+{
+    tOperation& operation = plan.operation;
+    std::vector<tPlannedFile> found;
+    const HeldFolder* pLast = nullptr;
+    FolderPtr pFolder;
+    bool bInTrash = false;
+    for (tPlannedFile& file : plan.files) {
+        if (!looksOn(file.sPath, operation)) {
+            return false;
+        }
+        pFolder = folders.Of(file.sPath);
+        if (std::exchange(pLast, pFolder.get()) != pFolder.get()) {
+            bInTrash = pFolder->Error() == 0 && IsInTrash(pFolder->Path());
+        }
+        tLook look;
+        tEnding ending = Found(FolderEntry(pFolder, NameOf(file.sPath)), operation.operation, bInTrash, look);
         if (!ending.IsDone()) {
-            plan.notDone.push_back({std::move(from[n]), std::move(ending.sReason)});
+            if (bInTrash && operation.operation == FileOperation::Trash) {
+                plan.inTrash.push_back(file.sPath);
+            }
+            plan.notDone.push_back({std::move(file.sPath), std::move(ending.sReason)});
+            ++operation.nMissing;
             continue;
         }
-        plan.operation.cyTotal += look.status.st_size;
-        plan.files.push_back(
-            {std::move(from[n]), bTargets ? std::move(to[n]) : std::string(), look.Identity(), n});
+        file.identity = look.Identity();
+        operation.cyTotal += look.status.st_size;
+        ++operation.nFiles;
+        found.push_back(std::move(file));
     }
-    plan.operation.nFiles = plan.files.size();
-    plan.operation.nMissing = plan.notDone.size();
-    return plan;
+    plan.files = std::move(found);
+    return true;
 }
 
 } // namespace desktop

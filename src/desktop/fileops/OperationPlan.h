@@ -1,12 +1,12 @@
 #pragma once
 
-#include "FolderEntry.h"
+#include "FileIdentity.h"
+#include "HeldFolders.h"
 #include "OperationDialogs.h"
 #include "ShellFiles.h"
 
-#include <optional>
+#include <functional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace desktop {
@@ -23,13 +23,20 @@ struct tPlannedFile {
 struct tOperationPlan {
     tOperation operation;
     std::vector<tPlannedFile> files;
-    std::vector<tNotDone> notDone; ///< what the request names that is no file any more
+    std::vector<tNotDone>
+        notDone; ///< what the request names that is no file any more, or must stay where it is
+    std::vector<std::string> inTrash; ///< those of them that lie in a trash
 };
 
-/// The entries of a list in which each is followed by a NUL; an empty one ends it.
-std::vector<std::string> Entries(std::string_view sList);
+/// True if `request` can be carried out at all. `plan` then has what it asks for, and the files yet to be
+/// looked at.
+bool ReadRequest(const platform::SHFILEOPSTRUCT& request, tOperationPlan& plan);
 
-/// Looks at each file that `request` names. Nothing for a request that cannot be carried out.
-std::optional<tOperationPlan> Plan(const platform::SHFILEOPSTRUCT& request);
+/// Asked before each look at a file, with its path. False: the user has cancelled.
+using LooksOn = std::function<bool(const std::string&, const tOperation&)>;
+
+/// Looks at the files of `plan` and takes out those that cannot be dealt with. False if the user has
+/// cancelled.
+bool LookAtFiles(tOperationPlan& plan, HeldFolders& folders, const LooksOn& looksOn);
 
 } // namespace desktop

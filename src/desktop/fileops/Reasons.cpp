@@ -63,7 +63,23 @@ constexpr std::array kReasons{
     tReason{ENAMETOOLONG, Step::Trash, "Its path is too long for the trash."},
     tReason{EEXIST, Step::Write, "In the meantime something else has got its name at the destination."},
     tReason{EOPNOTSUPP, Step::Write, "The destination has no safe way to give it its name."},
+    tReason{ELOOP, Step::Write, "One of the folders on the way to the destination has become a link."},
     tReason{EOPNOTSUPP, Step::Trash, "The volume that it is on has no trash."},
+    tReason{EXDEV, Step::Trash, "The volume that it is on has no trash."},
+    tReason{ENOENT, Step::Enter, kGone},
+    tReason{ENOTDIR, Step::Enter, kGone},
+    tReason{ELOOP, Step::Enter, "One of the folders that it is in has become a link."},
+    tReason{ESTALE, Step::Enter, "Its folder is no longer where it was."},
+    tReason{EACCES, Step::Enter, "You are not permitted to enter the folder that it is in."},
+    tReason{EIO, Step::Enter, kDiskError},
+    tReason{ENOENT, Step::Note, "The trash is no longer where it was."},
+    tReason{EACCES, Step::Note, "You are not permitted to change the trash."},
+    tReason{EPERM, Step::Note, "You are not permitted to change the trash."},
+    tReason{EROFS, Step::Note, "The disk that the trash is on is read-only."},
+    tReason{ENOSPC, Step::Note, kTrashFull},
+    tReason{EDQUOT, Step::Note, kTrashFull},
+    tReason{EIO, Step::Note, "The disk that the trash is on reported an error."},
+    tReason{ENAMETOOLONG, Step::Note, "Its name is too long for the trash."},
 };
 
 } // namespace

@@ -1,5 +1,8 @@
 #include "Renaming.h"
 
+#include "Descriptor.h"
+#include "FileIdentity.h"
+#include "HiddenName.h"
 #include "Retried.h"
 
 #include <cstdio>
@@ -9,22 +12,96 @@
 namespace desktop {
 namespace {
 
-/// For file systems that can only rename with replacing: a second name replaces nothing either.
-int LinkAndUnlink(const tName& from, const tName& to)
+int Rename(const tName& from, const tName& to, unsigned nFlags)
 {
-    const char* pFrom = from.sName.c_str();
-    const char* pTo = to.sName.c_str();
-    // 1. The second name.
-    if (Retried([&] { return linkat(from.hFolder, pFrom, to.hFolder, pTo, 0); }) != 0) {
-        return errno == EPERM || errno == EINVAL || errno == ENOSYS ? EOPNOTSUPP : errno;
+    const int nResult = Retried(
+        [&] { return renameat2(from.hFolder, from.sName.c_str(), to.hFolder, to.sName.c_str(), nFlags); });
+    return nResult == 0 ? 0 : errno;
+}
+
+int Link(const tName& from, const tName& to)
+{
+    const int nResult =
+        Retried([&] { return linkat(from.hFolder, from.sName.c_str(), to.hFolder, to.sName.c_str(), 0); });
+    return nResult == 0 ? 0 : errno;
+}
+
+int Unlink(const tName& name)
+{
+    return Retried([&] { return unlinkat(name.hFolder, name.sName.c_str(), 0); }) == 0 ? 0 : errno;
+}
+
+tLook Look(const tName& name)
+{
+    return LookAt(name.hFolder, name.sName);
+}
+
+/// Gives a name back that was set aside. Where that cannot be had for sure, at the risk of the moment between
+/// the look and the rename.
+int Restore(const tName& aside, const tName& name)
+{
+    int nError = Link(aside, name);
+    if (nError == 0) {
+        Unlink(aside);
+    } else if (Look(name).nError == ENOENT) {
+        nError = Rename(aside, name, 0);
     }
-    // 2. The first name goes.
-    if (Retried([&] { return unlinkat(from.hFolder, pFrom, 0); }) == 0) {
+    return nError;
+}
+
+/// Takes the first of a file's two names away, unless another file has got it meanwhile. `bStays` says
+/// whether it is there if that failed.
+int DropFirstName(const tName& first, const tName& second, bool& bStays)
+{
+    const tName aside{first.hFolder, HiddenName(HiddenKind::Source, first.sName)};
+    int nError = aside.sName.empty() ? EAGAIN : Rename(first, aside, 0);
+    bStays = nError != 0;
+    if (nError != 0) {
+        return nError;
+    }
+    nError = Look(aside).IsSameFileAs(Look(second)) ? Unlink(aside) : 0;
+    if (nError == 0 && Look(aside).nError == ENOENT) {
         return 0;
     }
-    // 3. It stays, so the second one goes again.
-    const int nError = errno;
-    Retried([&] { return unlinkat(to.hFolder, pTo, 0); });
+    // It could not go, or is another program's file.
+    const int nBack = Restore(aside, first);
+    bStays = nBack == 0;
+    return nError != 0 ? nError : nBack;
+}
+
+/// A second name replaces nothing either.
+int LinkAndUnlink(const tName& from, const tName& to)
+{
+    int nError = Link(from, to);
+    if (nError != 0) {
+        return nError;
+    }
+    bool bStays = false;
+    nError = DropFirstName(from, to, bStays);
+    if (nError != 0 && bStays) {
+        Unlink(to);
+    }
+    return nError;
+}
+
+/// An empty file that was made for the purpose is all that is replaced.
+int RenameOverPlaceholder(const tName& from, const tName& to)
+{
+    constexpr int nFlags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+    const Descriptor placeholder(
+        Retried([&] { return openat(to.hFolder, to.sName.c_str(), nFlags, S_IRUSR | S_IWUSR); }));
+    if (!placeholder.IsOpen()) {
+        return errno;
+    }
+    const tLook made = LookAt(placeholder.Get());
+    const auto isOurs = [&] {
+        const tLook now = Look(to);
+        return now.IsSameFileAs(made) && now.status.st_size == 0;
+    };
+    const int nError = isOurs() ? Rename(from, to, 0) : EEXIST;
+    if (nError != 0 && isOurs()) {
+        Unlink(to);
+    }
     return nError;
 }
 
@@ -32,13 +109,14 @@ int LinkAndUnlink(const tName& from, const tName& to)
 
 int RenameWithoutReplacing(const tName& from, const tName& to)
 {
-    const int nResult = Retried([&] {
-        return renameat2(from.hFolder, from.sName.c_str(), to.hFolder, to.sName.c_str(), RENAME_NOREPLACE);
-    });
-    if (nResult == 0) {
-        return 0;
+    int nError = Rename(from, to, RENAME_NOREPLACE);
+    if (nError != EINVAL && nError != ENOSYS) {
+        return nError;
     }
-    return errno == EINVAL || errno == ENOSYS ? LinkAndUnlink(from, to) : errno;
+    nError = LinkAndUnlink(from, to);
+    const bool bNoLinks =
+        nError == EPERM || nError == EINVAL || nError == ENOSYS || nError == EOPNOTSUPP || nError == EMLINK;
+    return bNoLinks ? RenameOverPlaceholder(from, to) : nError;
 }
 
 } // namespace desktop

@@ -12,17 +12,17 @@ tFileFacts Facts(const std::string& sPath, const tLook& look)
 
 tReplaceAnswer::Choice ReplaceQuestions::Ask(const std::string& sSource, const tLook& source,
                                              const std::string& sTarget, const tLook& target,
-                                             const std::function<ContentComparison::Result()>& compare)
+                                             const Compares& compares)
 {
     if (m_forAll) {
         return *m_forAll;
     }
-    const auto result = compare();
+    const auto result = compares();
     if (result == ContentComparison::Result::Cancelled) {
         return tReplaceAnswer::Choice::Cancel;
     }
-    const tReplaceAnswer answer = m_dialogs.AskReplace(Facts(sSource, source), Facts(sTarget, target),
-                                                       result == ContentComparison::Result::Same);
+    const tReplaceAnswer answer =
+        m_asks(Facts(sSource, source), Facts(sTarget, target), result == ContentComparison::Result::Same);
     if (answer.bForAll) {
         m_forAll = answer.choice;
     }

@@ -1,12 +1,13 @@
 #pragma once
 
 #include "ContentComparison.h"
-#include "FolderEntry.h"
+#include "FileIdentity.h"
 #include "OperationDialogs.h"
 
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace desktop {
 
@@ -14,16 +15,18 @@ namespace desktop {
 class ReplaceQuestions
 {
 public:
-    /// `dialogs` must outlive it.
-    explicit ReplaceQuestions(OperationDialogs& dialogs) : m_dialogs(dialogs) {}
+    /// Asks about the source and the file that is there, and says whether they are the same to the byte.
+    using Asks = std::function<tReplaceAnswer(const tFileFacts&, const tFileFacts&, bool)>;
+    /// Compares the two; called only if the user is asked.
+    using Compares = std::function<ContentComparison::Result()>;
 
-    /// `compare` is called if the user is asked: whether both are the same to the byte.
+    explicit ReplaceQuestions(Asks asks) : m_asks(std::move(asks)) {}
+
     tReplaceAnswer::Choice Ask(const std::string& sSource, const tLook& source, const std::string& sTarget,
-                               const tLook& target,
-                               const std::function<ContentComparison::Result()>& compare);
+                               const tLook& target, const Compares& compares);
 
 private:
-    OperationDialogs& m_dialogs;
+    Asks m_asks;
     std::optional<tReplaceAnswer::Choice> m_forAll;
 };
 

@@ -1,140 +1,109 @@
 #include "ShellFileOperations.h"
 
-#include "FileTransfer.h"
-#include "FreeRoom.h"
-#include "LastLook.h"
-#include "TrashCan.h"
-#include "TrashConsent.h"
+#include "EndSignals.h"
+#include "FileIdentity.h"
+
+#include <system_error>
+#include <utility>
 
 namespace desktop {
 namespace {
 
-constexpr int kInvalidRequest = 87; // what the shell returns for invalid parameters
-
-/// Puts a file into the trash if one of `copies` stays; none: in any case.
-tEnding TrashLookedAt(const tPlannedFile& file, const std::vector<tStayingCopy>& copies, LastLook& look,
-                      const ProgressCall& goOn)
-{
-    tTrashed trashed;
-    if (copies.empty()) {
-        return TrashCan::Put(file.sPath, file.identity, trashed);
-    }
-    tEnding ending = look.Before(file.sPath, file.identity, copies, goOn);
-    if (!ending.IsDone()) {
-        return ending;
-    }
-    ending = TrashCan::Put(file.sPath, file.identity, trashed);
-    if (!ending.IsDone()) {
-        return ending;
-    }
-    ending = look.After();
-    if (!ending.IsDone() && !TrashCan::PutBack(trashed)) {
-        return tEnding::NotDone("It is in the trash. " + ending.sReason);
-    }
-    return ending;
-}
+// What the shell returns, by the system error codes of its world.
+constexpr int kNoMemory = 8;
+constexpr int kInvalidRequest = 87;
+constexpr int kTimeout = 1460;
 
 } // namespace
 
 int ShellFileOperations::SHFileOperationA(const platform::SHFILEOPSTRUCT& request)
 {
-    auto plan = Plan(request);
-    if (!plan) {
+    tOperationPlan wanted;
+    if (!ReadRequest(request, wanted)) {
         return kInvalidRequest;
     }
-    if (plan->files.empty() && plan->notDone.empty()) {
+    if (wanted.files.empty()) {
         return 0;
     }
-    if (plan->operation.operation == FileOperation::Trash) {
-        Trash(request, *plan);
-    } else if (const auto room = MissingRoom(*plan); !room || m_dialogs.AskRoom(plan->operation, *room)) {
-        // Who chose a folder to move or copy to has confirmed by that.
-        Transfer(*plan);
+    platform::tFileGroups groups;
+    if (m_pGroups != nullptr && wanted.operation.operation == FileOperation::Trash) {
+        std::vector<std::string> paths;
+        for (const tPlannedFile& file : wanted.files) {
+            paths.push_back(file.sPath);
+        }
+        groups = m_pGroups->GroupsOf(paths);
     }
-    return 0;
+    try {
+        Result result = CarryOut(wanted, std::move(groups), true);
+        while (result == Result::SparedToo) {
+            result = CarryOut(wanted, {}, false);
+        }
+        return result == Result::NoAnswer ? kTimeout : 0;
+    } catch (const std::system_error&) {
+        return kNoMemory; // there is no thread to be had
+    }
 }
 
-void ShellFileOperations::Trash(const platform::SHFILEOPSTRUCT& request, tOperationPlan& plan)
+/// Carries a plan out whose files have not been looked at. SparedToo: the user wants those that were spared
+/// to go after all, and `wanted` is the plan for them.
+ShellFileOperations::Result ShellFileOperations::CarryOut(tOperationPlan& wanted,
+                                                          platform::tFileGroups groups, bool bAsk)
 {
-    TrashConsent consent(plan);
-    consent.Look(m_pGroups != nullptr ? m_pGroups->GroupsOf(Entries(request.pFrom)) : platform::tFileGroups(),
-                 [] { return true; });
-    const Consent answer = plan.files.empty() ? Consent::All : m_dialogs.Confirm(consent.Question());
-    if (answer == Consent::Cancel) {
-        return;
-    }
-    LastLook look;
-    const Work trash = [&](const tPlannedFile& file, const ProgressCall& goOn) {
-        const auto n = static_cast<std::size_t>(&file - plan.files.data());
-        return TrashLookedAt(file, consent.ToCompare(n, answer), look, goOn);
+    const auto pThread = std::make_shared<OperationThread>(m_bEachStep);
+    const auto pRun = std::make_shared<OperationRun>(pThread, std::move(wanted), std::move(groups));
+    tOperation soFar = pRun->Plan().operation;
+    bool bCancelled = false;
+    const auto looking = [&](const tOperationProgress& progress) {
+        soFar.nFiles = progress.nFilesDone;
+        soFar.cyTotal = progress.cyDone;
+        bCancelled = bCancelled || !m_dialogs.Looking(soFar);
+        return !bCancelled;
     };
-    Files files;
-    for (const std::size_t n : consent.FilesFor(answer)) {
-        files.push_back(&plan.files[n]);
+    if (!OperationThread::Run(pThread, [pRun] { pRun->LookAtFiles(); }, looking, m_dialogs)) {
+        return NoAnswer(soFar, *pThread);
     }
-    const Files spared = CarryOut(plan.operation, files, std::move(plan.notDone), trash);
-    if (!spared.empty()) {
-        CarryOut({FileOperation::Trash, 0, 0, plan.operation.hwnd}, spared, {},
-                 [](const tPlannedFile& file, const ProgressCall&) {
-                     tTrashed trashed;
-                     return TrashCan::Put(file.sPath, file.identity, trashed);
-                 });
+    const auto agreed = bCancelled ? std::nullopt : bAsk ? Agreed(*pRun) : pRun->Plan().operation;
+    if (!agreed) {
+        return Result::Ended;
     }
+    m_dialogs.Started(*agreed);
+    const auto working = [&](const tOperationProgress& progress) { return m_dialogs.Progress(progress); };
+    bool bEnded = false;
+    {
+        const EndSignals signals;
+        bEnded = OperationThread::Run(pThread, [pRun] { pRun->CarryOut(); }, working, m_dialogs);
+    }
+    if (!bEnded) {
+        return NoAnswer(*agreed, *pThread);
+    }
+    const bool bSparedToo = m_dialogs.Finished(*agreed, pThread->Outcome());
+    wanted = pRun->Spared();
+    return bSparedToo && !wanted.files.empty() ? Result::SparedToo : Result::Ended;
 }
 
-void ShellFileOperations::Transfer(tOperationPlan& plan)
+/// Asks the user. What he has agreed to; nothing if he does not want it.
+std::optional<tOperation> ShellFileOperations::Agreed(OperationRun& run)
 {
-    FileTransfer transfer(plan.operation.operation, m_dialogs);
-    Files files;
-    for (const tPlannedFile& file : plan.files) {
-        files.push_back(&file);
+    const tOperation& operation = run.Plan().operation;
+    if (operation.operation != FileOperation::Trash) {
+        // Who chose a folder to move or copy to has confirmed by that.
+        return !run.Room() || m_dialogs.AskRoom(operation, *run.Room()) ? std::optional(operation)
+                                                                        : std::nullopt;
     }
-    CarryOut(plan.operation, files, std::move(plan.notDone),
-             [&](const tPlannedFile& file, const ProgressCall& goOn) { return transfer.Carry(file, goOn); });
+    const Consent consent = operation.nFiles > 0 ? m_dialogs.Confirm(run.Question()) : Consent::All;
+    return consent != Consent::Cancel ? std::optional(run.Answered(consent)) : std::nullopt;
 }
 
-/// Deals with `files`. Those that were spared, if the user wants them to go after all.
-ShellFileOperations::Files ShellFileOperations::CarryOut(tOperation operation, const Files& files,
-                                                         std::vector<tNotDone> notDone, const Work& work)
+/// The work has been left behind: names the file that it hangs at.
+ShellFileOperations::Result ShellFileOperations::NoAnswer(const tOperation& operation,
+                                                          const OperationThread& thread)
 {
-    operation.nFiles = files.size();
-    operation.cyTotal = 0;
-    for (const tPlannedFile* pFile : files) {
-        operation.cyTotal += pFile->identity.cySize;
-    }
-    m_dialogs.Started(operation);
-    tOperationProgress progress;
-    tOperationOutcome outcome;
-    outcome.notDone = std::move(notDone);
-    Files spared;
-    for (const tPlannedFile* pFile : files) {
-        progress.sPath = pFile->sPath;
-        const std::int64_t cyBefore = progress.cyDone;
-        const ProgressCall goOn = [&](std::int64_t cyOfFile) {
-            progress.cyDone = cyBefore + cyOfFile;
-            return m_dialogs.Progress(progress);
-        };
-        tEnding ending{tEnding::Kind::Cancelled, {}};
-        if (goOn(0)) {
-            ending = work(*pFile, goOn);
-        }
-        if (ending.bSpared) {
-            spared.push_back(pFile);
-        }
-        if (!ending.sReason.empty()) {
-            outcome.notDone.push_back({pFile->sPath, std::move(ending.sReason), ending.bSpared});
-        }
-        if (ending.kind == tEnding::Kind::Cancelled) {
-            outcome.bCancelled = true;
-            break;
-        }
-        outcome.nFilesDone += ending.IsDone() ? 1U : 0U;
-        outcome.nSkipped += ending.kind == tEnding::Kind::Skipped ? 1U : 0U;
-        outcome.nReplaced += ending.IsDone() && ending.bReplaced ? 1U : 0U;
-        ++progress.nFilesDone;
-        progress.cyDone = cyBefore + pFile->identity.cySize;
-    }
-    return m_dialogs.Finished(operation, outcome) ? spared : Files();
+    tOperationOutcome outcome = thread.Outcome();
+    outcome.bCancelled = true;
+    outcome.notDone.push_back(
+        {thread.Progress().sPath, "The file system does not answer. What has become of it is not known."});
+    m_dialogs.Finished(operation, outcome);
+    return Result::NoAnswer;
 }
 
 long ShellFileOperations::SHGetFileInfoA(const std::string& sPath, unsigned /*dwFileAttributes*/,

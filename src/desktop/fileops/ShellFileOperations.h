@@ -1,12 +1,12 @@
 #pragma once
 
 #include "OperationDialogs.h"
-#include "OperationPlan.h"
+#include "OperationRun.h"
+#include "OperationThread.h"
 #include "ShellFiles.h"
 
-#include <functional>
+#include <optional>
 #include <string>
-#include <vector>
 
 namespace desktop {
 
@@ -15,26 +15,30 @@ namespace desktop {
 class ShellFileOperations final : public platform::ShellFiles
 {
 public:
-    /// `dialogs` must outlive it.
-    explicit ShellFileOperations(OperationDialogs& dialogs) : m_dialogs(dialogs) {}
+    /// `dialogs` must outlive it, and is called on the thread that asks for an operation; the work is done on
+    /// another. With `bEachStep` the work waits at each step until it has been shown.
+    explicit ShellFileOperations(OperationDialogs& dialogs, bool bEachStep = false)
+        : m_dialogs(dialogs), m_bEachStep(bEachStep)
+    {
+    }
 
     /// Moves and copies need FOF_MULTIDESTFILES; what is deleted goes to the trash, with FOF_ALLOWUNDO or
-    /// without.
+    /// without. Not 0 also if the user has cancelled and a file system does not answer.
     int SHFileOperationA(const platform::SHFILEOPSTRUCT& request) override;
     long SHGetFileInfoA(const std::string& sPath, unsigned dwFileAttributes, unsigned uFlags) override;
 
     void UseGroups(platform::FileGroups& groups) override { m_pGroups = &groups; }
 
 private:
-    using Files = std::vector<const tPlannedFile*>;
-    using Work = std::function<tEnding(const tPlannedFile& file, const ProgressCall& goOn)>;
+    enum class Result { Ended, SparedToo, NoAnswer };
 
-    void Trash(const platform::SHFILEOPSTRUCT& request, tOperationPlan& plan);
-    void Transfer(tOperationPlan& plan);
-    Files CarryOut(tOperation operation, const Files& files, std::vector<tNotDone> notDone, const Work& work);
+    Result CarryOut(tOperationPlan& wanted, platform::tFileGroups groups, bool bAsk);
+    std::optional<tOperation> Agreed(OperationRun& run);
+    Result NoAnswer(const tOperation& operation, const OperationThread& thread);
 
     OperationDialogs& m_dialogs;
-    platform::FileGroups* m_pGroups = nullptr; ///< none: nothing is known of the files but their paths
+    bool m_bEachStep;
+    platform::FileGroups* m_pGroups = nullptr; ///< none: nothing is known of files but their paths
 };
 
 } // namespace desktop

@@ -15,18 +15,19 @@ bool IsAsShown(const tFileIdentity& identity, const platform::tShownFile& shown)
 
 } // namespace
 
-StayingCopies::StayingCopies(platform::tFileGroups groups, const std::vector<tPlannedFile>& files)
-    : m_groups(std::move(groups)), m_files(files), m_staying(m_groups.groups.size())
+StayingCopies::StayingCopies(platform::tFileGroups groups, const std::vector<tPlannedFile>& files,
+                             HeldFolders& folders)
+    : m_groups(std::move(groups)), m_files(files), m_folders(folders), m_staying(m_groups.groups.size())
 {
 }
 
-bool StayingCopies::Look(const std::function<bool()>& goOn)
+bool StayingCopies::Look(const std::function<bool(const std::string&)>& goOn)
 {
     LookAtGoing();
     for (std::size_t n = 0; n < m_staying.size(); ++n) {
         const auto& rows = m_groups.groups[n];
         for (std::size_t nRow = 0; nRow < rows.size() && !m_staying[n].IsEnough(); ++nRow) {
-            if (!goOn()) {
+            if (!goOn(rows[nRow].FullPath())) {
                 return false;
             }
             LookAtStaying(rows[nRow], nRow, m_staying[n]);
@@ -52,10 +53,10 @@ void StayingCopies::LookAtGoing()
 
 void StayingCopies::LookAtStaying(const platform::tShownFile& shown, std::size_t nPlace, StayingFiles& group)
 {
-    const FolderEntry entry(shown.FullPath());
+    const FolderEntry entry(m_folders.Get(std::string(shown.sFolder.View())),
+                            std::string(shown.sName.View()));
     const tLook look = entry.Look();
-    if (IsRegular(look).IsDone() && !LiesInTrash(std::string(shown.sFolder.View())) &&
-        !IsGoing(entry, look)) {
+    if (IsRegular(look).IsDone() && !LiesInTrash(entry.Folder()) && !IsGoing(entry, look)) {
         group.Add({look.Identity(), IsAsShown(look.Identity(), shown)}, nPlace);
     }
 }
@@ -69,20 +70,19 @@ bool StayingCopies::IsGoing(const FolderEntry& entry, const tLook& look) const
         if (file.identity.nDevice != look.status.st_dev) {
             continue;
         }
-        const FolderEntry going(file.sPath);
-        const bool bOnlyName = look.status.st_nlink < 2 || going.Name() == entry.Name();
-        if (bOnlyName && LookAt(going.Folder()).IsSameFileAs(LookAt(entry.Folder()))) {
+        const bool bOnlyName = look.status.st_nlink < 2 || NameOf(file.sPath) == entry.Name().sName;
+        if (bOnlyName && m_folders.Of(file.sPath)->Look().IsSameFileAs(entry.Folder().Look())) {
             return true;
         }
     }
     return false;
 }
 
-bool StayingCopies::LiesInTrash(const std::string& sFolder)
+bool StayingCopies::LiesInTrash(const HeldFolder& folder)
 {
-    const auto [it, bNew] = m_trashes.try_emplace(sFolder, false);
+    const auto [it, bNew] = m_trashes.try_emplace(folder.Path(), false);
     if (bNew) {
-        it->second = IsInTrash(sFolder);
+        it->second = IsInTrash(folder.Path());
     }
     return it->second;
 }

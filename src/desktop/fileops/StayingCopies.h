@@ -2,6 +2,8 @@
 #pragma once
 
 #include "FileGroups.h"
+#include "FolderEntry.h"
+#include "HeldFolders.h"
 #include "OperationPlan.h"
 #include "WhatStays.h"
 
@@ -23,11 +25,12 @@ struct tStayingCopy {
 class StayingCopies
 {
 public:
-    /// `groups` says of each file what its row and its group are. `files` must outlive this object.
-    StayingCopies(platform::tFileGroups groups, const std::vector<tPlannedFile>& files);
+    /// `groups` says of each file what its row and its group are. `files` and `folders` must outlive this
+    /// object.
+    StayingCopies(platform::tFileGroups groups, const std::vector<tPlannedFile>& files, HeldFolders& folders);
 
-    /// Looks at the disk. False if `goOn`, called for each look, does not want it any more.
-    bool Look(const std::function<bool()>& goOn);
+    /// Looks at the disk. False if `goOn`, called before each look with the path, does not want it any more.
+    bool Look(const std::function<bool(const std::string&)>& goOn);
 
     /// True if the search that found the groups went by contents.
     [[nodiscard]] platform::ComparedBy ComparedBy() const { return m_groups.comparedBy; }
@@ -50,10 +53,11 @@ private:
     void LookAtGoing();
     void LookAtStaying(const platform::tShownFile& shown, std::size_t nPlace, StayingFiles& group);
     bool IsGoing(const FolderEntry& entry, const tLook& look) const;
-    bool LiesInTrash(const std::string& sFolder);
+    bool LiesInTrash(const HeldFolder& folder);
 
     platform::tFileGroups m_groups;
     const std::vector<tPlannedFile>& m_files;
+    HeldFolders& m_folders;
     std::vector<tSeenFile> m_seen;                                 ///< for each of the files
     std::vector<StayingFiles> m_staying;                           ///< for each of the groups
     std::unordered_multimap<std::uint64_t, std::size_t> m_byInode; ///< files that go

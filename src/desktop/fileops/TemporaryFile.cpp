@@ -1,48 +1,51 @@
 #include "TemporaryFile.h"
 
+#include "HiddenName.h"
 #include "Retried.h"
 
-#include <array>
 #include <fcntl.h>
-#include <sys/random.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace desktop {
-namespace {
 
-/// Of one length, whatever the final name: that one may be as long as a name can be. Empty if the system has
-/// no random numbers to give.
-std::string UnguessableName()
+TemporaryFile::TemporaryFile(const HeldFolder& folder) : m_folder(folder)
 {
-    std::array<unsigned char, 16> aRandom{};
-    if (Retried([&] { return getrandom(aRandom.data(), aRandom.size(), 0); }) !=
-        static_cast<ssize_t>(aRandom.size())) {
-        return {};
-    }
-    std::string sName = ".tallyfen-";
-    for (const unsigned char n : aRandom) {
-        sName += "0123456789abcdef"[n >> 4];
-        sName += "0123456789abcdef"[n & 15];
-    }
-    return sName;
-}
-
-} // namespace
-
-TemporaryFile::TemporaryFile(const TargetFolder& folder) : m_folder(folder), m_sName(UnguessableName())
-{
-    constexpr int nFlags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
-    m_file = Descriptor(
-        Retried([&] { return openat(m_folder.Get(), m_sName.c_str(), nFlags, S_IRUSR | S_IWUSR); }));
+    m_file = Descriptor(Retried(
+        [&] { return openat(folder.Get(), ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, S_IRUSR | S_IWUSR); }));
     if (!m_file.IsOpen()) {
-        m_nError = errno;
-        m_sName.clear();
+        m_file = MakeLocked(folder.Get(), HiddenKind::Copy, m_sName);
+        m_nError = m_file.IsOpen() ? 0 : errno;
     }
 }
 
 TemporaryFile::~TemporaryFile()
 {
     Remove();
+}
+
+int TemporaryFile::Finish() const
+{
+    const auto closeOnce = [&] {
+        const int hAgain = fcntl(m_file.Get(), F_DUPFD_CLOEXEC, 0);
+        return hAgain < 0 ? -1 : close(hAgain);
+    };
+    return Retried(closeOnce) == 0 && Retried([&] { return fsync(m_file.Get()); }) == 0 ? 0 : errno;
+}
+
+int TemporaryFile::Name(const tName& to)
+{
+    if (!m_sName.empty()) {
+        const int nError = RenameWithoutReplacing({m_folder.Get(), m_sName}, to);
+        if (nError == 0) {
+            m_sName.clear();
+        }
+        return nError;
+    }
+    const std::string sThis = "/proc/self/fd/" + std::to_string(m_file.Get());
+    const int nResult = Retried(
+        [&] { return linkat(AT_FDCWD, sThis.c_str(), to.hFolder, to.sName.c_str(), AT_SYMLINK_FOLLOW); });
+    return nResult == 0 ? 0 : errno;
 }
 
 bool TemporaryFile::Remove()

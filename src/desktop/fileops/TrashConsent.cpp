@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "TrashConsent.h"
 
-#include "FileSystem.h"
 #include "TrashFolders.h"
 
 #include <array>
+#include <map>
 #include <unordered_map>
 #include <utility>
 
@@ -38,54 +38,58 @@ std::optional<Concern> ConcernOf(Stays stays)
 
 } // namespace
 
-bool TrashConsent::Look(platform::tFileGroups groups, const std::function<bool()>& goOn)
+bool TrashConsent::Look(tOperationPlan& plan, platform::tFileGroups groups, HeldFolders& folders,
+                        const std::function<bool(const std::string&)>& goOn)
 {
-    if (!TakeOutWhatLiesInTrash(goOn)) {
-        return false;
+    m_pPlan = &plan;
+    if (!plan.inTrash.empty()) {
+        m_cannotGo.push_back({Concern::InTrash, plan.inTrash});
     }
-    m_staying.emplace(std::move(groups), m_plan.files);
+    TakeOutWhatHasNoTrash(folders);
+    m_staying.emplace(std::move(groups), plan.files, folders);
     return m_staying->Look(goOn);
 }
 
-bool TrashConsent::TakeOutWhatLiesInTrash(const std::function<bool()>& goOn)
+/// Whether a volume has a trash is found out once, not for each of its files.
+void TrashConsent::TakeOutWhatHasNoTrash(HeldFolders& folders)
 {
-    std::unordered_map<std::string, bool> folders;
+    TrashFolders trashes;
+    std::unordered_map<const HeldFolder*, std::string> reasons; // empty: there is one
+    std::map<std::string, std::vector<std::string>> byVolume;
+    std::vector<FolderPtr> held; // so that no two have one address
     std::vector<tPlannedFile> files;
-    for (tPlannedFile& file : m_plan.files) {
-        if (!goOn()) {
-            return false;
-        }
-        const auto [folder, bNew] =
-            folders.try_emplace(file.sPath.substr(0, file.sPath.rfind(platform::kSeparator) + 1), false);
+    for (tPlannedFile& file : m_pPlan->files) {
+        const FolderPtr pFolder = folders.Of(file.sPath);
+        const auto [reason, bNew] = reasons.try_emplace(pFolder.get());
         if (bNew) {
-            folder->second = IsInTrash(folder->first);
+            held.push_back(pFolder);
+            reason->second = pFolder->Error() == 0 ? trashes.WhyNone(*pFolder) : "";
         }
-        if (!folder->second) {
+        if (reason->second.empty()) {
             files.push_back(std::move(file));
             continue;
         }
-        --m_plan.operation.nFiles;
-        ++m_plan.operation.nMissing;
-        m_plan.operation.cyTotal -= file.identity.cySize;
-        m_inTrash.paths.push_back(file.sPath);
-        m_plan.notDone.push_back({std::move(file.sPath),
-                                  "It lies in a trash already. Restore it from there, or "
-                                  "empty the trash if it is to be gone for good."});
+        --m_pPlan->operation.nFiles;
+        ++m_pPlan->operation.nMissing;
+        m_pPlan->operation.cyTotal -= file.identity.cySize;
+        byVolume[trashes.VolumeOf(pFolder->Path())].push_back(file.sPath);
+        m_pPlan->notDone.push_back({std::move(file.sPath), reason->second});
     }
-    m_plan.files = std::move(files);
-    return true;
+    m_pPlan->files = std::move(files);
+    for (auto& [sVolume, paths] : byVolume) {
+        m_cannotGo.push_back({Concern::NoTrash, std::move(paths), sVolume});
+    }
 }
 
 tConfirmation TrashConsent::Question() const
 {
     // The gravest first.
-    std::array<tConcern, 7> concerns{{{Concern::NoOtherCopy, {}},
+    std::array<tConcern, 6> concerns{{{Concern::NoOtherCopy, {}},
                                       {Concern::FileChanged, {}},
                                       {Concern::CopiesChanged, {}},
                                       {Concern::OtherSize, {}},
                                       {Concern::NotCompared, {}},
-                                      {Concern::SameFileStays, {}},
-                                      m_inTrash}};
+                                      {Concern::SameFileStays, {}}}};
     const auto add = [&](Concern concern, const std::string& sPath) {
         for (tConcern& each : concerns) {
             if (each.concern == concern) {
@@ -93,15 +97,16 @@ tConfirmation TrashConsent::Question() const
             }
         }
     };
-    tConfirmation confirmation{m_plan.operation, m_staying->ComparedBy(), FilesFor(Consent::WithCopy).size()};
+    tConfirmation confirmation{m_pPlan->operation, m_staying->ComparedBy(),
+                               FilesFor(Consent::WithCopy).size()};
     const bool bByContent = confirmation.comparedBy == platform::ComparedBy::Content;
-    for (std::size_t n = 0; n < m_plan.files.size(); ++n) {
+    for (std::size_t n = 0; n < m_pPlan->files.size(); ++n) {
         const auto stays = m_staying->Of(n);
         const auto concern = stays ? ConcernOf(*stays) : std::nullopt;
         if (concern) {
-            add(*concern, m_plan.files[n].sPath);
+            add(*concern, m_pPlan->files[n].sPath);
         } else if (stays && !bByContent) {
-            add(Concern::NotCompared, m_plan.files[n].sPath);
+            add(Concern::NotCompared, m_pPlan->files[n].sPath);
         }
     }
     for (tConcern& each : concerns) {
@@ -109,13 +114,14 @@ tConfirmation TrashConsent::Question() const
             confirmation.concerns.push_back(std::move(each));
         }
     }
+    confirmation.concerns.insert(confirmation.concerns.end(), m_cannotGo.begin(), m_cannotGo.end());
     return confirmation;
 }
 
 std::vector<std::size_t> TrashConsent::FilesFor(Consent consent) const
 {
     std::vector<std::size_t> files;
-    for (std::size_t n = 0; n < m_plan.files.size(); ++n) {
+    for (std::size_t n = 0; n < m_pPlan->files.size(); ++n) {
         if (consent == Consent::All || (consent == Consent::WithCopy && HasCopy(m_staying->Of(n)))) {
             files.push_back(n);
         }

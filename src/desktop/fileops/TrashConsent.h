@@ -15,12 +15,11 @@ namespace desktop {
 class TrashConsent
 {
 public:
-    /// `plan` must outlive it.
-    explicit TrashConsent(tOperationPlan& plan) : m_plan(plan) {}
-
-    /// Takes what cannot go out of the plan, and looks at what stays of the rest. False if `goOn`, called for
-    /// each look, does not want it any more.
-    bool Look(platform::tFileGroups groups, const std::function<bool()>& goOn);
+    /// Takes what cannot go out of the plan, and looks at what stays of the rest. False if `goOn`, called
+    /// before each look with the path, does not want it any more. `plan` and `folders` must outlive this
+    /// object.
+    bool Look(tOperationPlan& plan, platform::tFileGroups groups, HeldFolders& folders,
+              const std::function<bool(const std::string&)>& goOn);
 
     /// What is to be asked.
     [[nodiscard]] tConfirmation Question() const;
@@ -33,11 +32,11 @@ public:
     [[nodiscard]] std::vector<tStayingCopy> ToCompare(std::size_t nFile, Consent consent) const;
 
 private:
-    bool TakeOutWhatLiesInTrash(const std::function<bool()>& goOn);
+    void TakeOutWhatHasNoTrash(HeldFolders& folders);
 
-    tOperationPlan& m_plan;
+    tOperationPlan* m_pPlan = nullptr; ///< from Look on
     std::optional<StayingCopies> m_staying;
-    tConcern m_inTrash{Concern::InTrash, {}};
+    std::vector<tConcern> m_cannotGo;
 };
 
 } // namespace desktop

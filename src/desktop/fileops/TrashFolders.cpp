@@ -1,99 +1,260 @@
+// SPDX-License-Identifier: MIT
 #include "TrashFolders.h"
 
 #include "CanonicalPath.h"
 #include "FileSystem.h"
-#include "FolderEntry.h"
+#include "Reasons.h"
+#include "Retried.h"
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
-#include <glib.h>
+#include <cstdlib>
+#include <fcntl.h>
+#include <fstream>
+#include <pwd.h>
+#include <string_view>
+#include <sys/stat.h>
 #include <unistd.h>
-#include <unordered_set>
+#include <utility>
 
 namespace desktop {
 namespace {
 
-namespace fs = std::filesystem;
+constexpr const char* kNoTrash = "The volume that it is on has no trash.";
 
-/// After so many notes of one name, listing them all costs less than a look at each that may follow.
-constexpr int kLooks = 16;
+/// Folders of the system: what is mounted there is no volume of the user's, and no desktop shows a trash of
+/// it.
+constexpr std::array<std::string_view, 15> kSystemPoints{
+    "/",    "/boot", "/etc", "/home", "/media",   "/mnt",     "/opt",      "/root",
+    "/srv", "/tmp",  "/usr", "/var",  "/var/log", "/var/tmp", "/usr/local"};
+constexpr std::array<std::string_view, 3> kSystemFolders{"/dev", "/proc", "/sys"};
+constexpr std::array<std::string_view, 9> kSystemTypes{"autofs", "devtmpfs", "overlay", "proc", "ramfs",
+                                                       "rootfs", "squashfs", "sysfs",   "tmpfs"};
 
-/// The top folder of the volume that folder `sFolder` is on, without a trailing separator.
-std::string TopFolder(std::string sFolder)
+template <class List>
+bool Has(const List& list, std::string_view sText)
 {
-    const auto nDevice = LookAt(sFolder).status.st_dev;
-    while (!sFolder.empty()) {
-        const std::string sAbove = sFolder.substr(0, sFolder.rfind(platform::kSeparator));
-        if (LookAt(sAbove.empty() ? "/" : sAbove).status.st_dev != nDevice) {
-            break;
-        }
-        sFolder = sAbove;
-    }
-    return sFolder;
+    return std::find(list.begin(), list.end(), sText) != list.end();
 }
 
-/// The name that GIO tries as the `nTry`th, counted from 1: a number before the first dot.
-std::string NameInTrash(const std::string& sName, int nTry)
+/// The folder for the user's data; empty if he has no home.
+std::string DataHome()
 {
-    if (nTry == 1) {
-        return sName;
+    const auto variable = [](const char* pName) -> std::string {
+        const char* pValue = std::getenv(pName);
+        return pValue != nullptr && *pValue == platform::kSeparator ? pValue : "";
+    };
+    const std::string sData = variable("XDG_DATA_HOME");
+    if (!sData.empty()) {
+        return sData;
     }
-    const std::size_t nDot = std::min(sName.find('.'), sName.size());
-    return sName.substr(0, nDot) + '.' + std::to_string(nTry) + sName.substr(nDot);
+    std::string sHome = variable("HOME");
+    const passwd* const pUser = sHome.empty() ? getpwuid(geteuid()) : nullptr;
+    if (pUser != nullptr && pUser->pw_dir != nullptr) {
+        sHome = pUser->pw_dir;
+    }
+    return sHome.empty() ? "" : sHome + "/.local/share";
 }
 
-bool Exists(const std::string& sPath)
+/// Makes a folder, and those above it that are missing, for the user alone. 0, or the system's error number.
+int MakeFolders(const std::string& sPath)
 {
-    return LookAt(sPath).nError == 0;
+    for (std::size_t n = sPath.find('/', 1); n != std::string::npos; n = sPath.find('/', n + 1)) {
+        mkdir(sPath.substr(0, n).c_str(), S_IRWXU);
+    }
+    // What counts is the last one: those above may be there and not to be changed.
+    return mkdir(sPath.c_str(), S_IRWXU) == 0 || errno == EEXIST ? 0 : errno;
 }
 
-/// The number of the first name that has no note in folder `sInfo`.
-int FirstWithoutNote(const std::string& sInfo, const std::string& sName)
+std::string WhyNoHomeTrash(int nError)
 {
-    const auto note = [&](int nTry) { return NameInTrash(sName, nTry) + ".trashinfo"; };
-    int nTry = 1;
-    while (nTry <= kLooks && Exists(sInfo + '/' + note(nTry))) {
-        ++nTry;
+    switch (nError) {
+    case ENOENT:
+    case ENOTDIR:
+        return "The folder in your home that holds the trash is not there and cannot be made.";
+    case ELOOP:
+        return "Your trash has links or files in the places of its folders.";
+    case EACCES:
+    case EPERM:
+        return "You are not permitted to use the trash in your home folder.";
+    default:
+        return Reason(nError, Step::Trash);
     }
-    if (nTry <= kLooks) {
-        return nTry;
+}
+
+/// Done if nobody else can act in this folder's place.
+bool IsOwn(const HeldFolder& folder)
+{
+    return folder.Error() == 0 && folder.Look().status.st_uid == geteuid();
+}
+
+/// The device of the deepest part of a path that is there.
+dev_t DeviceOf(std::string sPath)
+{
+    struct stat status = {};
+    while (stat(sPath.c_str(), &status) != 0 && sPath.size() > 1) {
+        sPath.resize(std::max<std::size_t>(sPath.rfind('/'), 1));
     }
-    std::unordered_set<std::string> notes;
-    std::error_code error;
-    for (fs::directory_iterator it(sInfo, error), end; !error && it != end; it.increment(error)) {
-        notes.insert(it->path().filename());
-    }
-    while (notes.contains(note(nTry)) || Exists(sInfo + '/' + note(nTry))) {
-        ++nTry;
-    }
-    return nTry;
+    return status.st_dev;
 }
 
 } // namespace
 
-bool WouldReplaceInTrash(const std::string& sPath)
+TrashPtr TrashFolders::For(const HeldFile& file, bool bVolume, std::string& sReason)
 {
-    const std::size_t nName = sPath.rfind(platform::kSeparator) + 1;
-    const std::string sName = sPath.substr(nName);
-    const std::string sTop = TopFolder(sPath.substr(0, nName - 1));
+    return For(file.Entry().Folder().Path(), file.Expected().nDevice, bVolume, sReason);
+}
+
+std::string TrashFolders::WhyNone(const HeldFolder& folder)
+{
+    std::string sReason;
+    return For(folder.Path(), folder.Look().status.st_dev, false, sReason) ? "" : sReason;
+}
+
+TrashPtr TrashFolders::For(const std::string& sFolder, dev_t nDevice, bool bVolume, std::string& sReason)
+{
+    FindHome();
+    if (!bVolume && nDevice == m_homeDevice) {
+        sReason = m_home.sReason;
+        return m_home.pTrash;
+    }
+    const tMount* const pMount = MountOf(sFolder);
+    if (pMount == nullptr) {
+        sReason = kNoTrash;
+        return nullptr;
+    }
+    const auto known = m_volumes.find(pMount->sPoint);
+    const tTrash& trash =
+        known != m_volumes.end() ? known->second : m_volumes[pMount->sPoint] = OfVolume(pMount->sPoint);
+    sReason = trash.sReason;
+    return trash.pTrash;
+}
+
+void TrashFolders::FindHome()
+{
+    if (std::exchange(m_bHomeKnown, true)) {
+        return;
+    }
+    const std::string sData = DataHome();
+    if (sData.empty()) {
+        m_home.sReason = "You have no home folder that could hold a trash.";
+        m_homeDevice = DeviceOf("/");
+        return;
+    }
+    const std::string sTrash = sData + "/Trash";
+    m_homeDevice = DeviceOf(sTrash);
+    const int nError = MakeFolders(sTrash);
+    const std::string sCanonical = CanonicalPath(sTrash);
+    if (nError != 0 || sCanonical.empty()) {
+        const bool bLink = nError == 0 && S_ISLNK(LookAt(sTrash).status.st_mode);
+        m_home.sReason = bLink ? "Your trash folder is a link that leads nowhere."
+                               : WhyNoHomeTrash(nError != 0 ? nError : ENOENT);
+        return;
+    }
+    auto pTrash = std::make_shared<TrashFolder>(std::make_shared<HeldFolder>(sCanonical), "");
+    if (pTrash->Error() != 0) {
+        m_home.sReason = WhyNoHomeTrash(pTrash->Error() == ENOTDIR ? ELOOP : pTrash->Error());
+        return;
+    }
+    m_homeDevice = pTrash->Device();
+    m_home.pTrash = std::move(pTrash);
+}
+
+TrashFolders::tTrash TrashFolders::OfVolume(const std::string& sTop) const
+{
     const std::string sUser = std::to_string(geteuid());
-    const std::array trashes{std::string(g_get_user_data_dir()) + "/Trash", sTop + "/.Trash/" + sUser,
-                             sTop + "/.Trash-" + sUser};
-    return std::any_of(trashes.begin(), trashes.end(), [&](const std::string& sTrash) {
-        const int nTry = FirstWithoutNote(sTrash + "/info", sName);
-        return Exists(sTrash + "/files/" + NameInTrash(sName, nTry));
-    });
+    const std::string sStart = sTop == "/" ? "" : sTop;
+    // One that the administrator has made for all users, if it is such that nobody can tamper with another's.
+    const HeldFolder all(sStart + "/.Trash");
+    FolderPtr pRoot;
+    if (all.Error() == 0 && (all.Look().status.st_mode & S_ISVTX) != 0) {
+        Retried([&] { return mkdirat(all.Get(), sUser.c_str(), S_IRWXU); });
+        pRoot = std::make_shared<HeldFolder>(all.Path() + '/' + sUser);
+    }
+    if (!pRoot || !IsOwn(*pRoot)) {
+        const HeldFolder top(sTop);
+        const std::string sName = ".Trash-" + sUser;
+        const bool bMade = Retried([&] { return mkdirat(top.Get(), sName.c_str(), S_IRWXU); }) == 0;
+        const int nError = bMade || errno == EEXIST ? 0 : errno;
+        if (nError != 0) {
+            const bool bOwnReason = nError == EROFS || nError == ENOSPC || nError == EDQUOT || nError == EIO;
+            return {nullptr, bOwnReason ? Reason(nError, Step::Trash) : kNoTrash};
+        }
+        pRoot = std::make_shared<HeldFolder>(sStart + '/' + sName);
+    }
+    if (!IsOwn(*pRoot)) {
+        return {nullptr, "The trash of the volume that it is on is not yours alone."};
+    }
+    auto pTrash = std::make_shared<TrashFolder>(std::move(pRoot), sTop);
+    if (pTrash->Error() == ELOOP || pTrash->Error() == ENOTDIR) {
+        return {nullptr,
+                "The trash of the volume that it is on has links or files in the places of its folders."};
+    }
+    return pTrash->Error() != 0 ? tTrash{nullptr, Reason(pTrash->Error(), Step::Trash)} : tTrash{pTrash, {}};
+}
+
+std::string TrashFolders::VolumeOf(const std::string& sFolder)
+{
+    const tMount* const pHolder = HolderOf(sFolder);
+    return pHolder != nullptr ? pHolder->sPoint : sFolder;
+}
+
+/// The mount that a folder is on.
+const tMount* TrashFolders::HolderOf(const std::string& sFolder)
+{
+    if (m_mounts.empty()) {
+        std::ifstream mountInfo(kMountInfo);
+        m_mounts = ReadMountTable(mountInfo);
+    }
+    // The deepest on the way to the folder; of two at one point, the one that came last.
+    const tMount* pHolder = nullptr;
+    for (const tMount& mount : m_mounts) {
+        if (IsIn(sFolder, mount.sPoint) &&
+            (pHolder == nullptr || mount.sPoint.size() >= pHolder->sPoint.size())) {
+            pHolder = &mount;
+        }
+    }
+    return pHolder;
+}
+
+/// The same, if it may have a trash.
+const tMount* TrashFolders::MountOf(const std::string& sFolder)
+{
+    const tMount* const pHolder = HolderOf(sFolder);
+    if (pHolder == nullptr || Has(kSystemPoints, pHolder->sPoint) || Has(kSystemTypes, pHolder->sType) ||
+        std::any_of(kSystemFolders.begin(), kSystemFolders.end(),
+                    [&](std::string_view sSystem) { return IsIn(pHolder->sPoint, sSystem); })) {
+        return nullptr;
+    }
+    // A folder of a volume that is mounted in a second place is no volume; a subvolume is one.
+    constexpr ino_t kSubvolume = 256;
+    const bool bWhole = pHolder->sFolder == "/" ||
+                        (pHolder->sType == "btrfs" && LookAt(pHolder->sPoint).status.st_ino == kSubvolume);
+    return bWhole ? pHolder : nullptr;
 }
 
 bool IsInTrash(const std::string& sPath)
 {
-    const std::string sFolder = CanonicalPath(sPath) + platform::kSeparator;
-    const std::string sHome = CanonicalPath(g_get_user_data_dir());
-    const std::string sUser = std::to_string(geteuid());
-    return (!sHome.empty() && sFolder.starts_with(sHome + "/Trash/")) ||
-           sFolder.find("/.Trash-" + sUser + "/") != std::string::npos ||
-           sFolder.find("/.Trash/" + sUser + "/") != std::string::npos;
+    const auto isNumber = [](std::string_view sText) {
+        return !sText.empty() && sText.find_first_not_of("0123456789") == std::string_view::npos;
+    };
+    const tLook home = LookAt(CanonicalPath(DataHome() + "/Trash"));
+    std::string_view sBefore;
+    std::string_view sBeforeThat;
+    for (std::size_t nStart = 1; nStart <= sPath.size();) {
+        const std::size_t nEnd = std::min(sPath.find(platform::kSeparator, nStart), sPath.size());
+        const std::string_view sName = std::string_view(sPath).substr(nStart, nEnd - nStart);
+        constexpr std::string_view kOfUser = ".Trash-";
+        if ((sName.starts_with(kOfUser) && isNumber(sName.substr(kOfUser.size()))) ||
+            (sBefore == ".Trash" && isNumber(sName)) ||
+            (sBeforeThat == ".local" && sBefore == "share" && sName == "Trash") ||
+            LookAt(sPath.substr(0, nEnd)).IsSameFileAs(home)) {
+            return true;
+        }
+        sBeforeThat = std::exchange(sBefore, sName);
+        nStart = nEnd + 1;
+    }
+    return false;
 }
 
 } // namespace desktop

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "FileGroups.h"
-#include "FolderEntry.h"
+#include "FileIdentity.h"
 
 #include <cstddef>
 #include <cstdint>

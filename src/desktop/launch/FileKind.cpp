@@ -3,6 +3,18 @@
 #include "GPointers.h"
 
 namespace desktop {
+namespace {
+
+/// The kind of a file without contents. GIO of Debian 13 calls all of them one kind, which next to no program
+/// opens; what a person wants to open is a text or a table that is still empty.
+std::string KindByName(const std::string& sPath)
+{
+    gboolean bUncertain = FALSE;
+    const GText kind(g_content_type_guess(sPath.c_str(), nullptr, 0, &bUncertain));
+    return kind && bUncertain == FALSE ? kind.get() : "text/plain";
+}
+
+} // namespace
 
 std::string FileKind(const std::string& sPath)
 {
@@ -13,7 +25,8 @@ std::string FileKind(const std::string& sPath)
     const GPointer<GFileInfo> info(g_file_query_info(file.get(), G_FILE_ATTRIBUTE_STANDARD_CONTENT_TYPE,
                                                      G_FILE_QUERY_INFO_NONE, nullptr, nullptr));
     const char* const pKind = info ? g_file_info_get_content_type(info.get()) : nullptr;
-    return pKind != nullptr ? pKind : "application/octet-stream";
+    const std::string sKind = pKind != nullptr ? pKind : "application/octet-stream";
+    return sKind == "application/x-zerosize" ? KindByName(sPath) : sKind;
 }
 
 std::string KindInWords(const std::string& sKind)

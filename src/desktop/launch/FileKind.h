@@ -5,7 +5,8 @@
 namespace desktop {
 
 /// The kind of a file as the desktop names it, "text/plain", from its name and its first bytes. The kind of
-/// unknown bytes if the file cannot be read or is not there. Links are followed.
+/// unknown bytes if the file cannot be read or is not there; an empty file whose name says nothing is a text.
+/// Links are followed.
 std::string FileKind(const std::string& sPath);
 
 /// A kind in the user's words, "plain text document".

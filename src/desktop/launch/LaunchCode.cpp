@@ -28,8 +28,7 @@ long WhyMissing(const std::string& sPath)
     if (!sPath.starts_with('/')) {
         return kNoSuchFile;
     }
-    struct stat status {
-    };
+    struct stat status = {};
     return stat(sPath.c_str(), &status) == 0 ? 0 : LaunchCode(errno);
 }
 

@@ -14,8 +14,7 @@ bool HasSessionBus()
         return !sAddress.empty() && !sAddress.starts_with("disabled:") &&
                sAddress.find("autolaunch:") == std::string::npos;
     }
-    struct stat status {
-    };
+    struct stat status = {};
     const std::string sBus = std::string(g_get_user_runtime_dir()) + "/bus";
     return stat(sBus.c_str(), &status) == 0 && S_ISSOCK(status.st_mode);
 }

@@ -36,16 +36,19 @@ void FolderDialog::Tell(unsigned uMsg, long lParam)
 
 void FolderDialog::Run()
 {
-    // 1. The program may change the dialog, its place included, before it is brought to that place.
+    // The program may change the dialog, its place included, before it is brought to that place.
     Tell(platform::BFFM_INITIALIZED, 0);
     const QRect place = PixelRect(Place());
     platform::MoveWindow(this, place.x(), place.y(), place.width(), place.height());
-    // 2. Something is always selected.
+    // Something is always selected; a view that has got the keyboard has seen to that by itself.
+    const QModelIndex first = m_model.index(0, 0);
     if (m_pView && !m_pView->currentIndex().isValid()) {
-        m_pView->setCurrentIndex(m_model.index(0, 0));
-        m_pView->expand(m_pView->currentIndex());
+        m_pView->setCurrentIndex(first);
     }
-    // 3. Until it is closed.
+    if (m_pView && m_pView->currentIndex() == first) {
+        m_pView->expand(first);
+    }
+    // Until it is closed.
     if (!m_bClosed) {
         m_loop.exec();
     }
@@ -68,8 +71,7 @@ long FolderDialog::TextMessage(unsigned nMessage, long wParam, const std::string
     }
     const QModelIndex folder = m_model.Find(sText.substr(0, sText.find('\0')));
     if (folder.isValid()) {
-        m_pView->setCurrentIndex(folder);
-        m_pView->scrollTo(folder);
+        m_pView->ShowFolder(folder);
     }
     return 0;
 }

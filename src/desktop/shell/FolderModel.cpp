@@ -2,44 +2,17 @@
 
 #include "Escaped.h"
 #include "Pictures.h"
+#include "ReadingOrder.h"
 #include "Subfolders.h"
-#include "Texts.h"
 
 #include <QApplication>
 #include <QPalette>
 #include <algorithm>
 #include <string_view>
-#include <tuple>
 #include <utility>
 
 namespace desktop {
 namespace {
-
-bool IsHidden(std::string_view sName)
-{
-    return sName.starts_with('.');
-}
-
-/// What names are ordered by: as they are shown, whatever their letter case, hidden ones last.
-using tKeyedName = std::tuple<bool, std::string, std::string>;
-
-tKeyedName Keyed(std::string sName)
-{
-    std::string sFolded = platform::FoldCase(platform::Escaped(sName));
-    return {IsHidden(sName), std::move(sFolded), std::move(sName)};
-}
-
-void SortNames(std::vector<std::string>& names)
-{
-    std::vector<tKeyedName> keyed;
-    keyed.reserve(names.size());
-    for (std::string& sName : names) {
-        keyed.push_back(Keyed(std::move(sName)));
-    }
-    std::sort(keyed.begin(), keyed.end());
-    std::transform(keyed.begin(), keyed.end(), names.begin(),
-                   [](auto& each) { return std::move(std::get<2>(each)); });
-}
 
 /// `sPath` without `sFolder` and the separators behind it; nothing if it does not lie there.
 bool TakeFolder(std::string_view& sPath, std::string_view sFolder)
@@ -140,7 +113,12 @@ QModelIndex FolderModel::Find(const std::string& sPath)
         if (canFetchMore(folder)) {
             fetchMore(folder);
         }
-        nFound = ChildNamed(nFound, sName);
+        const std::size_t nChild = ChildNamed(nFound, sName);
+        if (nChild == 0 && IsSubfolder(Path(Item(folder)), sName)) {
+            nFound = Number(Add(folder, sName)); // made since the folder was listed
+        } else {
+            nFound = nChild;
+        }
     }
     return Index(static_cast<platform::ItemId>(nFound));
 }
@@ -157,8 +135,9 @@ QModelIndex FolderModel::Add(const QModelIndex& folder, const std::string& sName
     }
     const auto& siblings = m_nodes[nFolder].children;
     const auto before =
-        std::find_if(siblings.begin(), siblings.end(),
-                     [&, key = Keyed(sName)](std::size_t n) { return key < Keyed(m_nodes[n].sName); });
+        std::find_if(siblings.begin(), siblings.end(), [&, order = ReadingOrder(sName)](std::size_t n) {
+            return order < ReadingOrder(m_nodes[n].sName);
+        });
     const auto nRow = before - siblings.begin();
     beginInsertRows(folder, static_cast<int>(nRow), static_cast<int>(nRow));
     m_nodes.push_back({.sName = sName, .sShown = {}, .nParent = nFolder});
@@ -219,7 +198,7 @@ bool FolderModel::canFetchMore(const QModelIndex& parent) const
 void FolderModel::fetchMore(const QModelIndex& parent)
 {
     auto names = Subfolders(Path(Item(parent)));
-    SortNames(names);
+    SortForReading(names);
     std::vector<tNode> children;
     children.reserve(names.size());
     for (std::string& sName : names) {
@@ -249,7 +228,7 @@ QVariant FolderModel::data(const QModelIndex& index, int role) const
     case Qt::DecorationRole:
         return m_icon;
     case Qt::ForegroundRole:
-        return IsHidden(node.sName) ? QVariant(QApplication::palette().placeholderText()) : QVariant();
+        return node.sName.starts_with('.') ? QVariant(QApplication::palette().placeholderText()) : QVariant();
     default:
         return {};
     }

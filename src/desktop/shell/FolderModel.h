@@ -11,8 +11,8 @@
 namespace desktop {
 
 /// The folders of the machine as a tree. Names are exact bytes. A folder is listed when its subfolders are
-/// asked for the first time, and stays as it was then but for the folders that Add adds. In each folder the
-/// hidden ones come last.
+/// asked for the first time, and stays as it was then but for the folders that Add adds and Find meets. In
+/// each folder the hidden ones come last.
 class FolderModel final : public QAbstractItemModel
 {
 public:

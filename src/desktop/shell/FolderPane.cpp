@@ -68,14 +68,8 @@ void FolderPane::Select(const std::string& sPath)
         found = m_model.Find(sFolder);
     }
     if (found.isValid()) {
-        SelectItem(found);
+        m_pView->ShowFolder(found);
     }
-}
-
-void FolderPane::SelectItem(const QModelIndex& folder)
-{
-    m_pView->setCurrentIndex(folder);
-    m_pView->scrollTo(folder, QAbstractItemView::PositionAtCenter);
 }
 
 void FolderPane::MakeFolder()
@@ -95,7 +89,7 @@ void FolderPane::MakeFolder()
     constexpr mode_t kMode = 0777;
     const bool bOneName = sName.find('/') == std::string::npos;
     if (bOneName && mkdir((sFolder + "/" + sName).c_str(), kMode) == 0) {
-        SelectItem(m_model.Add(folder, sName));
+        m_pView->ShowFolder(m_model.Add(folder, sName));
         m_pView->setFocus();
         return;
     }

@@ -32,7 +32,6 @@ public:
     QPushButton& NewFolderButton() { return *m_pNewFolder; }
 
 private:
-    void SelectItem(const QModelIndex& folder);
     void MakeFolder();
 
     FolderModel m_model;

@@ -1,12 +1,27 @@
 #include "FolderView.h"
 
+#include "CanonicalPath.h"
 #include "FolderModel.h"
+#include "NamedPaths.h"
 
+#include <QApplication>
+#include <QClipboard>
+#include <QDragMoveEvent>
 #include <QElapsedTimer>
 #include <QHeaderView>
 #include <QKeyEvent>
 
 namespace desktop {
+namespace {
+
+/// What is dropped is only looked at: who drags a folder must not take it for moved.
+void AcceptAsCopy(QDropEvent& event, bool bAccept)
+{
+    event.setDropAction(Qt::CopyAction);
+    event.setAccepted(bAccept && event.possibleActions().testFlag(Qt::CopyAction));
+}
+
+} // namespace
 
 FolderView::FolderView(FolderModel& model) : m_model(model)
 {
@@ -14,12 +29,34 @@ FolderView::FolderView(FolderModel& model) : m_model(model)
     setAccessibleName(QStringLiteral("Folders"));
     setHeaderHidden(true);
     setUniformRowHeights(true); // else each row of a large folder is measured
-    // As wide as the rows in sight need, with a bar to scroll.
-    header()->setStretchLastSection(false);
-    header()->setResizeContentsPrecision(0);
-    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    header()->setStretchLastSection(true);
+    header()->setMinimumSectionSize(0);
+    header()->setResizeContentsPrecision(0); // the rows in sight
+    setAcceptDrops(true);
     m_look.setSingleShot(true);
-    connect(&m_look, &QTimer::timeout, this, &FolderView::LookIntoVisible);
+    connect(&m_look, &QTimer::timeout, this, [this] {
+        WidenForVisible();
+        LookIntoVisible();
+    });
+    connect(this, &QTreeView::collapsed, this, &FolderView::Closed);
+}
+
+void FolderView::ShowFolder(const QModelIndex& folder)
+{
+    setCurrentIndex(folder);
+    scrollTo(folder, PositionAtCenter);
+}
+
+void FolderView::Closed(const QModelIndex& folder)
+{
+    header()->setMinimumSectionSize(0);
+    QModelIndex above = currentIndex();
+    while (above.isValid() && above != folder) {
+        above = above.parent();
+    }
+    if (above.isValid()) {
+        setCurrentIndex(folder);
+    }
 }
 
 void FolderView::keyPressEvent(QKeyEvent* pEvent)
@@ -27,6 +64,16 @@ void FolderView::keyPressEvent(QKeyEvent* pEvent)
     // The tree's own answer is to open all folders at any depth, which is to walk the whole disk.
     if (pEvent->key() == Qt::Key_Asterisk) {
         expand(currentIndex());
+        return;
+    }
+    if (pEvent->matches(QKeySequence::Paste)) {
+        const QMimeData* const pData = QApplication::clipboard()->mimeData();
+        const QModelIndex folder = pData != nullptr ? FolderIn(*pData) : QModelIndex();
+        if (folder.isValid()) {
+            ShowFolder(folder);
+        } else {
+            QApplication::beep();
+        }
         return;
     }
     QTreeView::keyPressEvent(pEvent);
@@ -43,6 +90,48 @@ void FolderView::paintEvent(QPaintEvent* pEvent)
 {
     QTreeView::paintEvent(pEvent);
     m_look.start(0);
+}
+
+void FolderView::dragEnterEvent(QDragEnterEvent* pEvent)
+{
+    AcceptAsCopy(*pEvent, FolderIn(*pEvent->mimeData()).isValid());
+}
+
+void FolderView::dragMoveEvent(QDragMoveEvent* pEvent)
+{
+    AcceptAsCopy(*pEvent, true);
+}
+
+void FolderView::dropEvent(QDropEvent* pEvent)
+{
+    const QModelIndex folder = FolderIn(*pEvent->mimeData());
+    AcceptAsCopy(*pEvent, folder.isValid());
+    if (folder.isValid()) {
+        ShowFolder(folder);
+        activateWindow();
+        setFocus();
+    }
+}
+
+/// The first folder that somebody else's data name; invalid if they name none.
+QModelIndex FolderView::FolderIn(const QMimeData& named)
+{
+    for (const std::string& sPath : NamedPaths(named)) {
+        const QModelIndex folder = m_model.Find(CanonicalPath(sPath));
+        if (folder.isValid()) {
+            return folder;
+        }
+    }
+    return {};
+}
+
+/// As wide as the widest row that has been in sight needs, with a bar to scroll.
+void FolderView::WidenForVisible()
+{
+    const int nNeeded = sizeHintForColumn(0);
+    if (nNeeded > header()->minimumSectionSize()) {
+        header()->setMinimumSectionSize(nNeeded);
+    }
 }
 
 /// Finds out which of the rows in sight can be opened, some of them at a time so that input comes first.

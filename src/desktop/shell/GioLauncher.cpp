@@ -42,8 +42,7 @@ void SayCannotOpen(platform::WindowHandle hwnd, const std::string& sPath, long n
 
 long Explore(platform::WindowHandle hwnd, const std::string& sPath)
 {
-    struct stat status {
-    };
+    struct stat status = {};
     const bool bOtherThing = stat(sPath.c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
     const long nCode = bOtherThing ? ENOTDIR : StartOn(sPath, DefaultApplication({kFolders}));
     if (nCode != kStarted && !sPath.empty()) {

@@ -64,6 +64,10 @@ QString Sentences(const tOperation& operation, const tOperationOutcome& outcome)
         sentences << QStringLiteral("%1 not %2:")
                          .arg(Share(outcome.notDone.size(), nAll), Done(operation.operation));
     }
+    if (!outcome.remarks.empty()) {
+        sentences << QStringLiteral("There is something to know of %1:")
+                         .arg(CountText(static_cast<std::int64_t>(outcome.remarks.size()), "file", "files"));
+    }
     return sentences.join(QLatin1Char('\n'));
 }
 
@@ -121,8 +125,8 @@ std::int64_t SparedIn(const NotDone& notDone)
 
 bool OutcomeSummary::IsNeeded(const tOperationOutcome& outcome)
 {
-    return !outcome.notDone.empty() || outcome.nSkipped > 0 || outcome.nReplaced > 0 ||
-           (outcome.bCancelled && outcome.nFilesDone > 0);
+    return !outcome.notDone.empty() || !outcome.remarks.empty() || outcome.nSkipped > 0 ||
+           outcome.nReplaced > 0 || (outcome.bCancelled && outcome.nFilesDone > 0);
 }
 
 OutcomeSummary::OutcomeSummary(QWidget* pOwner, const tOperation& operation, const tOperationOutcome& outcome)
@@ -137,12 +141,16 @@ OutcomeSummary::OutcomeSummary(QWidget* pOwner, const tOperation& operation, con
         AddButton(*pButtons, QStringLiteral("Close"), QDialogButtonBox::RejectRole, QStringLiteral("close"));
     connect(pClose, &QPushButton::clicked, this, &OutcomeSummary::reject);
 
+    // What was not done comes first, as the sentences have it.
+    std::vector<tNotDone> lines = outcome.notDone;
+    lines.insert(lines.end(), outcome.remarks.begin(), outcome.remarks.end());
+
     auto* const pLayout = new QVBoxLayout(this);
     pLayout->addWidget(pText);
-    if (outcome.notDone.empty()) {
+    if (lines.empty()) {
         pLayout->addStretch();
     } else {
-        auto* const pList = new QPlainTextEdit(Lines(outcome.notDone, kMostShown));
+        auto* const pList = new QPlainTextEdit(Lines(lines, kMostShown));
         pList->setObjectName(QStringLiteral("notDone"));
         pList->setAccessibleName(pText->text());
         pList->setReadOnly(true);
@@ -152,9 +160,8 @@ OutcomeSummary::OutcomeSummary(QWidget* pOwner, const tOperation& operation, con
         QPushButton* const pCopy = AddButton(*pButtons, QStringLiteral("C&opy All"),
                                              QDialogButtonBox::ActionRole, QStringLiteral("copy"));
         pCopy->setAutoDefault(false);
-        connect(pCopy, &QPushButton::clicked, this, [notDone = outcome.notDone] {
-            QApplication::clipboard()->setText(Lines(notDone, notDone.size()));
-        });
+        connect(pCopy, &QPushButton::clicked, this,
+                [lines] { QApplication::clipboard()->setText(Lines(lines, lines.size())); });
     }
     if (const std::int64_t nSpared = SparedIn(outcome.notDone); nSpared > 0) {
         QPushButton* const pAfterAll = AddButton(
@@ -168,7 +175,7 @@ OutcomeSummary::OutcomeSummary(QWidget* pOwner, const tOperation& operation, con
         setTabOrder(pCopy, pClose); // else Tab does not come back to Close
     }
     pClose->setDefault(true);
-    SizeFor(outcome.notDone.empty() ? QSize(kSize.width() / 2, 0) : kSize);
+    SizeFor(lines.empty() ? QSize(kSize.width() / 2, 0) : kSize);
     pClose->setFocus();
 }
 

@@ -1,6 +1,5 @@
 #include "PathLabel.h"
 
-#include "ShellDialog.h"
 #include "ShownText.h"
 
 #include <QPainter>

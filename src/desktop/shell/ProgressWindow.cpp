@@ -13,8 +13,11 @@ namespace {
 constexpr QSize kSize{420, 0};
 constexpr int kFull = 1000; // of the bar
 
-QString TitleOf(FileOperation operation)
+QString TitleOf(FileOperation operation, ProgressWindow::Phase phase)
 {
+    if (phase == ProgressWindow::Phase::Looking) {
+        return QStringLiteral("Looking at Files");
+    }
     switch (operation) {
     case FileOperation::Move:
         return QStringLiteral("Moving Files");
@@ -38,16 +41,17 @@ int Part(double dDone, double dTotal)
 
 } // namespace
 
-ProgressWindow::ProgressWindow(QWidget* pOwner, const tOperation& operation)
-    : ShellDialog(pOwner, QStringLiteral("operationProgress"), TitleOf(operation.operation)),
-      m_operation(operation), m_pPath(new PathLabel), m_pCount(new QLabel), m_pBar(new QProgressBar)
+ProgressWindow::ProgressWindow(QWidget* pOwner, const tOperation& operation, Phase phase)
+    : ShellDialog(pOwner, QStringLiteral("operationProgress"), TitleOf(operation.operation, phase)),
+      m_operation(operation), m_phase(phase), m_pPath(new PathLabel), m_pCount(new QLabel),
+      m_pBar(new QProgressBar)
 {
     m_pPath->setObjectName(QStringLiteral("path"));
     m_pCount->setObjectName(QStringLiteral("count"));
     m_pCount->setTextFormat(Qt::PlainText);
     m_pBar->setObjectName(QStringLiteral("bar"));
     m_pBar->setAccessibleName(QStringLiteral("Progress"));
-    m_pBar->setRange(0, kFull);
+    m_pBar->setRange(0, phase == Phase::Looking ? 0 : kFull); // without an end it only moves
     auto* const pButtons = new QDialogButtonBox;
     m_pCancel = AddButton(*pButtons, QStringLiteral("Cancel"), QDialogButtonBox::RejectRole,
                           QStringLiteral("cancel"));
@@ -69,8 +73,14 @@ ProgressWindow::ProgressWindow(QWidget* pOwner, const tOperation& operation)
 
 void ProgressWindow::ShowProgress(const tOperationProgress& progress)
 {
-    const bool bBytes = CountsBytes(m_operation);
     m_pPath->ShowPath(progress.sPath);
+    if (m_phase == Phase::Looking) {
+        m_pCount->setText(QStringLiteral("%1, %2").arg(
+            CountText(static_cast<std::int64_t>(progress.nFilesDone), "file", "files"),
+            ShortSize(progress.cyDone)));
+        return;
+    }
+    const bool bBytes = CountsBytes(m_operation);
     QString sCount = QStringLiteral("%1 of %2")
                          .arg(NumberText(static_cast<std::int64_t>(progress.nFilesDone)),
                               CountText(static_cast<std::int64_t>(m_operation.nFiles), "file", "files"));

@@ -15,7 +15,12 @@ class PathLabel;
 class ProgressWindow final : public ShellDialog
 {
 public:
-    ProgressWindow(QWidget* pOwner, const tOperation& operation);
+    enum class Phase {
+        Looking, ///< the files are being found out about; how many they are is not known
+        Working
+    };
+
+    ProgressWindow(QWidget* pOwner, const tOperation& operation, Phase phase);
 
     void ShowProgress(const tOperationProgress& progress);
     [[nodiscard]] bool Cancelled() const { return m_bCancelled; }
@@ -24,6 +29,7 @@ public:
 
 private:
     const tOperation m_operation;
+    const Phase m_phase;
     PathLabel* m_pPath;
     QLabel* m_pCount;
     QProgressBar* m_pBar;

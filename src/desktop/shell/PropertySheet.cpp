@@ -46,7 +46,7 @@ QString Permissions(unsigned nMode)
 
 /// The name of a user or group, or its number where it has none.
 template <typename T>
-QString NameOf(unsigned nId, int (*find)(unsigned, T*, char*, std::size_t, T**), char* T::*name)
+QString NameOf(unsigned nId, int (*find)(unsigned, T*, char*, std::size_t, T**), char* T::* name)
 {
     std::array<char, 16U * 1024> text{};
     T entry{};
@@ -66,8 +66,7 @@ QString TargetOf(const std::string& sPath)
 
 tProperties PropertiesOf(const std::string& sPath)
 {
-    struct statx status {
-    };
+    struct statx status = {};
     if (!sPath.starts_with('/') ||
         statx(AT_FDCWD, sPath.c_str(), AT_SYMLINK_NOFOLLOW, STATX_BASIC_STATS | STATX_BTIME, &status) != 0) {
         return {};

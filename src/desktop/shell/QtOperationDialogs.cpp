@@ -37,8 +37,20 @@ QtOperationDialogs::~QtOperationDialogs()
     delete m_pWindow;
 }
 
+bool QtOperationDialogs::Looking(const tOperation& soFar)
+{
+    if (m_pWindow == nullptr) {
+        Open(soFar, ProgressWindow::Phase::Looking);
+    }
+    tOperationProgress progress;
+    progress.nFilesDone = soFar.nFiles;
+    progress.cyDone = soFar.cyTotal;
+    return GoOn(progress);
+}
+
 Consent QtOperationDialogs::Confirm(const tConfirmation& confirmation)
 {
+    delete m_pWindow;
     QWidget* const pOwner = OwnerOf(confirmation.operation.hwnd);
     if (!confirmation.concerns.empty()) {
         return ConfirmationBox(pOwner, confirmation).Answer();
@@ -53,6 +65,7 @@ Consent QtOperationDialogs::Confirm(const tConfirmation& confirmation)
 
 bool QtOperationDialogs::AskRoom(const tOperation& operation, const tRoom& room)
 {
+    delete m_pWindow;
     return AskYesNo(OwnerOf(operation.hwnd), RoomQuestion(operation, room));
 }
 
@@ -69,13 +82,27 @@ tReplaceAnswer QtOperationDialogs::AskReplace(const tFileFacts& source, const tF
 
 void QtOperationDialogs::Started(const tOperation& operation)
 {
-    m_hwnd = operation.hwnd;
-    delete m_pWindow;
-    m_pWindow = new ProgressWindow(OwnerOf(operation.hwnd), operation);
-    m_sinceStart.start();
+    Open(operation, ProgressWindow::Phase::Working);
 }
 
 bool QtOperationDialogs::Progress(const tOperationProgress& progress)
+{
+    return GoOn(progress);
+}
+
+/// Makes the window that shows how far it is.
+void QtOperationDialogs::Open(const tOperation& operation, ProgressWindow::Phase phase)
+{
+    m_hwnd = operation.hwnd;
+    delete m_pWindow;
+    auto* const pWindow = new ProgressWindow(OwnerOf(operation.hwnd), operation, phase);
+    m_pWindow = pWindow;
+    // The end of the session cancels as the user does.
+    QObject::connect(qApp, &QGuiApplication::commitDataRequest, pWindow, [pWindow] { pWindow->reject(); });
+    m_sinceStart.start();
+}
+
+bool QtOperationDialogs::GoOn(const tOperationProgress& progress)
 {
     m_pReached = &progress;
     m_events.DoEvents(1);

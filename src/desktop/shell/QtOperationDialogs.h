@@ -19,6 +19,7 @@ public:
     QtOperationDialogs& operator=(const QtOperationDialogs&) = delete;
     ~QtOperationDialogs() override;
 
+    bool Looking(const tOperation& soFar) override;
     Consent Confirm(const tConfirmation& confirmation) override;
     bool AskRoom(const tOperation& operation, const tRoom& room) override;
     tReplaceAnswer AskReplace(const tFileFacts& source, const tFileFacts& target, bool bIdentical) override;
@@ -27,13 +28,15 @@ public:
     bool Finished(const tOperation& operation, const tOperationOutcome& outcome) override;
 
 private:
+    void Open(const tOperation& operation, ProgressWindow::Phase phase);
+    bool GoOn(const tOperationProgress& progress);
     void Look();
 
     PacedEventLoop m_events;
     platform::WindowHandle m_hwnd = nullptr; ///< over which the operation in hand asks
-    QPointer<ProgressWindow> m_pWindow;      ///< from Started to Finished; not visible at first
+    QPointer<ProgressWindow> m_pWindow;      ///< while something is being done; not visible at first
     QElapsedTimer m_sinceStart;
-    const tOperationProgress* m_pReached = nullptr; ///< while Progress runs
+    const tOperationProgress* m_pReached = nullptr; ///< while GoOn runs
 };
 
 } // namespace desktop

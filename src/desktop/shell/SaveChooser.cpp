@@ -3,6 +3,7 @@
 #include "CanonicalPath.h"
 #include "NoticeLabel.h"
 #include "Questions.h"
+#include "ReadingOrder.h"
 #include "ShownText.h"
 #include "SpokenRows.h"
 #include "Subfolders.h"
@@ -52,8 +53,7 @@ QString Sentence(int nError)
 /// Why a file cannot be written at `sPath`; empty if it can, for all that is known beforehand.
 QString WhyNotWritable(const std::string& sPath, bool& bThere)
 {
-    struct stat status {
-    };
+    struct stat status = {};
     bThere = stat(sPath.c_str(), &status) == 0;
     if (!bThere && errno != ENOENT) {
         return Sentence(errno);
@@ -76,9 +76,19 @@ QString WhyNotWritable(const std::string& sPath, bool& bThere)
 std::string CanonicalFolder(const std::string& sPath)
 {
     const std::string sCanonical = CanonicalPath(sPath);
-    struct stat status {
-    };
+    struct stat status = {};
     return stat(sCanonical.c_str(), &status) == 0 && S_ISDIR(status.st_mode) ? sCanonical : "";
+}
+
+/// True for a name that says by itself of what kind the file is: a dot, not at the start, with letters and
+/// digits behind it, one of them a letter. "v1.2 list" and "report.2024" say nothing.
+bool HasExtension(const QString& sName)
+{
+    const qsizetype nDot = sName.lastIndexOf(QLatin1Char('.'));
+    const QString sBehind = sName.mid(nDot + 1);
+    const auto isLetter = [](QChar c) { return c.isLetter(); };
+    return nDot > 0 && std::any_of(sBehind.begin(), sBehind.end(), isLetter) &&
+           std::all_of(sBehind.begin(), sBehind.end(), [](QChar c) { return c.isLetterOrNumber(); });
 }
 
 std::string Joined(const std::string& sFolder, const std::string& sName)
@@ -159,9 +169,8 @@ void SaveChooser::ListFiles()
     m_pFiles->clear();
     const auto nKind = static_cast<std::size_t>(m_pKind->currentIndex());
     auto names = FileNames(m_pPane->Folder(), nKind < m_patterns.size() ? m_patterns[nKind] : "*");
-    // As they are shown: what is not shown as it is could not be typed either, and stands for itself only
-    // here.
-    std::sort(names.begin(), names.end());
+    SortForReading(names);
+    // What is not shown as it is could not be typed either, and stands for itself only here.
     for (const std::string& sName : names) {
         const QString sShown = ShownText(sName);
         m_pFiles->addItem(sShown);
@@ -191,8 +200,11 @@ bool SaveChooser::GoInto(const std::string& sPath)
 
 void SaveChooser::accept()
 {
-    // 1. What is typed: a name in the folder, or a path from there or from the root.
-    const QString sTyped = m_pName->text().trimmed();
+    // A name picked in the list is exactly that file's. What is typed is a name in the folder, or a path from
+    // there or from the root.
+    const QListWidgetItem* const pPicked = m_pFiles->currentItem();
+    const bool bPicked = pPicked != nullptr && pPicked->text() == m_pName->text();
+    const QString sTyped = bPicked ? m_pName->text() : m_pName->text().trimmed();
     if (sTyped.isEmpty()) {
         Say(QStringLiteral("Please type a name for the file."));
         return;
@@ -206,9 +218,8 @@ void SaveChooser::accept()
     if (GoInto(sPath)) {
         return;
     }
-    // 2. The file that it stands for.
     const auto nName = sPath.rfind('/') + 1;
-    if (sPath.find('.', nName) == std::string::npos && !m_request.lpstrDefExt.empty()) {
+    if (!bPicked && !HasExtension(sTyped.section(QLatin1Char('/'), -1)) && !m_request.lpstrDefExt.empty()) {
         sPath += "." + m_request.lpstrDefExt;
     }
     const std::string sFolder = CanonicalFolder(sPath.substr(0, nName));
@@ -217,7 +228,6 @@ void SaveChooser::accept()
         return;
     }
     sPath = Joined(sFolder, sPath.substr(nName));
-    // 3. Whether it can be written, and may be replaced.
     bool bThere = false;
     const QString sFault = WhyNotWritable(sPath, bThere);
     if (!sFault.isEmpty()) {

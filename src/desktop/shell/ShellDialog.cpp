@@ -41,11 +41,6 @@ QPushButton* ShellDialog::AddButton(QDialogButtonBox& buttons, const QString& sT
     return pButton;
 }
 
-QString AsToolTip(const QString& sText)
-{
-    return QStringLiteral("<p style='white-space:pre-wrap'>%1</p>").arg(sText.toHtmlEscaped());
-}
-
 QString AsTitle(QString sText)
 {
     return sText.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));

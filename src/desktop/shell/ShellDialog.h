@@ -33,9 +33,6 @@ protected:
                                   QDialogButtonBox::ButtonRole role, const QString& sName);
 };
 
-/// A text that may hold any name, as a tool tip, which would otherwise take some of it for markup.
-QString AsToolTip(const QString& sText);
-
 /// A text that may hold any name, as a window's title, in which Qt would otherwise look for its own mark.
 QString AsTitle(QString sText);
 

@@ -26,7 +26,7 @@ QString ShortSize(std::int64_t cySize)
     if (cySize < kUnit) {
         return CountText(cySize, "byte", "bytes");
     }
-    constexpr const char* aUnits[] = {"KB", "MB", "GB", "TB", "PB", "EB"};
+    constexpr const char* aUnits[] = {"KiB", "MiB", "GiB", "TiB", "PiB", "EiB"};
     // What would be written as 1,024.0 of a unit is 1.0 of the next one.
     constexpr double dMost = static_cast<double>(kUnit) - 0.05;
     double dSize = static_cast<double>(cySize) / static_cast<double>(kUnit);

@@ -1,6 +1,7 @@
 #include "PosixFiles.h"
 
 #include "CanonicalPath.h"
+#include "ListingOrder.h"
 #include "MountTable.h"
 #include "Retried.h"
 
@@ -140,15 +141,17 @@ bool PosixFiles::ListFolder(const std::string& sPath, platform::FolderListing& l
         m_bMountedTwice = AnyMountedTwice();
     }
     listing.SetIdentity(*m_bMountedTwice ? IdentityOf(folder.Get()) : platform::tFolderIdentity());
-    return ListOpenFolder(folder.Get(), listing);
+    ListOpenFolder(folder.Get(), listing);
+    platform::SortListing(listing);
+    return true;
 }
 
-bool PosixFiles::ListOpenFolder(int hFolder, platform::FolderListing& listing)
+void PosixFiles::ListOpenFolder(int hFolder, platform::FolderListing& listing)
 {
     for (;;) {
         const ssize_t nRead = getdents64(hFolder, m_entries.get(), kEntriesSize);
         if (nRead <= 0) {
-            return true; // the end, or a folder that stops giving entries: what it gave counts
+            return; // the end, or a folder that stops giving entries: what it gave counts
         }
         for (ssize_t n = 0; n < nRead;) {
             const auto* pEntry = reinterpret_cast<const dirent64*>(m_entries.get() + n);

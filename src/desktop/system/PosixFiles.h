@@ -26,7 +26,7 @@ public:
 
 private:
     int Open(const std::string& sPath, int nFlags);
-    bool ListOpenFolder(int hFolder, platform::FolderListing& listing);
+    void ListOpenFolder(int hFolder, platform::FolderListing& listing);
 
     /// The folder of the path last opened. From its second use in a row it is kept open: to find a name in it
     /// is then a fifth of the work of opening a small file less.

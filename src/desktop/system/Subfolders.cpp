@@ -24,25 +24,27 @@ unsigned char KindOf(DIR* pFolder, const dirent64& entry)
     if (entry.d_type != DT_UNKNOWN) {
         return entry.d_type;
     }
-    struct stat status {
-    };
+    struct stat status = {};
     constexpr int nFlags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT;
     return fstatat(dirfd(pFolder), entry.d_name, &status, nFlags) == 0
                ? static_cast<unsigned char>(IFTODT(status.st_mode))
                : static_cast<unsigned char>(DT_UNKNOWN);
 }
 
+bool IsDots(const char* pName)
+{
+    return std::strcmp(pName, ".") == 0 || std::strcmp(pName, "..") == 0;
+}
+
 bool IsFolder(DIR* pFolder, const dirent64& entry)
 {
-    return std::strcmp(entry.d_name, ".") != 0 && std::strcmp(entry.d_name, "..") != 0 &&
-           KindOf(pFolder, entry) == DT_DIR;
+    return !IsDots(entry.d_name) && KindOf(pFolder, entry) == DT_DIR;
 }
 
 /// True if another file system is mounted at the folder, or would be by a look into it.
 bool IsMountPoint(const std::string& sPath)
 {
-    struct statx status {
-    };
+    struct statx status = {};
     constexpr int nFlags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT;
     return statx(AT_FDCWD, sPath.c_str(), nFlags, STATX_TYPE, &status) == 0 &&
            (status.stx_attributes & (STATX_ATTR_AUTOMOUNT | STATX_ATTR_MOUNT_ROOT)) != 0;
@@ -60,6 +62,14 @@ std::vector<std::string> Subfolders(const std::string& sPath)
         }
     }
     return names;
+}
+
+bool IsSubfolder(const std::string& sPath, const std::string& sName)
+{
+    struct stat status {
+    };
+    return !IsDots(sName.c_str()) && lstat((sPath + "/" + sName).c_str(), &status) == 0 &&
+           S_ISDIR(status.st_mode);
 }
 
 std::vector<std::string> FileNames(const std::string& sPath, const std::string& sPattern)

@@ -9,6 +9,9 @@ namespace desktop {
 /// for a folder that cannot be listed.
 std::vector<std::string> Subfolders(const std::string& sPath);
 
+/// True if folder `sPath` has a folder of that name, which is no link.
+bool IsSubfolder(const std::string& sPath, const std::string& sName);
+
 /// The names of the regular files in folder `sPath` that match a shell pattern, "*.txt", whatever their
 /// letter case, exact bytes, as they come. Empty for a folder that cannot be listed.
 std::vector<std::string> FileNames(const std::string& sPath, const std::string& sPattern);

@@ -37,8 +37,7 @@ std::string FoundLabel(dev_t device)
 {
     const std::unique_ptr<DIR, CloseFolder> links(opendir("/dev/disk/by-label"));
     while (const dirent64* pLink = links ? readdir64(links.get()) : nullptr) {
-        struct stat status {
-        };
+        struct stat status = {};
         if (fstatat(dirfd(links.get()), pLink->d_name, &status, 0) == 0 && S_ISBLK(status.st_mode) &&
             status.st_rdev == device) {
             return Unescaped(pLink->d_name);
@@ -52,8 +51,7 @@ std::string FoundLabel(dev_t device)
 platform::tVolumeLabel VolumeLabel(const std::string& sFolder)
 {
     const Descriptor folder(open(sFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    struct stat status {
-    };
+    struct stat status = {};
     if (!folder.IsOpen() || fstat(folder.Get(), &status) != 0) {
         const int nError = errno;
         return {{}, "Cannot read " + platform::Escaped(sFolder) + ": " + std::strerror(nError)};

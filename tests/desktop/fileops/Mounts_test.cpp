@@ -65,8 +65,9 @@ TEST_F(Mounts, AVolumeHasATrashOfItsOwnUntilItIsFull)
     fs::create_directory(sVolume + "/sub");
     std::ofstream(sVolume + "/sub/lost") << "new";
     std::ofstream(sTrash + "/files/lost") << "lost";
-    EXPECT_EQ(Run(FO_DELETE, {sVolume + "/sub/lost"}), (Reasons{{"lost", kLost}}));
-    EXPECT_EQ(Content(sTrash + "/files/lost") + Content(sVolume + "/sub/lost"), "lostnew");
+    EXPECT_EQ(Run(FO_DELETE, {sVolume + "/sub/lost"}), Reasons());
+    EXPECT_EQ(Content(sTrash + "/files/lost"), "lost");
+    EXPECT_EQ(Restorable(sTrash), (Bin{{"a", "a"}, {"sub/lost", "new"}}));
     EXPECT_EQ(Run(FO_COPY, {tree.File("b")}, sTrash + "/files"),
               (Reasons{{"b", "The destination is inside the trash."}}));
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "FileFaults.h"
-#include "FolderEntry.h"
+#include "FileIdentity.h"
 #include "ScriptedOperations.h"
 #include "TempTree.h"
 
@@ -22,10 +22,6 @@ namespace fs = std::filesystem;
 
 using Reasons = std::map<std::string, std::string>;
 using Bin = std::multiset<std::pair<std::string, std::string>>;
-
-/// Of a file in whose place in the trash there is one without a note.
-inline constexpr const char* kLost =
-    "The trash has another file of its name and has lost where that one came from.";
 
 inline auto StatusOf(const std::string& sPath)
 {
@@ -96,7 +92,7 @@ protected:
     Reasons Run(unsigned wFunc, const std::vector<std::string>& paths, const std::string& sFolder = "")
     {
         user.outcome = {};
-        desktop::ShellFileOperations operations(user);
+        desktop::ShellFileOperations operations(user, true);
         EXPECT_EQ(operations.SHFileOperationA(support::Request(wFunc, paths, sFolder)), 0);
         return support::Reasons(user.outcome);
     }

@@ -12,7 +12,7 @@ TEST_F(Trash, KeepsFilesOfAnyNameWithTheWayBack)
     std::vector<std::string> paths;
     Bin expected;
     const std::vector<std::string> names{
-        "-rf", "two\nlines", "\xFF\xFE%25", std::string(238, 'n'), " ", "...", "1/same", "2/same", "3/same"};
+        "-rf", "two\nlines", "\xFF\xFE%25", std::string(255, 'n'), " ", "...", "1/same", "2/same", "3/same"};
     for (const std::string& sName : names) {
         paths.push_back(tree.File(sName, sName + "!"));
         expected.emplace(paths.back(), sName + "!");
@@ -72,16 +72,14 @@ TEST_F(Trash, LeavesWhatIsNoLongerTheFileThatWasConfirmed)
     EXPECT_EQ(Restorable(), Bin());
 }
 
-TEST_F(Trash, LeavesWhatItCouldNotRestore)
+TEST_F(Trash, LeavesWhatItMayNotTake)
 {
-    const std::string sName(239, 'n');
-    const std::vector<std::string> paths{tree.File(sName), tree.File("locked/in")};
+    const std::string sPath = tree.File("locked/in");
     fs::permissions(tree.sRoot + "/locked", fs::perms(0555));
     const Unprivileged anybody;
-    EXPECT_EQ(Run(FO_DELETE, paths),
-              (Reasons{{sName, "Its name is too long for the trash."},
-                       {"in", "You are not permitted to remove it from its folder."}}));
-    EXPECT_TRUE(fs::exists(paths[0]) && fs::exists(paths[1]));
+    EXPECT_EQ(Run(FO_DELETE, {sPath}),
+              (Reasons{{"in", "You are not permitted to remove it from its folder."}}));
+    EXPECT_TRUE(fs::exists(sPath));
 }
 
 TEST_F(Trash, ReplacesNothingThatHasLostItsNote)
@@ -101,8 +99,22 @@ TEST_F(Trash, ReplacesNothingThatHasLostItsNote)
             EXPECT_EQ(Run(FO_DELETE, {tree.File(sName)}), Reasons());
         }
         std::ofstream(HomeTrash() + "/files/" + sLost) << "lost";
-        EXPECT_EQ(Run(FO_DELETE, {tree.File(sName, "new")}), (Reasons{{sName, kLost}}));
-        EXPECT_EQ(Content(HomeTrash() + "/files/" + sLost) + Content(tree.sRoot + '/' + sName), "lostnew");
+        EXPECT_EQ(Run(FO_DELETE, {tree.File(sName, "new")}), Reasons());
+        EXPECT_EQ(Content(HomeTrash() + "/files/" + sLost), "lost");
+        EXPECT_TRUE(Restorable().contains({tree.sRoot + '/' + sName, "new"}));
+    }
+}
+
+TEST_F(Trash, LeavesWhatIsInATrash)
+{
+    for (const char* pTrash : {"/share/Trash", "/.Trash/7", "/.Trash-7", "/u/.local/share/Trash"}) {
+        const std::string sTrash = Home() + pTrash;
+        fs::create_directories(sTrash + "/info");
+        const std::string sNote = sTrash + "/info/a.trashinfo";
+        std::ofstream(sNote) << "note";
+        EXPECT_EQ(Run(FO_DELETE, {sNote}), (Reasons{{"a.trashinfo", "It is in the trash already."}}))
+            << pTrash;
+        EXPECT_TRUE(fs::exists(sNote));
     }
 }
 

@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+#include "PictureBoxView.h"
+
+#include "KeyCodes.h"
+#include "SpokenRole.h"
+#include "Twips.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace desktop {
+namespace {
+
+/// The height at which a bar can be caught without aiming at it, in twips.
+constexpr float kBarHeight = 90;
+
+QPalette::ColorRole Role(platform::SystemColor color)
+{
+    switch (color) {
+    case platform::SystemColor::WindowBackground:
+        return QPalette::Base;
+    case platform::SystemColor::ButtonShadow:
+        return QPalette::Dark;
+    case platform::SystemColor::InfoBackground:
+        return QPalette::ToolTipBase;
+    case platform::SystemColor::ButtonFace:
+        break;
+    }
+    return QPalette::Window; // what the form around it has
+}
+
+} // namespace
+
+PictureBoxView::PictureBoxView(const platform::Form& form, platform::PictureBox& box, QWidget* pParent)
+    : ControlView(form, box, *new QWidget(pParent)), m_box(box)
+{
+    if (m_box.SizesNorthSouth()) {
+        GiveSpokenRole(Widget(), QAccessible::Splitter);
+    }
+    Widget().installEventFilter(this);
+}
+
+void PictureBoxView::Follow()
+{
+    Widget().setBackgroundRole(Role(m_box.BackColor()));
+    Widget().setCursor(m_box.SizesNorthSouth() ? Qt::SplitVCursor : Qt::ArrowCursor);
+    ControlView::Follow();
+}
+
+bool PictureBoxView::eventFilter(QObject* /*pWatched*/, QEvent* pEvent)
+{
+    switch (pEvent->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+        return Tell(m_box.MouseDown, *static_cast<QMouseEvent*>(pEvent));
+    case QEvent::MouseMove:
+        return Tell(m_box.MouseMove, *static_cast<QMouseEvent*>(pEvent));
+    case QEvent::MouseButtonRelease:
+        return Tell(m_box.MouseUp, *static_cast<QMouseEvent*>(pEvent));
+    case QEvent::Paint:
+        Paint();
+        return true;
+    default:
+        return false;
+    }
+}
+
+QRect PictureBoxView::Place() const
+{
+    return ControlView::Place().adjusted(0, -Beyond(), 0, Beyond());
+}
+
+int PictureBoxView::Beyond() const
+{
+    return m_box.SizesNorthSouth() ? std::max(0, Pixels(kBarHeight) - Pixels(m_box.Height())) / 2 : 0;
+}
+
+bool PictureBoxView::Tell(const platform::MouseEvent& tell, const QMouseEvent& event) const
+{
+    if (tell) {
+        // A move tells of the buttons held, the others of the one that changed.
+        const Qt::MouseButtons buttons =
+            event.type() == QEvent::MouseMove ? event.buttons() : Qt::MouseButtons(event.button());
+        const QPoint at = event.position().toPoint();
+        tell(ButtonMask(buttons), ShiftMask(event.modifiers()), Twips(at.x()), Twips(at.y() - Beyond()));
+    }
+    return true;
+}
+
+void PictureBoxView::Paint() const
+{
+    QPainter painter(&Widget());
+    painter.fillRect(Widget().rect().adjusted(0, Beyond(), 0, -Beyond()),
+                     Widget().palette().brush(Widget().backgroundRole()));
+}
+
+} // namespace desktop

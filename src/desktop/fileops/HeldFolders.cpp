@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#include "HeldFolders.h"
+
+#include "FileSystem.h"
+
+#include <cerrno>
+#include <filesystem>
+
+namespace desktop {
+namespace {
+
+/// A process has 1,024 descriptors, and a batch of files for the trash needs some hundreds.
+constexpr std::size_t kMostHeld = 200;
+
+/// The path without "." and ".." and needless separators. No link is followed, so that its letters are all
+/// there is to it.
+std::string Tidy(const std::string& sFolder)
+{
+    std::string sTidy = std::filesystem::path(sFolder).lexically_normal().string();
+    while (sTidy.size() > 1 && sTidy.back() == platform::kSeparator) {
+        sTidy.pop_back();
+    }
+    return sTidy;
+}
+
+} // namespace
+
+FolderPtr HeldFolders::Of(const std::string& sFilePath)
+{
+    const std::size_t nName = sFilePath.rfind(platform::kSeparator) + 1;
+    return Get(sFilePath.substr(0, nName));
+}
+
+FolderPtr HeldFolders::Get(const std::string& sFolder)
+{
+    tKnown& known = m_known[sFolder];
+    if (known.pHeld) {
+        return known.pHeld;
+    }
+    if (m_nHeld >= kMostHeld) {
+        for (auto& [sPath, each] : m_known) {
+            each.pHeld.reset();
+        }
+        m_nHeld = 0;
+    }
+    auto pFolder = std::make_shared<HeldFolder>(Tidy(sFolder));
+    const bool bKnown = known.look.nError == 0;
+    if (pFolder->Error() == 0 && bKnown && !pFolder->Look().IsSameFileAs(known.look)) {
+        return std::make_shared<HeldFolder>(ESTALE);
+    }
+    if (pFolder->Error() == 0) {
+        known = {pFolder->Look(), pFolder};
+        ++m_nHeld;
+    }
+    return pFolder;
+}
+
+} // namespace desktop

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+#include "Leftovers.h"
+
+#include "HiddenName.h"
+#include "Renaming.h"
+#include "Retried.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <memory>
+#include <sys/file.h>
+#include <unistd.h>
+
+namespace desktop {
+namespace {
+
+struct CloseFolder {
+    void operator()(DIR* pFolder) const { closedir(pFolder); }
+};
+
+/// The file of a source that was set aside goes back to `sOriginal` in the folder.
+void PutBack(const HeldFolder& folder, const tName& aside, const std::string& sOriginal,
+             std::vector<tNotDone>& left)
+{
+    const Descriptor file = Inherited(aside.hFolder, aside.sName);
+    if (file.IsOpen() && RenameWithoutReplacing(aside, {folder.Get(), sOriginal}) != 0) {
+        left.push_back({folder.Path() + '/' + aside.sName,
+                        "An interrupted move has left it here, and its name is taken by another file."});
+    }
+}
+
+void PutBackSource(const HeldFolder& folder, const std::string& sName, std::vector<tNotDone>& left)
+{
+    const std::string_view sOriginal = OriginalName(sName);
+    if (!sOriginal.empty()) {
+        PutBack(folder, {folder.Get(), sName}, std::string(sOriginal), left);
+        return;
+    }
+    const Descriptor aside(Retried([&] {
+        return openat(folder.Get(), sName.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    }));
+    if (!aside.IsOpen()) {
+        return;
+    }
+    for (const std::string& sInside : NamesIn(aside.Get(), [](std::string_view) { return true; })) {
+        PutBack(folder, {aside.Get(), sInside}, sInside, left);
+    }
+    // One that is not empty yet stays.
+    unlinkat(folder.Get(), sName.c_str(), AT_REMOVEDIR);
+}
+
+} // namespace
+
+std::vector<std::string> NamesIn(int hFolder, bool (*wanted)(std::string_view))
+{
+    std::vector<std::string> names;
+    Descriptor again = Reopened(hFolder);
+    const std::unique_ptr<DIR, CloseFolder> entries(again.IsOpen() ? fdopendir(again.Get()) : nullptr);
+    if (!entries) {
+        return names;
+    }
+    again.Release();
+    while (const dirent64* pEntry = readdir64(entries.get())) {
+        const std::string_view sName = pEntry->d_name;
+        if (sName != "." && sName != ".." && wanted(sName)) {
+            names.emplace_back(sName);
+        }
+    }
+    return names;
+}
+
+Descriptor Inherited(int hFolder, const std::string& sName)
+{
+    constexpr int nFlags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+    Descriptor file(Retried([&] { return openat(hFolder, sName.c_str(), nFlags); }));
+    if (!file.IsOpen()) {
+        return file;
+    }
+    const tLook look = LookAt(file.Get());
+    const bool bOurs = look.nError == 0 && S_ISREG(look.status.st_mode) &&
+                       (look.status.st_uid == geteuid() || geteuid() == 0);
+    const bool bFree = bOurs && Retried([&] { return flock(file.Get(), LOCK_EX | LOCK_NB); }) == 0;
+    // By the time of the lock its owner may have given it another name.
+    return bFree && LookAt(hFolder, sName).IsSameFileAs(look) ? std::move(file) : Descriptor();
+}
+
+void ClearLeftovers(const HeldFolder& folder, std::vector<tNotDone>& left)
+{
+    const auto isOurs = [](std::string_view sName) {
+        return IsHiddenName(sName, HiddenKind::Copy) || IsHiddenName(sName, HiddenKind::Source);
+    };
+    for (const std::string& sName : NamesIn(folder.Get(), isOurs)) {
+        if (IsHiddenName(sName, HiddenKind::Source)) {
+            PutBackSource(folder, sName, left);
+        } else if (const Descriptor file = Inherited(folder.Get(), sName); file.IsOpen()) {
+            unlinkat(folder.Get(), sName.c_str(), 0);
+        }
+    }
+}
+
+} // namespace desktop

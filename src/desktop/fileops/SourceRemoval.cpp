@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+#include "SourceRemoval.h"
+
+#include "HiddenName.h"
+#include "Renaming.h"
+#include "Retried.h"
+#include "WriteLease.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+#include <utility>
+
+namespace desktop {
+namespace {
+
+/// A file that is out of everybody's way for a moment. Its hidden name has its own at the end, by which a
+/// later run finds it should this one die; where that makes the name too long, it lies in a hidden folder
+/// instead.
+class SetAside
+{
+public:
+    explicit SetAside(const FolderEntry& entry) : m_from(entry.Name()) {}
+    SetAside(const SetAside&) = delete;
+    SetAside& operator=(const SetAside&) = delete;
+    ~SetAside()
+    {
+        if (!m_sFolder.empty()) {
+            Retried([&] { return unlinkat(m_from.hFolder, m_sFolder.c_str(), AT_REMOVEDIR); });
+        }
+    }
+
+    /// 0, or the system's error number, and nothing has happened.
+    int Begin()
+    {
+        m_aside = {m_from.hFolder, HiddenName(HiddenKind::Source, m_from.sName)};
+        int nError = m_aside.sName.empty() ? EAGAIN : RenameWithoutReplacing(m_from, m_aside);
+        if (nError == ENAMETOOLONG) {
+            nError = MakeFolder();
+            nError = nError == 0 ? RenameWithoutReplacing(m_from, m_aside) : nError;
+        }
+        return nError;
+    }
+
+    [[nodiscard]] tLook Look() const { return LookAt(m_aside.hFolder, m_aside.sName); }
+
+    int Remove() const
+    {
+        return Retried([&] { return unlinkat(m_aside.hFolder, m_aside.sName.c_str(), 0); }) == 0 ? 0 : errno;
+    }
+
+    /// The end of a sentence that says where the file is now.
+    [[nodiscard]] std::string PutBack() const
+    {
+        return RenameWithoutReplacing(m_aside, m_from) == 0
+                   ? ""
+                   : " Its name has been taken meanwhile. It is in its folder as " +
+                         (m_sFolder.empty() ? m_aside.sName : m_sFolder) + '.';
+    }
+
+private:
+    int MakeFolder()
+    {
+        const std::string sFolder = HiddenName(HiddenKind::Source);
+        if (Retried([&] { return mkdirat(m_from.hFolder, sFolder.c_str(), S_IRWXU); }) != 0) {
+            return errno;
+        }
+        m_sFolder = sFolder;
+        m_folder = Descriptor(Retried([&] {
+            return openat(m_from.hFolder, sFolder.c_str(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+        }));
+        m_aside = {m_folder.Get(), m_from.sName};
+        return m_folder.IsOpen() ? 0 : errno;
+    }
+
+    const tName& m_from;
+    tName m_aside;
+    std::string m_sFolder; ///< of our making, if any
+    Descriptor m_folder;
+};
+
+/// What speaks against removing the file that has been set aside; empty if nothing.
+std::string WhyNot(const SetAside& aside, const HeldFile& file, int hSource)
+{
+    if (!aside.Look().IsSameFileAs(LookAt(file.Get()))) {
+        return "Something else took its place in that moment.";
+    }
+    if (IsOpenForWriting(hSource)) {
+        return kOpenForWriting;
+    }
+    // Behind the question who may still write, so that what was written before is seen.
+    return IsStill(aside.Look(), file.Expected()).sReason;
+}
+
+} // namespace
+
+tEnding RemoveSource(const HeldFile& file, int hSource)
+{
+    // Where locks are not to be had, a later run cannot tell that this one lives, and leaves the file alone.
+    Retried([&] { return flock(hSource, LOCK_SH | LOCK_NB); });
+    tEnding ending = file.IsStillThere();
+    if (!ending.IsDone()) {
+        return ending;
+    }
+    SetAside aside(file.Entry());
+    int nError = aside.Begin();
+    if (nError != 0) {
+        return tEnding::NotDone(Reason(nError, Step::Remove));
+    }
+    std::string sWhyNot = WhyNot(aside, file, hSource);
+    if (sWhyNot.empty()) {
+        nError = aside.Remove();
+        if (nError == 0) {
+            return {};
+        }
+        sWhyNot = Reason(nError, Step::Remove);
+    }
+    return tEnding::NotDone(sWhyNot + aside.PutBack());
+}
+
+} // namespace desktop

@@ -1,0 +1,58 @@
+#include "TargetFolders.h"
+
+#include "CanonicalPath.h"
+#include "Reasons.h"
+#include "Retried.h"
+#include "TrashFolders.h"
+
+#include <unistd.h>
+
+namespace desktop {
+namespace {
+
+tTargetFolder Opened(const std::string& sPath)
+{
+    const std::string sCanonical = CanonicalPath(sPath);
+    if (sCanonical.empty()) {
+        return {nullptr, Reason(errno, Step::Write), {}};
+    }
+    auto pFolder = std::make_shared<HeldFolder>(sCanonical);
+    if (pFolder->Error() != 0) {
+        return {nullptr, Reason(pFolder->Error(), Step::Write), {}};
+    }
+    // What is brought into a trash directly has no note there, and is lost when the trash is emptied.
+    return {pFolder, IsInTrash(sCanonical) ? "The destination is inside the trash." : "", {}};
+}
+
+} // namespace
+
+tTargetFolder& TargetFolders::Get(const std::string& sPath)
+{
+    const auto known = m_folders.find(sPath);
+    return known != m_folders.end() ? known->second : m_folders[sPath] = Opened(sPath);
+}
+
+std::vector<std::string> TargetFolders::Astray() const
+{
+    std::vector<std::string> astray;
+    for (const auto& [sPath, target] : m_folders) {
+        if (!target.done.empty() && !target.pFolder->IsWhereItWas()) {
+            astray.insert(astray.end(), target.done.begin(), target.done.end());
+        }
+    }
+    return astray;
+}
+
+int SyncFolder(const HeldFolder& folder, int hFile)
+{
+    const Descriptor open = Reopened(folder.Get());
+    if (!open.IsOpen()) {
+        // A folder that takes files but shows none cannot be opened: then all of the volume goes to the disk.
+        return errno == EACCES && syncfs(hFile) == 0 ? 0 : errno;
+    }
+    // Some file systems have no such thing for folders and say so.
+    const bool bSynced = Retried([&] { return fsync(open.Get()); }) == 0 || errno == EINVAL;
+    return bSynced ? 0 : errno;
+}
+
+} // namespace desktop

@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: MIT
+#include "TrashBatch.h"
+
+#include "Retried.h"
+#include "TrashNote.h"
+
+#include <chrono>
+#include <fcntl.h>
+#include <unistd.h>
+#include <utility>
+
+namespace desktop {
+namespace {
+
+/// For so many files, a sync of each note costs less than one of the whole volume, on which others may have
+/// much to write.
+constexpr std::size_t kFew = 8;
+
+/// On a slow volume the rest is left for another batch, so that none takes long.
+constexpr std::chrono::milliseconds kLongest{300};
+
+TrashBatch::tResult NotDone(int nError)
+{
+    return {tEnding::NotDone(Reason(nError, Step::Note)), TrashBatch::tResult::Next::Ended};
+}
+
+} // namespace
+
+TrashBatch::TrashBatch(TrashFolder& trash, std::vector<const HeldFile*> files)
+    : m_trash(trash), m_files(std::move(files)), m_made(m_files.size(), tLook{ENOENT, {}}),
+      m_results(m_files.size())
+{
+    for (const HeldFile* pFile : m_files) {
+        m_notes.push_back(
+            {trash.FreeName(pFile->Entry().Name().sName), trash.NoteFor(pFile->Entry().Path())});
+    }
+}
+
+void TrashBatch::MakeNotes()
+{
+    m_journal.emplace(m_trash, m_notes);
+    int nError = m_journal->Error();
+    const bool bAll = m_files.size() > kFew || m_trash.IsNew();
+    const auto start = std::chrono::steady_clock::now();
+    for (std::size_t n = 0; n < m_files.size() && nError == 0; ++n) {
+        if (n > 0 && std::chrono::steady_clock::now() - start > kLongest) {
+            m_results[n] = tResult{{}, tResult::Next::Later};
+            continue;
+        }
+        tResult result = MakeNote(n, !bAll);
+        if (result.next != tResult::Next::Ended || !result.ending.IsDone()) {
+            m_results[n] = std::move(result);
+        }
+    }
+    nError = nError == 0 ? Sync(bAll) : nError;
+    for (std::size_t n = 0; n < m_files.size() && nError != 0; ++n) {
+        if (!m_results[n]) {
+            m_results[n] = NotDone(nError);
+            Drop(n);
+        }
+    }
+}
+
+TrashBatch::tResult TrashBatch::MakeNote(std::size_t n, bool bSync)
+{
+    constexpr int nFlags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+    const std::string sName = NoteName(m_notes[n].sName);
+    Descriptor note(
+        Retried([&] { return openat(m_trash.Info().Get(), sName.c_str(), nFlags, S_IRUSR | S_IWUSR); }));
+    if (!note.IsOpen()) {
+        return errno == EEXIST ? tResult{{}, tResult::Next::OtherName} : NotDone(errno);
+    }
+    int nError = WriteAll(note.Get(), m_notes[n].sText);
+    if (nError == 0 && bSync && Retried([&] { return fsync(note.Get()); }) != 0) {
+        nError = errno;
+    }
+    m_made[n] = LookAt(note.Get());
+    nError = nError == 0 ? m_made[n].nError : nError;
+    // Some file systems tell only now that something could not be written.
+    if (close(note.Release()) != 0 && nError == 0) {
+        nError = errno;
+    }
+    if (nError != 0) {
+        Drop(n);
+        return NotDone(nError);
+    }
+    return {};
+}
+
+/// Brings the notes to the disk, each of them or, with `bAll`, all that is on the volume. 0, or the system's
+/// error number.
+int TrashBatch::Sync(bool bAll)
+{
+    if (bAll) {
+        const int nError = syncfs(m_journal->Get()) == 0 ? 0 : errno;
+        if (nError == 0) {
+            m_trash.IsOnDisk();
+        }
+        return nError;
+    }
+    const Descriptor info = Reopened(m_trash.Info().Get());
+    // Some file systems have no such thing for folders and say so.
+    return !info.IsOpen() || (Retried([&] { return fsync(info.Get()); }) != 0 && errno != EINVAL) ? errno : 0;
+}
+
+TrashBatch::tResult TrashBatch::Go(std::size_t n, const std::function<tEnding()>& lookBack)
+{
+    if (m_results[n]) {
+        return *m_results[n];
+    }
+    const tNewPlace place{FolderEntry(m_trash.Files(), m_notes[n].sName),
+                          "The trash is no longer where it was.", " It is in the trash.", Step::Trash};
+    tRelocation done = Relocate(*m_files[n], place);
+    const tLook note = LookAt(m_trash.Info().Get(), NoteName(m_notes[n].sName));
+    const bool bNote = note.IsSameFileAs(m_made[n]) && note.Identity() == m_made[n].Identity();
+    if (done.ending.IsDone() && !(bNote && m_trash.Info().IsWhereItWas())) {
+        done = GoBack(*m_files[n], place, "The trash has lost the note of where it came from.");
+    }
+    if (const tEnding back = done.ending.IsDone() ? lookBack() : tEnding(); !back.IsDone()) {
+        done = GoBack(*m_files[n], place, back.sReason);
+        done.ending.bSpared = back.bSpared && done.bBack;
+    }
+    if (!done.ending.IsDone() && done.bBack) {
+        Drop(n);
+    }
+    const auto next = done.nError == EEXIST  ? tResult::Next::OtherName
+                      : done.nError == EXDEV ? tResult::Next::OtherVolume
+                                             : tResult::Next::Ended;
+    return {std::move(done.ending), next};
+}
+
+void TrashBatch::Drop(std::size_t n) const
+{
+    const tLook note = LookAt(m_trash.Info().Get(), NoteName(m_notes[n].sName));
+    if (note.IsSameFileAs(m_made[n])) {
+        m_trash.RemoveNote(m_notes[n].sName);
+    }
+}
+
+} // namespace desktop
