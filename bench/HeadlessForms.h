@@ -8,6 +8,8 @@
 
 #include <chrono>
 #include <iostream>
+#include <string>
+#include <string_view>
 
 // What a search needs around it, without a window.
 

@@ -10,8 +10,10 @@
 #include "frmBrowse.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <set>
 #include <string>
+#include <string_view>
 
 namespace soak {
 

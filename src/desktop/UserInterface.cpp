@@ -2,6 +2,7 @@
 
 #include "OutlineStyle.h"
 #include "Pictures.h"
+#include "StandingWindow.h"
 
 #include <QFont>
 #include <QStyle>
@@ -58,7 +59,12 @@ platform::tSystem UserInterface::System()
 
 int UserInterface::Run()
 {
-    return QApplication::exec();
+    const int nResult = m_windows.RunUntilAllDown();
+    for (auto standing = StandingWindow::All(); !standing.empty(); standing = StandingWindow::All()) {
+        QObject::connect(standing.front(), &QObject::destroyed, qApp, [] { QApplication::exit(); });
+        QApplication::exec();
+    }
+    return nResult;
 }
 
 } // namespace desktop

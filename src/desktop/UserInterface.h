@@ -30,7 +30,8 @@ public:
     /// All parts of the system. They live as long as this object.
     platform::tSystem System();
 
-    /// Delivers the user's input until the last form has been taken down; returns the program's result.
+    /// Delivers the user's input until the last form has been taken down, and beyond that until the last
+    /// window that stands by itself has been closed; returns the program's result.
     int Run();
 
 private:

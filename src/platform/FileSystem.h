@@ -32,8 +32,8 @@ class FileSystem
 public:
     virtual ~FileSystem() = default;
 
-    /// Reads the entries of folder `sPath` into `listing`, sorted, replacing what it held. False if the folder
-    /// cannot be opened; a listing that fails part way keeps what it got.
+    /// Reads the entries of folder `sPath` into `listing`, sorted, replacing what it held. False if the
+    /// folder cannot be opened; a listing that fails part way keeps what it got.
     virtual bool ListFolder(const std::string& sPath, FolderListing& listing) = 0;
 
     /// True if `sPath` names something that exists at this moment (a link counts, whatever it points to).

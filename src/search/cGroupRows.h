@@ -3,6 +3,7 @@
 #include "ListItems.h"
 #include "mCommon.h"
 
+#include <cstddef>
 #include <optional>
 
 namespace search {

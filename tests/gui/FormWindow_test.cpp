@@ -322,10 +322,10 @@ void ExpectHeard(QWidget& window, std::initializer_list<const char*> wanted)
 }
 
 /// The main form with some rows.
-class Accessibility : public OnScreen
+class MainForm : public OnScreen
 {
 protected:
-    Accessibility()
+    MainForm()
     {
         Show(main.form);
         for (const int nMark : {2, 3, 7}) {
@@ -337,6 +337,25 @@ protected:
 
     mainwindow::frmMain main;
 };
+using Accessibility = MainForm;
+
+TEST_F(MainForm, PanelsAreSetInAndHideWhatIsBelowThem)
+{
+    const QWidget* const pBar = WidgetOf(&main.StatusBar1);
+    const QRgb background = pBar->palette().color(QPalette::Window).rgb();
+    for (const std::size_t n : {1U, 2U}) {
+        const QImage panel = WidgetOf(&main.StatusBar1.Panels(n))->grab().toImage();
+        const QPoint middle = panel.rect().center();
+        for (const QPoint& stroke :
+             {QPoint(middle.x(), 0), QPoint(0, middle.y()), QPoint(middle.x(), panel.height() - 1),
+              QPoint(panel.width() - 1, middle.y())}) {
+            EXPECT_NE(panel.pixel(stroke), background) << n << ": " << stroke.x() << ", " << stroke.y();
+        }
+    }
+    WidgetOf(&main.form)->resize(300, 150); // a list below reaches under the status bar
+    const QImage window = WidgetOf(&main.form)->grab().toImage();
+    EXPECT_EQ(window.pixel(pBar->mapTo(pBar->window(), QPoint(100, 0))), background);
+}
 
 TEST_F(Accessibility, EverythingHasItsName)
 {

@@ -1,6 +1,8 @@
 #include "Answers.h"
 #include "GioLauncher.h"
+#include "LaunchCode.h"
 #include "SessionBus.h"
+#include "StandingWindow.h"
 #include "TempTree.h"
 
 #include <QLabel>
@@ -55,6 +57,7 @@ private:
         }
         unsetenv("DBUS_SESSION_BUS_ADDRESS");
         const std::string sRecord = m_tree.File("record", R"(#!/bin/sh
+PATH=/usr/bin:/bin
 note=$1; shift
 session=$(cut -d' ' -f6 /proc/$$/stat)
 printf '%s\0' "$@" "$session" "$DBUS_SESSION_BUS_ADDRESS" >"$note.part"
@@ -71,15 +74,20 @@ mv "$note.part" "$note"
         recording("Zebra", "%F");
         recording("clock", ""); // takes no files
         recording("hidden", "%f", "NoDisplay=true\n");
+        recording("console", "%f", "NoDisplay=true\nTerminal=true\n");
         Entry("gone", "Type=Application\nName=gone\nExec=" + m_tree.sRoot + "/no-such-program %f\n");
         Entry("broken", "nonsense");
         m_tree.File("data/mime/globs2", "50:text/plain:*.txt\n50:application/x-folder-test:*.many\n"
-                                        "50:application/x-alone:*.alone\n50:application/x-broken:*.broken\n");
+                                        "50:application/x-alone:*.alone\n50:application/x-broken:*.broken\n"
+                                        "50:application/x-console:*.console\n50:application/x-tty:*.tty\n");
         m_tree.File("data/mimeapps.list", "[Default Applications]\ntext/plain=editor.desktop\n"
                                           "application/x-folder-test=viewer.desktop\n"
                                           "inode/directory=folders.desktop\n"
                                           "application/x-broken=gone.desktop;broken.desktop\n"
+                                          "application/x-console=console.desktop\n"
+                                          "application/x-tty=console.desktop\n"
                                           "[Added Associations]\n"
+                                          "application/x-tty=console.desktop;viewer.desktop;\n"
                                           "application/x-folder-test=viewer.desktop;editor.desktop;\n");
     }
 
@@ -104,7 +112,13 @@ class Launching : public ::testing::Test
 protected:
     long Open(const std::string& sFile, const std::string& sParameters = {})
     {
-        return launcher.ShellExecuteA(nullptr, "open", sFile, sParameters, {}, platform::SW_SHOWNORMAL);
+        // Where no terminal is found.
+        const std::string sPath = getenv("PATH");
+        setenv("PATH", "/none", 1);
+        const long nCode =
+            launcher.ShellExecuteA(nullptr, "open", sFile, sParameters, {}, platform::SW_SHOWNORMAL);
+        setenv("PATH", sPath.c_str(), 1);
+        return nCode;
     }
     bool ShowProperties(const std::string& sFile)
     {
@@ -127,6 +141,8 @@ TEST_F(Launching, OpensAFileByItsExactPathInTheProgramThatIsAskedFor)
     const std::string sInQuotes = tree.File("\"q\".txt");
     const std::string sMany = tree.File("x.many", "x");
     const std::string sEmpty = tree.File("empty");
+    const std::string sTty = tree.File("x.tty", "x");
+    const std::string sNone = tree.sRoot + "/none";
     const struct {
         std::string sFile, sParameters, sProgram, sArgument;
     } cases[] = {
@@ -137,6 +153,8 @@ TEST_F(Launching, OpensAFileByItsExactPathInTheProgramThatIsAskedFor)
         {"Notepad.exe", Quoted(sMany), "editor", sMany},
         {"Wordpad.exe", Quoted(sMany), "editor", sMany}, // no word processor is there
         {"explorer.exe", tree.sRoot + "/", "folders", tree.sRoot},
+        {Quoted(sTty), "", "viewer", sTty},              // the usual one wants a terminal
+        {"Notepad.exe", Quoted(sNone), "editor", sNone}, // which looks for itself
     };
     for (const auto& each : cases) {
         EXPECT_GT(Open(each.sFile, each.sParameters), 32) << each.sFile;
@@ -162,10 +180,17 @@ TEST_F(Launching, SaysWhyNothingCanBeStarted)
         {Quoted(sAlone + "/x"), "", ENOTDIR},
         {Quoted(sAlone), "", platform::SE_ERR_NOASSOC},
         {Quoted(tree.File("x.broken", "\1")), "", platform::SE_ERR_NOASSOC},
-        {"Notepad.exe", Quoted(sNone), ENOENT},
+        {Quoted(tree.File("x.console", "\1")), "", platform::SE_ERR_NOASSOC},
+        {"Notepad.exe", "relative", ENOENT},
     };
     for (const auto& each : cases) {
         EXPECT_EQ(Open(each.sFile, each.sParameters), each.nCode) << each.sFile << " " << each.sParameters;
+    }
+    const std::pair<int, int> nearest[] = {{30, 30},         {ELOOP, ENOENT},   {ENOKEY, EACCES},
+                                           {EDQUOT, ENOSPC}, {ENOTCONN, ENXIO}, {ELIBBAD, ENOEXEC},
+                                           {9999, EIO},      {0, EIO}};
+    for (const auto& [nError, nCode] : nearest) {
+        EXPECT_EQ(desktop::LaunchCode(nError), nCode) << nError;
     }
     // Of these the program says nothing, so the shell does.
     const auto dismiss = [](QDialog& dialog) {
@@ -190,6 +215,7 @@ TEST_F(Launching, LetsTheUserChooseAProgram)
     // show.
     answers.Expect("programChooser", [](QDialog& dialog) {
         auto& list = Child<QListWidget>(dialog, "programs");
+        EXPECT_FALSE(dialog.isModal());
         std::string sShown;
         for (int n = 0; n < list.count(); ++n) {
             sShown += list.item(n)->text().toStdString() + "|";
@@ -223,17 +249,29 @@ TEST_F(Launching, LetsTheUserChooseAProgram)
 
 TEST_F(Launching, ShowsPropertiesInASheetOfItsOwn)
 {
-    const std::string sFile = tree.File("<i>\n\xFF.txt", std::string(12'345, 'x'));
+    const std::string sFile = tree.File("<i>\n\xFF.txt", "before");
     chmod(sFile.c_str(), 04640);
+    const std::string sOther = tree.File("other/<i>\n\xFF.txt");
     ASSERT_TRUE(ShowProperties(Quoted(sFile)));
-    auto* const pSheet = qobject_cast<QDialog*>(QApplication::topLevelWidgets().back());
+    ASSERT_TRUE(ShowProperties(Quoted(sOther)));
+    tree.File("<i>\n\xFF.txt", std::string(12'345, 'x'));
+    ASSERT_TRUE(ShowProperties(Quoted(sFile)));
+    const auto sheets = desktop::StandingWindow::All();
+    ASSERT_EQ(sheets.size(), 2U) << "the one that is open shows what is new";
+    EXPECT_NE(sheets[0]->windowTitle(), sheets[1]->windowTitle());
+    EXPECT_GT((sheets[0]->pos() - sheets[1]->pos()).manhattanLength(), 20);
+    const bool bFirst = sheets[0]->windowTitle().contains(QLatin1String("other"));
+    QDialog* const pSheet = sheets[bFirst ? 1 : 0];
+    EXPECT_TRUE(QTest::qWaitForWindowActive(pSheet) && !pSheet->isModal());
     const auto shown = [&](const char* pWhat) { return Child<QLabel>(*pSheet, pWhat).text().toStdString(); };
     EXPECT_EQ(shown("Name"), "<i>\\x0A\\xFF.txt");
     EXPECT_EQ(shown("Folder"), tree.sRoot + "/");
     EXPECT_EQ(shown("Permissions"), "rw-r----- (4640)");
     EXPECT_TRUE(shown("Size").ends_with(" bytes / 12.1 KiB")) << shown("Size");
     EXPECT_NE(shown("Kind").find("text/plain"), std::string::npos);
-    pSheet->close();
+    for (QDialog* const pEach : sheets) {
+        pEach->close();
+    }
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 

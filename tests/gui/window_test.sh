@@ -1,10 +1,14 @@
 #!/usr/bin/env bash
 # The real program on a real X server, driven from outside by keys: window_test.sh PROGRAM. Once with a window
-# manager, once without one and without a session bus on a screen smaller than the window. Waits for what is to
-# come, never for a time to pass; whatever it starts ends with it.
+# manager, once without one and without a session bus on a screen smaller than the window. Or under a headless
+# Wayland compositor, in Debian 13: window_test.sh PROGRAM wayland. Waits for what is to come, never for a time to
+# pass; whatever it starts ends with it.
 set -u
 program=$(realpath "$1")
-"$(dirname "$0")/../../cmake/install-missing" imagemagick openbox x11-utils x11-xkb-utils xdotool xvfb || exit
+readonly mode=${2-x11}
+packages=(openbox x11-utils x11-xkb-utils xdotool xvfb)
+[ "$mode" = x11 ] || packages=(grim labwc qt6-wayland wlrctl wtype)
+"$(dirname "$0")/../../cmake/install-missing" imagemagick "${packages[@]}" || exit
 
 place=$(mktemp -d)
 started=()
@@ -39,12 +43,14 @@ expect() {
     done
 }
 windows() { [ "$(xdotool search --onlyvisible --name "^$1\$" | wc -l)" = "$2" ]; }
-has_keyboard() { [ "$(xdotool getwindowfocus getwindowname)" = "$1" ]; }
+has_keyboard() { xdotool getwindowfocus getwindowname | grep -qx "$1"; }
 key() { xdotool key --clearmodifiers "$@"; }
+text() { xdotool type "$1"; }
+picture() { import -silent -window root miff:-; }
 
 # shows PIXELS COLOUR: at least as many pixels of the screen have that colour
 shows() {
-    import -silent -window root miff:- | convert - -alpha off -depth 8 -format %c histogram:info:- |
+    picture | convert - -alpha off -depth 8 -format %c histogram:info:- |
         awk -v wanted="$1" -v colour="$2" 'index($0, colour) && $1 + 0 >= wanted { found = 1 } END { exit !found }'
 }
 readonly mark='#0000FF' selected='#308CC6'
@@ -60,7 +66,7 @@ start_server() {
 }
 
 start_program() {
-    "$program" 2>"$place/complaints" &
+    XDG_DATA_DIRS=$place/none "$program" 2>"$place/complaints" & # no application is installed
     running=$!
     started+=("$running")
     expect 'the window comes up' windows Tallyfen 1
@@ -78,7 +84,7 @@ search_documents() {
     expect 'the window has the keyboard' has_keyboard Tallyfen
     key F2
     expect 'F2 opens the Add Folder window' has_keyboard 'Browse for Folder'
-    xdotool type Doc
+    text Doc
     key Return Return
     expect 'a folder added twice is refused' windows Tallyfen 2
     expect 'the message has the keyboard' has_keyboard Tallyfen
@@ -90,6 +96,43 @@ search_documents() {
     key F3
     expect 'F3 searches, and the marks of a group show' shows 100 "$mark"
 }
+
+if [ "$mode" = wayland ]; then
+    # Only keys go in from outside here, so what needs the mouse stays with the X server.
+    windows() { [ "$(wlrctl toplevel list | grep -cx "[^:]*: $1")" = "$2" ]; }
+    has_keyboard() { wlrctl toplevel find "title:$1" state:active; }
+    key() {
+        for each; do
+            case $each in
+            alt+*) wtype -M alt -k "${each#alt+}" -m alt ;;
+            *) wtype -k "$each" ;;
+            esac
+        done
+    }
+    text() { wtype "$1"; }
+    picture() { grim -; }
+    export QT_QPA_PLATFORM=wayland WLR_BACKENDS=headless WLR_LIBINPUT_NO_DEVICES=1 WLR_RENDERER=pixman
+    scene='under Wayland'
+    labwc >"$place/complaints" 2>&1 &
+    started+=($!)
+    expect 'the compositor comes up' test -S "$XDG_RUNTIME_DIR/wayland-0"
+    export WAYLAND_DISPLAY=wayland-0
+    wtype -s 1000000000 & # a keyboard that is there all the time
+    started+=($!)
+    start_program
+    search_documents Escape
+    key alt+f Down Down Right Up Return
+    expect 'Choose Program comes up' has_keyboard 'Choose Program'
+    wlrctl toplevel focus title:Tallyfen
+    expect 'the main window can be used beside it' has_keyboard Tallyfen
+    key alt+F4
+    expect 'the main window goes' windows Tallyfen 0
+    expect 'Choose Program stands by itself' has_keyboard 'Choose Program'
+    key Escape
+    end_program
+    echo "The window does under Wayland what it has to do."
+    exit
+fi
 
 scene='with a window manager'
 start_server 1024x768
@@ -103,9 +146,22 @@ setxkbmap ru
 xdotool keydown 37 keydown 38 keyup 38 keyup 37 # Ctrl and the key of the letter A
 expect 'Ctrl+A selects all rows, whatever the layout' shows 10000 "$selected"
 setxkbmap us
+xdotool mousemove --window "$(xdotool search --onlyvisible --name '^Tallyfen$')" 100 215 click 1
+key alt+f Down Down Right Return
+expect 'an editor that is missing is said' windows Tallyfen 2
+key Return
+expect 'Enter closes the message' windows Tallyfen 1
+key alt+f Up Up Return
+expect 'the properties come up' has_keyboard '.*/Documents.* Properties'
+xdotool windowactivate "$(xdotool search --onlyvisible --name '^Tallyfen$')"
+expect 'the main window can be used beside them' has_keyboard Tallyfen
+key alt+f Down Down Right Up Return
+expect 'Choose Program comes up' has_keyboard 'Choose Program'
+xdotool windowactivate "$(xdotool search --onlyvisible --name '^Tallyfen$')"
+expect 'the main window can be used beside it' has_keyboard Tallyfen
 key F2
 expect 'F2 opens the Add Folder window' has_keyboard 'Browse for Folder'
-xdotool type Man
+text Man
 key Return Escape
 expect 'the main window has the keyboard again' has_keyboard Tallyfen
 key F3
@@ -114,6 +170,13 @@ key Escape alt+F4 space
 expect 'Cancel alone takes the progress window down' windows Progress 0
 expect 'the main window has the keyboard again' has_keyboard Tallyfen
 key alt+F4
+expect 'the main window goes' windows Tallyfen 0
+for name in 'Choose Program' '.* Properties'; do
+    xdotool windowactivate "$(xdotool search --onlyvisible --name "^$name\$")"
+    expect "$name stands by itself" has_keyboard "$name"
+    key Escape
+    expect "Escape closes $name" windows "$name" 0
+done
 end_program
 
 scene='without a window manager and a session bus'

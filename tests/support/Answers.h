@@ -22,7 +22,7 @@ T& Child(QDialog& dialog, const char* pName)
     return *pChild;
 }
 
-/// Answers modal windows: each one expected, in turn, as soon as it is on the screen. What is expected and
+/// Answers windows: each one expected, in turn, as soon as it is on the screen. What is expected and
 /// does not come is a failure.
 class Answers : public QObject
 {
@@ -59,9 +59,14 @@ private:
     {
         // Before the answer, which may wait for the next window.
         QTimer::singleShot(0, this, &Answers::Look);
-        auto* const pDialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        if (pDialog == nullptr || !pDialog->isVisible() || m_expected.empty() ||
-            pDialog->objectName().toStdString() != m_expected.front().first) {
+        QDialog* pDialog = nullptr;
+        for (QWidget* const pWindow : QApplication::topLevelWidgets()) {
+            const bool bExpected =
+                !m_expected.empty() && pWindow->objectName().toStdString() == m_expected.front().first;
+            pDialog = bExpected && pWindow->isVisible() ? qobject_cast<QDialog*>(pWindow) : pDialog;
+        }
+        const QWidget* const pModal = QApplication::activeModalWidget();
+        if (pDialog == nullptr || (pModal != nullptr && pModal != pDialog)) {
             return;
         }
         const Answer answer = std::move(m_expected.front().second);

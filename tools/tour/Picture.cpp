@@ -17,13 +17,16 @@ bool IsFramed(const QWidget& window)
     return qobject_cast<const QMenu*>(&window) == nullptr;
 }
 
-/// What lies over what: the main window, the windows over it, a message over these, menus.
+/// What lies over what: the main window and those beside it, the windows over it, a message over these, menus.
 int Layer(const QWidget& window)
 {
     if (!IsFramed(window)) {
-        return 3 + std::max(0, window.x()); // a submenu opens to the right of its menu
+        return 4 + std::max(0, window.x()); // a submenu opens to the right of its menu
     }
-    return window.windowFlags().testFlag(Qt::WindowMaximizeButtonHint) ? 0 : window.isModal() ? 2 : 1;
+    if (window.windowFlags().testFlag(Qt::WindowMaximizeButtonHint)) {
+        return window.isActiveWindow() ? 1 : 0;
+    }
+    return window.isModal() ? 3 : 2;
 }
 
 QRect WholeRect(const QWidget& window)

@@ -7,6 +7,7 @@
 
 #include <QString>
 #include <Qt>
+#include <cstdint>
 #include <fstream>
 #include <functional>
 #include <set>

@@ -93,8 +93,6 @@ QPalette DarkPalette()
 {
     QPalette dark(QColor(56, 58, 62), QColor(43, 45, 48));
     dark.setColor(QPalette::Base, QColor(30, 31, 34));
-    dark.setColor(QPalette::ToolTipBase, QColor(62, 60, 44));
-    dark.setColor(QPalette::ToolTipText, QColor(230, 230, 220));
     dark.setColor(QPalette::Highlight, QColor(46, 100, 170));
     dark.setColor(QPalette::HighlightedText, Qt::white);
     return dark;

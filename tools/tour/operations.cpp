@@ -223,12 +223,12 @@ void LookAtOneFile(Stage& stage)
     Press(stage, "propertySheet", "close");
     stage.Open(stage.main.mnuFile);
     stage.Open(stage.main.mnuFileOpenWith);
-    Meet(
-        stage, [&] { stage.Choose(stage.main.mnuFileChooseProgram); }, "programChooser",
-        [&] {
-            stage.Show("choose-program");
-            stage.Press(Qt::Key_Escape);
-        });
+    stage.Choose(stage.main.mnuFileChooseProgram);
+    stage.WaitFor([] { return Shown("programChooser") != nullptr; }, "the programs come up");
+    stage.Show("choose-program");
+    stage.Press(Qt::Key_Escape);
+    stage.WaitFor([&] { return desktop::WidgetOf(&stage.main.form)->isActiveWindow(); },
+                  "the main window has the keyboard again");
 }
 
 } // namespace

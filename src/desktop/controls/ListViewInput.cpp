@@ -156,6 +156,9 @@ void ListViewWidget::keyPressEvent(QKeyEvent* pEvent)
             m_picking.MoveTo(static_cast<std::size_t>(index.row()), held);
             m_rowToShow = static_cast<std::size_t>(index.row());
         }
+    } else if (pEvent->key() == Qt::Key_Space && pEvent->modifiers() == Qt::NoModifier &&
+               m_typeAhead.GoesOn()) {
+        keyboardSearch(pEvent->text());
     } else if (pEvent->key() == Qt::Key_Space) {
         m_picking.PickCurrent(held);
     } else {

@@ -1,5 +1,6 @@
 #include "ListViewWidget.h"
 
+#include "ListColors.h"
 #include "Twips.h"
 
 #include <QApplication>
@@ -83,19 +84,8 @@ void ListViewWidget::ApplyColumnWidths()
 
 void ListViewWidget::ApplyColors()
 {
-    if (m_list.BackColor != platform::SystemColor::InfoBackground) {
-        return;
-    }
     const QScopedValueRollback setsColors(m_bSetsColors, true);
-    const QPalette system = QApplication::palette();
-    QPalette colors;
-    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
-        colors.setColor(group, QPalette::Base, system.color(group, QPalette::ToolTipBase));
-        colors.setColor(group, QPalette::Text, system.color(group, QPalette::ToolTipText));
-    }
-    colors.setColor(QPalette::Disabled, QPalette::Base,
-                    system.color(QPalette::Inactive, QPalette::ToolTipBase));
-    setPalette(colors);
+    setPalette(ListColors(QApplication::palette(this), m_list.BackColor));
 }
 
 void ListViewWidget::RowAdded(std::size_t /*nRow*/)

@@ -1,5 +1,6 @@
 #include "MarkDelegate.h"
 
+#include "ListColors.h"
 #include "Pictures.h"
 #include "RowModel.h"
 #include "ShownText.h"
@@ -12,7 +13,6 @@
 #include <QToolTip>
 
 #include <algorithm>
-#include <cmath>
 
 namespace desktop {
 namespace {
@@ -28,21 +28,8 @@ constexpr int kStrokeLeft = 4;
 constexpr int kStrokeWidth = 4;
 constexpr int kArmTop = 6;
 constexpr int kArmHeight = 4;
-
-/// How bright a colour is to the eye, 0 to 1.
-double Luminance(const QColor& color)
-{
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
-}
-
-double Contrast(const QColor& one, const QColor& other)
-{
-    const auto [dark, light] = std::minmax({Luminance(one), Luminance(other)});
-    return (light + 0.05) / (dark + 0.05);
-}
+constexpr int kArmToGap = 1;
+constexpr int kGapHeight = 2;
 
 /// The pure colour, or a paler one where that is easier to see.
 QColor MarkColor(bool bGone, const QColor& background)
@@ -61,9 +48,18 @@ void PaintMark(QPainter& painter, const QRect& picture, const QRect& row, int nS
     const int nArmTop = row.top() + (row.height() - kSide) / 2 + kArmTop;
     const int nTop = nMark == kFirst ? nArmTop : row.top();
     const int nBottom = nMark == kLast ? nArmTop + kArmHeight : row.top() + row.height();
-    painter.fillRect(picture.left() + kStrokeLeft, nTop, kStrokeWidth, nBottom - nTop, color);
+    const int nLeft = picture.left() + kStrokeLeft;
+    QRegion mark(nLeft, nTop, kStrokeWidth, nBottom - nTop);
+    if (bGone) {
+        // The stroke of a file that has gone is broken, for those to whom red is blue. Rows still join.
+        mark -= QRect(nLeft, nArmTop - kArmToGap - kGapHeight, kStrokeWidth, kGapHeight);
+        mark -= QRect(nLeft, nArmTop + kArmHeight + kArmToGap, kStrokeWidth, kGapHeight);
+    }
     if (nMark == kFirst || nMark == kLast) {
-        painter.fillRect(picture.left() + kStrokeLeft, nArmTop, kSide - kStrokeLeft, kArmHeight, color);
+        mark += QRect(nLeft, nArmTop, kSide - kStrokeLeft, kArmHeight);
+    }
+    for (const QRect& part : mark) {
+        painter.fillRect(part, color);
     }
 }
 

@@ -64,6 +64,14 @@ QtWindows::~QtWindows()
     }
 }
 
+int QtWindows::RunUntilAllDown()
+{
+    m_bRuns = true;
+    const int nResult = QApplication::exec();
+    m_bRuns = false;
+    return nResult;
+}
+
 QWidget* QtWindows::WindowOf(const platform::Form* pForm) const
 {
     const auto found = m_windows.find(pForm);
@@ -98,8 +106,8 @@ void QtWindows::TakeDownForm(platform::Form& form)
     FormWindow* const pWindow = found->second;
     m_windows.erase(found);
     pWindow->TakeDown();
-    if (m_windows.empty()) {
-        QApplication::quit();
+    if (m_windows.empty() && m_bRuns) {
+        QApplication::exit(); // to quit would be to close windows that are none of the forms
     }
 }
 

@@ -7,13 +7,14 @@
 #include <QPointer>
 #include <QWidget>
 #include <map>
+#include <string_view>
 
 namespace desktop {
 
 class FormWindow;
 
-/// Forms, message boxes and the mouse pointer on the screen. When the last form has been taken down, the
-/// application's event loop ends. What still shows at the end of this object is taken down.
+/// Forms, message boxes and the mouse pointer on the screen. What still shows at the end of this object is
+/// taken down.
 class QtWindows final : public platform::WindowManager, public platform::Screen, public platform::MessageBoxes
 {
 public:
@@ -21,6 +22,9 @@ public:
     QtWindows(const QtWindows&) = delete;
     QtWindows& operator=(const QtWindows&) = delete;
     ~QtWindows() override;
+
+    /// Runs the application's event loop until the last form has been taken down; returns its result.
+    int RunUntilAllDown();
 
     void ShowForm(platform::Form& form, bool bModal, platform::Form* pOwner) override;
     void TakeDownForm(platform::Form& form) override;
@@ -41,6 +45,7 @@ private:
 
     std::map<const platform::Form*, FormWindow*> m_windows;
     QPointer<QWidget> m_locked; ///< the widget in which all drawing is stopped
+    bool m_bRuns = false;
 };
 
 } // namespace desktop

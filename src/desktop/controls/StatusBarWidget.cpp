@@ -8,24 +8,42 @@
 #include "WidgetOf.h"
 
 #include <QHBoxLayout>
+#include <QPainter>
+#include <qdrawutil.h>
 
 namespace desktop {
 namespace {
 
 constexpr int kGap = 2;
-constexpr int kTextMargin = 3;
+constexpr int kBevel = 1;
+constexpr int kTextMargin = 4;
 
 } // namespace
+
+/// A text in an inset bevel.
+class PanelWidget final : public QLabel
+{
+public:
+    using QLabel::QLabel;
+
+protected:
+    void paintEvent(QPaintEvent* pEvent) override
+    {
+        QLabel::paintEvent(pEvent);
+        // Not as a frame of the label: not every style draws all four strokes of that.
+        QPainter painter(this);
+        qDrawShadePanel(&painter, rect(), palette(), true);
+    }
+};
 
 /// Shows one panel; the bar places it.
 class StatusBarView::PanelView final : public platform::ControlObserver
 {
 public:
-    PanelView(platform::Panel& panel, QWidget* pParent) : m_panel(panel), m_label(*new QLabel(pParent))
+    PanelView(platform::Panel& panel, QWidget* pParent) : m_panel(panel), m_label(*new PanelWidget(pParent))
     {
         m_label.setTextFormat(Qt::PlainText);
-        m_label.setFrameStyle(QFrame::Panel | QFrame::Sunken);
-        m_label.setContentsMargins(kTextMargin, 0, kTextMargin, 0);
+        m_label.setContentsMargins(kTextMargin, kBevel, kTextMargin, kBevel);
         m_label.setAlignment(AlignmentOf(m_panel.alignment));
         m_label.setMinimumWidth(Pixels(m_panel.MinWidth));
         m_label.setSizePolicy(m_panel.bSpring ? QSizePolicy::Ignored : QSizePolicy::Minimum,
@@ -60,6 +78,7 @@ StatusBarView::StatusBarView(const platform::Form& form, platform::StatusBar& ba
     : DockedView(form, bar, *new QWidget(pParent))
 {
     GiveSpokenRole(Widget(), QAccessible::StatusBar);
+    Widget().setAutoFillBackground(true); // on a very low window there are lists below it
     auto* const pRow = new QHBoxLayout(&Widget());
     pRow->setContentsMargins(0, kGap, 0, 0);
     pRow->setSpacing(kGap);

@@ -3,6 +3,7 @@
 #include "DockedView.h"
 
 #include <QToolBar>
+#include <cstddef>
 
 namespace platform {
 class Toolbar;

@@ -23,10 +23,14 @@ bool BeginsOtherwise(std::string_view sName, char cFirst)
 
 } // namespace
 
+bool TypeAhead::GoesOn() const
+{
+    return !m_sBeginning.isEmpty() && !m_sinceTyped.hasExpired(QApplication::keyboardInputInterval());
+}
+
 std::optional<std::size_t> TypeAhead::Find(const QString& sTyped)
 {
-    const bool bAnew = sTyped.isEmpty() || m_sBeginning.isEmpty() ||
-                       m_sinceTyped.hasExpired(QApplication::keyboardInputInterval());
+    const bool bAnew = sTyped.isEmpty() || !GoesOn();
     m_sinceTyped.start();
     m_sBeginning = bAnew ? sTyped : m_sBeginning + sTyped;
     const std::size_t nCount = m_list.ListItems.Count();

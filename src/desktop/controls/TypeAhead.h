@@ -21,6 +21,9 @@ public:
     /// What has been typed leads to this row, counted from 0, or to none. With nothing typed it begins anew.
     [[nodiscard]] std::optional<std::size_t> Find(const QString& sTyped);
 
+    /// Whether what is typed now would make a beginning longer.
+    [[nodiscard]] bool GoesOn() const;
+
 private:
     platform::ListView& m_list;
     QString m_sBeginning;

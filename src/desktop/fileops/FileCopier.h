@@ -2,6 +2,7 @@
 
 #include "Ending.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 

@@ -3,6 +3,7 @@
 #include "Control.h"
 #include "FileGroups.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>

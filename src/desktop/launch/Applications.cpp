@@ -7,9 +7,9 @@
 #include "Texts.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <gio/gdesktopappinfo.h>
-#include <set>
 #include <unistd.h>
 #include <utility>
 
@@ -58,6 +58,12 @@ std::string IdOf(const tApplication& application)
     return pId != nullptr ? pId : application.sName;
 }
 
+bool IsAmong(const std::vector<tApplication>& applications, const tApplication& application)
+{
+    return std::any_of(applications.begin(), applications.end(),
+                       [&](const tApplication& each) { return IdOf(each) == IdOf(application); });
+}
+
 void SortByName(std::vector<tApplication>& applications)
 {
     std::vector<std::pair<std::string, tApplication>> keyed;
@@ -75,27 +81,26 @@ void SortByName(std::vector<tApplication>& applications)
 /// Why a start failed, as an error number of the system.
 int ErrorNumber(const GError& error)
 {
-    if (error.domain == G_SPAWN_ERROR) {
-        switch (error.code) {
-        case G_SPAWN_ERROR_NOENT:
-            return ENOENT;
-        case G_SPAWN_ERROR_ACCES:
-            return EACCES;
-        case G_SPAWN_ERROR_PERM:
-            return EPERM;
-        case G_SPAWN_ERROR_TOO_BIG:
-            return E2BIG;
-        case G_SPAWN_ERROR_FORK:
-            return EAGAIN;
-        case G_SPAWN_ERROR_NOMEM:
-            return ENOMEM;
-        case G_SPAWN_ERROR_MFILE:
-            return EMFILE;
-        default:
-            break;
-        }
-    }
-    return ENOEXEC;
+    constexpr std::array<std::pair<int, int>, 17> kNumbers = {{{G_SPAWN_ERROR_FORK, EAGAIN},
+                                                               {G_SPAWN_ERROR_CHDIR, ENOENT},
+                                                               {G_SPAWN_ERROR_ACCES, EACCES},
+                                                               {G_SPAWN_ERROR_PERM, EPERM},
+                                                               {G_SPAWN_ERROR_TOO_BIG, E2BIG},
+                                                               {G_SPAWN_ERROR_NAMETOOLONG, ENAMETOOLONG},
+                                                               {G_SPAWN_ERROR_NOENT, ENOENT},
+                                                               {G_SPAWN_ERROR_NOMEM, ENOMEM},
+                                                               {G_SPAWN_ERROR_NOTDIR, ENOTDIR},
+                                                               {G_SPAWN_ERROR_LOOP, ELOOP},
+                                                               {G_SPAWN_ERROR_TXTBUSY, ETXTBSY},
+                                                               {G_SPAWN_ERROR_IO, EIO},
+                                                               {G_SPAWN_ERROR_NFILE, ENFILE},
+                                                               {G_SPAWN_ERROR_MFILE, EMFILE},
+                                                               {G_SPAWN_ERROR_INVAL, EINVAL},
+                                                               {G_SPAWN_ERROR_ISDIR, EISDIR},
+                                                               {G_SPAWN_ERROR_LIBBAD, ELIBBAD}}};
+    const auto* const pFound = std::find_if(kNumbers.begin(), kNumbers.end(),
+                                            [&](const auto& each) { return each.first == error.code; });
+    return error.domain == G_SPAWN_ERROR && pFound != kNumbers.end() ? pFound->second : ENOEXEC;
 }
 
 /// Runs between fork and exec, where only calls into the kernel are safe.
@@ -106,36 +111,34 @@ void BecomeSession(gpointer /*pData*/)
 
 } // namespace
 
-std::optional<tApplication> DefaultApplication(std::initializer_list<const char*> kinds)
+std::vector<tApplication> ApplicationsFor(std::initializer_list<const char*> kinds)
 {
-    for (const char* const pKind : kinds) {
-        if (GAppInfo* const pInfo = g_app_info_get_default_for_type(pKind, FALSE)) {
-            return Application(pInfo);
-        }
-    }
-    return std::nullopt;
-}
-
-tApplications ApplicationsFor(const std::string& sKind)
-{
-    tApplications result;
-    std::set<std::string> listed;
-    const auto add = [&listed](std::vector<tApplication>& to, const tApplication& application) {
-        if (listed.insert(IdOf(application)).second) {
-            to.push_back(application);
+    std::vector<tApplication> applications;
+    const auto add = [&applications](const tApplication& application) {
+        if (!IsAmong(applications, application)) {
+            applications.push_back(application);
         }
     };
-    if (const auto usual = DefaultApplication({sKind.c_str()})) {
-        add(result.fitting, *usual);
+    for (const char* const pKind : kinds) {
+        if (GAppInfo* const pInfo = g_app_info_get_default_for_type(pKind, FALSE)) {
+            add(Application(pInfo));
+        }
+        for (const tApplication& each : Applications(g_app_info_get_all_for_type(pKind))) {
+            add(each);
+        }
     }
-    for (const tApplication& each : Applications(g_app_info_get_all_for_type(sKind.c_str()))) {
-        add(result.fitting, each);
-    }
+    return applications;
+}
+
+tApplications ApplicationsToChoose(const std::string& sKind)
+{
+    tApplications result{ApplicationsFor({sKind.c_str()}), {}};
     for (const tApplication& each : Applications(g_app_info_get_all())) {
         GAppInfo* const pInfo = each.info.get();
         if (g_app_info_should_show(pInfo) != FALSE &&
-            (g_app_info_supports_files(pInfo) != FALSE || g_app_info_supports_uris(pInfo) != FALSE)) {
-            add(result.others, each);
+            (g_app_info_supports_files(pInfo) != FALSE || g_app_info_supports_uris(pInfo) != FALSE) &&
+            !IsAmong(result.fitting, each)) {
+            result.others.push_back(each);
         }
     }
     SortByName(result.others);
@@ -145,7 +148,7 @@ tApplications ApplicationsFor(const std::string& sKind)
 long Start(const tApplication& application, const std::string& sPath)
 {
     const std::string sUri = FileUri(sPath);
-    if (sUri.empty() || !application.info) {
+    if ((sUri.empty() && !sPath.empty()) || !application.info) {
         return kNoSuchFile;
     }
     const GPointer<GAppLaunchContext> context(g_app_launch_context_new());
@@ -153,13 +156,18 @@ long Start(const tApplication& application, const std::string& sPath)
         g_app_launch_context_unsetenv(context.get(), "DBUS_SESSION_BUS_ADDRESS");
     }
     GList uris{const_cast<char*>(sUri.c_str()), nullptr, nullptr};
+    GDesktopAppInfo* const pInfo = G_DESKTOP_APP_INFO(application.info.get());
     GError* pError = nullptr;
     const gboolean bStarted = g_desktop_app_info_launch_uris_as_manager(
-        G_DESKTOP_APP_INFO(application.info.get()), &uris, context.get(), G_SPAWN_SEARCH_PATH, &BecomeSession,
-        nullptr, nullptr, nullptr, &pError);
+        pInfo, sPath.empty() ? nullptr : &uris, context.get(), G_SPAWN_SEARCH_PATH, &BecomeSession, nullptr,
+        nullptr, nullptr, &pError);
     const GErrorPointer error(pError);
     if (bStarted != FALSE) {
         return kStarted;
+    }
+    // What fails before anything is run, in an application that runs in a terminal, is to find one.
+    if (error && error->domain == G_IO_ERROR && g_desktop_app_info_get_boolean(pInfo, "Terminal") != FALSE) {
+        return kNoTerminal;
     }
     return LaunchCode(error ? ErrorNumber(*error) : ENOEXEC);
 }

@@ -2,7 +2,6 @@
 
 #include <initializer_list>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,15 +22,15 @@ struct tApplications {
     std::vector<tApplication> others;  ///< all others that take files, by name
 };
 
-/// The application that opens files of the first of these kinds for which there is one.
-std::optional<tApplication> DefaultApplication(std::initializer_list<const char*> kinds);
+/// The applications registered for files of these kinds, kind by kind, the usual one of each first.
+std::vector<tApplication> ApplicationsFor(std::initializer_list<const char*> kinds);
 
-/// The applications for files of a kind.
-tApplications ApplicationsFor(const std::string& sKind);
+/// The applications that a file of a kind can be opened with.
+tApplications ApplicationsToChoose(const std::string& sKind);
 
-/// Starts an application on a file, by its exact path and without a shell. It becomes a session of its own,
-/// which neither the end of this program nor that of its terminal reaches, and leaves no zombie. Returns
-/// kStarted, or why not as a result of ShellExecuteA.
+/// Starts an application on a file, by its exact path and without a shell, or, with an empty path, on none.
+/// It becomes a session of its own, which neither the end of this program nor that of its terminal reaches,
+/// and leaves no zombie. Returns kStarted, or why not: kNoTerminal, or a result of ShellExecuteA.
 long Start(const tApplication& application, const std::string& sPath);
 
 } // namespace desktop

@@ -2,25 +2,65 @@
 
 #include "Texts.h"
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <sys/stat.h>
+#include <utility>
 
 namespace desktop {
 
 static_assert(kNoSuchFile == ENOENT);
 
+namespace {
+
+/// The error numbers above 30 that a path or a start can come to, and those that come nearest.
+constexpr std::array<std::pair<int, int>, 31> kNearest = {{
+    {ENAMETOOLONG, ENOENT}, // such a path leads to nothing
+    {ELOOP, ENOENT},
+    {ESTALE, ENOENT},
+    {ELIBACC, ENOENT},
+    {ELIBBAD, ENOEXEC},
+    {ELIBEXEC, ENOEXEC},
+    {ELIBMAX, ENOEXEC},
+    {ENOKEY, EACCES},
+    {EKEYEXPIRED, EACCES},
+    {EKEYREVOKED, EACCES},
+    {EKEYREJECTED, EACCES},
+    {EOPNOTSUPP, EPERM},
+    {ENOSYS, EPERM},
+    {EOVERFLOW, EFBIG},
+    {EDQUOT, ENOSPC},
+    {ENOBUFS, ENOMEM},
+    {EUSERS, EAGAIN},
+    {ENOLCK, EAGAIN},
+    {EDEADLK, EBUSY},
+    {EALREADY, EBUSY},
+    {EINPROGRESS, EBUSY},
+    {ECANCELED, EINTR},
+    {ENOTEMPTY, EEXIST},
+    {EDOM, EINVAL},
+    {ERANGE, EINVAL},
+    {EILSEQ, EINVAL},
+    {ENOMEDIUM, ENXIO},
+    {ENOTCONN, ENXIO}, // what lies on another machine, or is
+                       // served by a program
+    {EHOSTDOWN, ENXIO},
+    {EHOSTUNREACH, ENXIO},
+    {ENETUNREACH, ENXIO},
+}};
+
+} // namespace
+
 long LaunchCode(int nError)
 {
-    switch (nError) {
-    case ELOOP:
-    case ENAMETOOLONG:
-        return ENOENT; // such a path leads to nothing
-    case EOVERFLOW:
-        return EFBIG;
-    default:
-        constexpr int kLast = 30; // from 31 on the shell has codes of its own
-        return nError > 0 && nError <= kLast ? nError : EIO;
+    constexpr int kLast = 30; // from 31 on the shell has codes of its own
+    if (nError > 0 && nError <= kLast) {
+        return nError;
     }
+    const auto* const pNearest = std::find_if(kNearest.begin(), kNearest.end(),
+                                              [&](const auto& each) { return each.first == nError; });
+    return pNearest == kNearest.end() ? EIO : pNearest->second;
 }
 
 long WhyMissing(const std::string& sPath)
@@ -34,6 +74,9 @@ long WhyMissing(const std::string& sPath)
 
 std::string CodeInWords(long nCode)
 {
+    if (nCode == kNoTerminal) {
+        return "It runs in a terminal, and none is installed.";
+    }
     std::string sText(255, '\0');
     platform::FormatMessageA(platform::FORMAT_MESSAGE_FROM_SYSTEM, nCode, 0, sText);
     return sText.substr(0, sText.find('\0'));

@@ -5,6 +5,7 @@
 
 #include <QAbstractItemModel>
 #include <QIcon>
+#include <cstddef>
 #include <string>
 #include <vector>
 

@@ -24,13 +24,31 @@ std::string Unquoted(const std::string& sText)
     return bQuoted ? sText.substr(1, sText.size() - 2) : sText;
 }
 
-/// Opens a file in an application, if there is one.
-long StartOn(const std::string& sPath, const std::optional<tApplication>& application)
+/// Starts the first application that can be started for want of nothing but a terminal.
+long StartFirst(const std::vector<tApplication>& applications, const std::string& sPath)
 {
-    if (const long nMissing = WhyMissing(sPath)) {
-        return nMissing;
+    for (const tApplication& each : applications) {
+        const long nCode = Start(each, sPath);
+        if (nCode != kNoTerminal) {
+            return nCode;
+        }
     }
-    return application ? Start(*application, sPath) : platform::SE_ERR_NOASSOC;
+    return platform::SE_ERR_NOASSOC;
+}
+
+/// Opens a file that has to be there.
+long Open(const std::string& sPath, const std::vector<tApplication>& applications)
+{
+    const long nMissing = WhyMissing(sPath);
+    return nMissing != 0 ? nMissing : StartFirst(applications, sPath);
+}
+
+/// Starts an editor as a program by itself: what becomes of the file is the editor's affair, and what can be
+/// missing is the editor.
+long Edit(const std::string& sPath, std::initializer_list<const char*> kinds)
+{
+    const long nCode = StartFirst(ApplicationsFor(kinds), sPath);
+    return nCode == platform::SE_ERR_NOASSOC ? kNoSuchFile : nCode;
 }
 
 void SayCannotOpen(platform::WindowHandle hwnd, const std::string& sPath, long nCode)
@@ -44,7 +62,7 @@ long Explore(platform::WindowHandle hwnd, const std::string& sPath)
 {
     struct stat status = {};
     const bool bOtherThing = stat(sPath.c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
-    const long nCode = bOtherThing ? ENOTDIR : StartOn(sPath, DefaultApplication({kFolders}));
+    const long nCode = bOtherThing ? ENOTDIR : Open(sPath, ApplicationsFor({kFolders}));
     if (nCode != kStarted && !sPath.empty()) {
         SayCannotOpen(hwnd, sPath, nCode);
     }
@@ -59,9 +77,12 @@ long ChooseProgram(platform::WindowHandle hwnd, const std::string& sPath)
         }
         return nMissing;
     }
-    ProgramChooser(OwnerOf(hwnd), sPath, ApplicationsFor(FileKind(sPath)), [&](const tApplication& chosen) {
-        return StartOn(sPath, chosen);
-    }).Ask();
+    (new ProgramChooser(OwnerOf(hwnd), sPath, ApplicationsToChoose(FileKind(sPath)),
+                        [sPath](const tApplication& chosen) {
+                            const long nNowMissing = WhyMissing(sPath);
+                            return nNowMissing != 0 ? nNowMissing : Start(chosen, sPath);
+                        }))
+        ->ShowUp();
     return kStarted; // what was asked for is the question
 }
 
@@ -82,17 +103,16 @@ long GioLauncher::ShellExecuteA(platform::WindowHandle hwnd, const std::string& 
         return Explore(hwnd, Unquoted(sParameters));
     }
     if (sFile == "Notepad.exe") {
-        return StartOn(Unquoted(sParameters), DefaultApplication({"text/plain"}));
+        return Edit(Unquoted(sParameters), {"text/plain"});
     }
     if (sFile == "Wordpad.exe") {
-        return StartOn(
-            Unquoted(sParameters),
-            DefaultApplication({"application/rtf", "text/rtf", "application/vnd.oasis.opendocument.text",
-                                "application/vnd.openxmlformats-officedocument.wordprocessingml.document",
-                                "application/msword", "application/x-abiword", "text/plain"}));
+        return Edit(Unquoted(sParameters),
+                    {"application/rtf", "text/rtf", "application/vnd.oasis.opendocument.text",
+                     "application/vnd.openxmlformats-officedocument.wordprocessingml.document",
+                     "application/msword", "application/x-abiword", "text/plain"});
     }
     const std::string sPath = Unquoted(sFile);
-    return StartOn(sPath, DefaultApplication({FileKind(sPath).c_str()}));
+    return Open(sPath, ApplicationsFor({FileKind(sPath).c_str()}));
 }
 
 bool GioLauncher::ShellExecuteExA(const platform::SHELLEXECUTEINFO& info)
@@ -108,7 +128,7 @@ bool GioLauncher::ShellExecuteExA(const platform::SHELLEXECUTEINFO& info)
         return false;
     }
     if (!ShowItemProperties(sPath)) {
-        (new PropertySheet(OwnerOf(info.hwnd), properties))->show();
+        PropertySheet::Show(OwnerOf(info.hwnd), sPath, properties);
     }
     return true;
 }

@@ -2,6 +2,8 @@
 
 #include "Launching.h"
 
+#include <string>
+
 namespace desktop {
 
 /// Starts the applications that the desktop knows, and shows what it knows of files. What the program does

@@ -59,9 +59,9 @@ QIcon IconOf(const tApplication& application, const QStyle& style)
 
 } // namespace
 
-ProgramChooser::ProgramChooser(QWidget* pOwner, const std::string& sPath, const tApplications& applications,
-                               Starter start)
-    : ShellDialog(pOwner, QStringLiteral("programChooser"), QStringLiteral("Choose Program")),
+ProgramChooser::ProgramChooser(QWidget* pOpenedFrom, const std::string& sPath,
+                               const tApplications& applications, Starter start)
+    : StandingWindow(pOpenedFrom, QStringLiteral("programChooser"), QStringLiteral("Choose Program")),
       m_start(std::move(start)), m_pList(new SpokenRows<QListWidget>), m_pSaid(new NoticeLabel)
 {
     auto* const pText = new QLabel(Breakable(QStringLiteral("Choose the program to open \u201c%1\u201d with.")
@@ -163,7 +163,7 @@ void ProgramChooser::accept()
     }
     const long nCode = m_start(m_applications[static_cast<std::size_t>(pItem->data(kNumber).toInt())]);
     if (nCode == kStarted) {
-        ShellDialog::accept();
+        StandingWindow::accept();
         return;
     }
     m_pSaid->Say(QStringLiteral("%1 could not be started.\n%2")

@@ -1,10 +1,11 @@
 #pragma once
 
 #include "Applications.h"
-#include "ShellDialog.h"
+#include "StandingWindow.h"
 
 #include <functional>
 #include <string>
+#include <vector>
 
 class QLineEdit;
 class QListWidget;
@@ -14,15 +15,15 @@ namespace desktop {
 
 class NoticeLabel;
 
-/// The modal question for the application that is to open a file: those registered for it first, all others
-/// below a heading. The window stays until an application has been started, or Cancel.
-class ProgramChooser final : public ShellDialog
+/// The question for the application that is to open a file: those registered for it first, all others below a
+/// heading. The window stays until an application has been started, or Cancel.
+class ProgramChooser final : public StandingWindow
 {
 public:
     /// Starts an application on the file: as Start does.
     using Starter = std::function<long(const tApplication&)>;
 
-    ProgramChooser(QWidget* pOwner, const std::string& sPath, const tApplications& applications,
+    ProgramChooser(QWidget* pOpenedFrom, const std::string& sPath, const tApplications& applications,
                    Starter start);
 
     void accept() override;

@@ -104,14 +104,48 @@ tProperties PropertiesOf(const std::string& sPath)
     return properties;
 }
 
-PropertySheet::PropertySheet(QWidget* pOwner, const tProperties& properties)
-    : ShellDialog(pOwner, QStringLiteral("propertySheet"),
-                  QStringLiteral("%1 \u2013 Properties").arg(properties.front().second))
+void PropertySheet::Show(QWidget* pOpenedFrom, const std::string& sPath, const tProperties& properties)
 {
-    setAttribute(Qt::WA_DeleteOnClose);
+    PropertySheet* pSheet = nullptr;
+    for (StandingWindow* const pEach : All()) {
+        auto* const pOpen = dynamic_cast<PropertySheet*>(pEach);
+        pSheet = pOpen != nullptr && pOpen->m_sPath == sPath ? pOpen : pSheet;
+    }
+    if (pSheet == nullptr) {
+        // Files of one name are told apart by their folders.
+        const auto nName = sPath.rfind('/') + 1;
+        pSheet =
+            new PropertySheet(pOpenedFrom, sPath,
+                              QStringLiteral("%1 \u2013 %2 \u2013 Properties")
+                                  .arg(ShownText(sPath.substr(nName)), ShownText(sPath.substr(0, nName))));
+    }
+    pSheet->Fill(properties);
+    pSheet->ShowUp();
+}
+
+PropertySheet::PropertySheet(QWidget* pOpenedFrom, const std::string& sPath, const QString& sTitle)
+    : StandingWindow(pOpenedFrom, QStringLiteral("propertySheet"), sTitle), m_sPath(sPath),
+      m_pArea(new QScrollArea)
+{
+    m_pArea->setFrameShape(QFrame::NoFrame);
+    m_pArea->setFocusPolicy(Qt::NoFocus); // its lines take the keyboard, and scroll into sight then
+    m_pArea->setWidgetResizable(true);
+    auto* const pButtons = new QDialogButtonBox;
+    QPushButton* const pClose =
+        AddButton(*pButtons, QStringLiteral("Close"), QDialogButtonBox::RejectRole, QStringLiteral("close"));
+    connect(pClose, &QPushButton::clicked, this, &PropertySheet::close);
+    auto* const pLayout = new QVBoxLayout(this);
+    pLayout->addWidget(m_pArea, 1);
+    pLayout->addWidget(pButtons);
+    pClose->setDefault(true);
+    SizeFor(kSize);
+    pClose->setFocus();
+}
+
+void PropertySheet::Fill(const tProperties& properties)
+{
     auto* const pInside = new QWidget;
-    auto* const pLines = new QFormLayout;
-    pInside->setLayout(pLines);
+    auto* const pLines = new QFormLayout(pInside);
     for (const auto& [sWhat, sIs] : properties) {
         auto* const pValue = new QLabel(sIs);
         pValue->setObjectName(sWhat);
@@ -121,21 +155,7 @@ PropertySheet::PropertySheet(QWidget* pOwner, const tProperties& properties)
         pValue->setFocusPolicy(Qt::StrongFocus);
         pLines->addRow(sWhat + QLatin1Char(':'), pValue);
     }
-    auto* const pArea = new QScrollArea;
-    pArea->setFrameShape(QFrame::NoFrame);
-    pArea->setFocusPolicy(Qt::NoFocus); // its lines take the keyboard, and scroll into sight then
-    pArea->setWidgetResizable(true);
-    pArea->setWidget(pInside);
-    auto* const pButtons = new QDialogButtonBox;
-    QPushButton* const pClose =
-        AddButton(*pButtons, QStringLiteral("Close"), QDialogButtonBox::RejectRole, QStringLiteral("close"));
-    connect(pClose, &QPushButton::clicked, this, &PropertySheet::close);
-    auto* const pLayout = new QVBoxLayout(this);
-    pLayout->addWidget(pArea, 1);
-    pLayout->addWidget(pButtons);
-    pClose->setDefault(true);
-    SizeFor(kSize);
-    pClose->setFocus();
+    m_pArea->setWidget(pInside);
 }
 
 } // namespace desktop

@@ -1,10 +1,12 @@
 #pragma once
 
-#include "ShellDialog.h"
+#include "StandingWindow.h"
 
 #include <string>
 #include <utility>
 #include <vector>
+
+class QScrollArea;
 
 namespace desktop {
 
@@ -14,12 +16,19 @@ using tProperties = std::vector<std::pair<QString, QString>>;
 /// The properties of the file that `sPath` names; of a link, those of the link. Empty if it is not there.
 tProperties PropertiesOf(const std::string& sPath);
 
-/// A window that shows properties, to be read and copied. It stays beside the program's until it is closed,
-/// by its button or Esc, or its owner goes; then it deletes itself.
-class PropertySheet final : public ShellDialog
+/// A window that shows properties, to be read and copied, until it is closed, by its button or Esc.
+class PropertySheet final : public StandingWindow
 {
 public:
-    PropertySheet(QWidget* pOwner, const tProperties& properties);
+    /// Shows what is known of a file: in the sheet that is open for it, else in a new one.
+    static void Show(QWidget* pOpenedFrom, const std::string& sPath, const tProperties& properties);
+
+private:
+    PropertySheet(QWidget* pOpenedFrom, const std::string& sPath, const QString& sTitle);
+    void Fill(const tProperties& properties);
+
+    std::string m_sPath;
+    QScrollArea* m_pArea;
 };
 
 } // namespace desktop

@@ -3,6 +3,7 @@
 #include "FileDialogs.h"
 
 #include <map>
+#include <string>
 
 namespace desktop {
 

@@ -2,6 +2,8 @@
 
 #include "ShellDialogs.h"
 
+#include <string>
+
 namespace desktop {
 
 class FolderDialog;

@@ -3,6 +3,7 @@
 #include "EventLoop.h"
 
 #include <chrono>
+#include <cstdint>
 #include <functional>
 
 namespace desktop {

@@ -39,7 +39,8 @@ int OpenAt(int hFolder, const char* pPath, int nFlags)
 /// The folder that holds `sPath`, as a place to open or look at names in.
 Descriptor OpenFolderOf(const std::string& sPath)
 {
-    const std::string sFolder = sPath.substr(0, sPath.rfind(platform::kSeparator) + 1);
+    const std::size_t nSeparator = sPath.rfind(platform::kSeparator);
+    const std::string sFolder = nSeparator == 0 ? sPath.substr(0, 1) : sPath.substr(0, nSeparator);
     return Descriptor(OpenAt(AT_FDCWD, sFolder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
 }
 
@@ -127,13 +128,14 @@ int PosixFiles::Open(const std::string& sPath, int nFlags)
 bool PosixFiles::ListFolder(const std::string& sPath, platform::FolderListing& listing)
 {
     listing.Clear();
-    if (sPath.size() >= PATH_MAX) {
+    // With a separator at its end a path would be followed through a link, and be one byte too long too
+    // early.
+    const bool bSeparator = sPath.size() > 1 && sPath.ends_with(platform::kSeparator);
+    const std::string sFolder = sPath.substr(0, sPath.size() - (bSeparator ? 1 : 0));
+    if (sFolder.size() >= PATH_MAX) {
         return false;
     }
-    // With a separator at its end a path would be followed through a link.
-    const bool bSeparator = sPath.size() > 1 && sPath.ends_with(platform::kSeparator);
-    const Descriptor folder(
-        Open(sPath.substr(0, sPath.size() - (bSeparator ? 1 : 0)), kOpenFlags | O_DIRECTORY));
+    const Descriptor folder(Open(sFolder, kOpenFlags | O_DIRECTORY));
     if (!folder.IsOpen()) {
         return false;
     }

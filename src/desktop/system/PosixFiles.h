@@ -4,7 +4,10 @@
 #include "FileSystem.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
+#include <optional>
+#include <string>
 
 namespace desktop {
 

@@ -3,6 +3,8 @@
 #include "TextFiles.h"
 
 #include <map>
+#include <string>
+#include <string_view>
 
 namespace desktop {
 

@@ -66,8 +66,7 @@ std::vector<std::string> Subfolders(const std::string& sPath)
 
 bool IsSubfolder(const std::string& sPath, const std::string& sName)
 {
-    struct stat status {
-    };
+    struct stat status = {};
     return !IsDots(sName.c_str()) && lstat((sPath + "/" + sName).c_str(), &status) == 0 &&
            S_ISDIR(status.st_mode);
 }

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "StandingWindow.h"
+
+#include <QApplication>
+#include <QScreen>
+#include <algorithm>
+
+namespace desktop {
+
+StandingWindow::StandingWindow(QWidget* pOpenedFrom, const QString& sName, const QString& sTitle)
+    : ShellDialog(nullptr, sName, sTitle), m_pOpenedFrom(pOpenedFrom)
+{
+    setWindowFlags(Qt::Window); // a dialog would stay over all other windows of the program
+    setAttribute(Qt::WA_DeleteOnClose);
+    if (pOpenedFrom != nullptr) {
+        setScreen(pOpenedFrom->screen());
+    }
+}
+
+void StandingWindow::ShowUp()
+{
+    if (!isVisible()) {
+        m_place = FreePlace();
+        move(m_place);
+        show();
+    } else if (isMinimized()) {
+        showNormal();
+    }
+    raise();
+    activateWindow();
+}
+
+/// Where no other one was brought up: from the middle of the window that it was opened from to the lower
+/// right, and on from the screen's corner.
+QPoint StandingWindow::FreePlace() const
+{
+    constexpr QPoint kStep(24, 24);
+    const QRect room = screen()->availableGeometry();
+    const QRect over = m_pOpenedFrom ? m_pOpenedFrom->frameGeometry() : room;
+    const std::vector<StandingWindow*> others = All();
+    QPoint place = over.center() - rect().center();
+    for (std::size_t n = 0; n <= others.size(); ++n) {
+        if (!room.contains(QRect(place, size()))) {
+            place = room.topLeft();
+        }
+        if (std::none_of(others.begin(), others.end(),
+                         [&](const StandingWindow* pEach) { return pEach->m_place == place; })) {
+            break;
+        }
+        place += kStep;
+    }
+    return place;
+}
+
+void StandingWindow::done(int nResult)
+{
+    const bool bHadKeyboard = isActiveWindow();
+    ShellDialog::done(nResult);
+    QWidget* const pOpenedFrom = m_pOpenedFrom;
+    if (bHadKeyboard && pOpenedFrom != nullptr && pOpenedFrom->isVisible()) {
+        pOpenedFrom->activateWindow();
+    }
+}
+
+std::vector<StandingWindow*> StandingWindow::All()
+{
+    std::vector<StandingWindow*> windows;
+    for (QWidget* const pWindow : QApplication::topLevelWidgets()) {
+        if (auto* const pStanding = dynamic_cast<StandingWindow*>(pWindow)) {
+            windows.push_back(pStanding);
+        }
+    }
+    std::erase_if(windows, [](const StandingWindow* pEach) { return pEach->isHidden(); });
+    return windows;
+}
+
+} // namespace desktop
