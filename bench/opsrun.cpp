@@ -1,7 +1,12 @@
 // What the file operations cost: the trash against bare calls of GIO, copying against cp.
 
+#include "FolderEntry.h"
+#include "ListView.h"
 #include "OperationDialogs.h"
 #include "ShellFileOperations.h"
+#include "Texts.h"
+#include "cGroupRows.h"
+#include "mFileGroups.h"
 
 #include <algorithm>
 #include <chrono>
@@ -11,6 +16,8 @@
 #include <fstream>
 #include <functional>
 #include <gio/gio.h>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unistd.h>
@@ -29,9 +36,13 @@ constexpr std::size_t kFileMegabytes = 512;
 class Consent final : public desktop::OperationDialogs
 {
 public:
-    desktop::Consent Confirm(const desktop::tConfirmation& /*confirmation*/) override
+    desktop::Consent Confirm(const desktop::tConfirmation& confirmation) override
     {
-        return desktop::Consent::WithCopy;
+        const std::chrono::duration<double> looks = std::chrono::steady_clock::now() - m_lastTold;
+        dLooks = looks.count();
+        // The bytes are compared where the search went by them.
+        return confirmation.comparedBy == platform::ComparedBy::Content ? desktop::Consent::WithCopy
+                                                                        : desktop::Consent::All;
     }
     bool AskRoom(const desktop::tOperation& /*operation*/, const desktop::tRoom& /*room*/) override
     {
@@ -57,6 +68,7 @@ public:
     }
 
     std::size_t nNotDone = 0;
+    double dLooks = 0;                                    ///< seconds until the user is asked
     std::chrono::steady_clock::duration longestSilence{}; ///< in which the user sees nothing move
 
 private:
@@ -105,16 +117,57 @@ void Compare(std::vector<tContender> contenders, const std::function<void()>& pr
 }
 
 /// Returns the longest time without a word of progress.
-double Carry(const platform::SHFILEOPSTRUCT& request)
+double Carry(const platform::SHFILEOPSTRUCT& request, platform::FileGroups* pGroups = nullptr)
 {
     Consent consent;
     desktop::ShellFileOperations operations(consent);
+    if (pGroups != nullptr) {
+        operations.UseGroups(*pGroups);
+    }
     if (operations.SHFileOperationA(request) != 0 || consent.nNotDone != 0) {
         std::fprintf(stderr, "opsrun: %zu files not done\n", consent.nNotDone);
         std::exit(kFailed);
     }
+    if (pGroups != nullptr) {
+        std::printf("  asked after %.3f s\n", consent.dLooks);
+    }
     return std::chrono::duration<double>(consent.longestSilence).count();
 }
+
+/// The rows of a search: each file below its copy, which stays.
+class Rows final : public platform::FileGroups
+{
+public:
+    explicit Rows(platform::ComparedBy comparedBy) : m_comparedBy(comparedBy) { m_list.MultiSelect = true; }
+
+    /// `sPath` goes, `sCopy` stays.
+    void Add(const std::string& sPath, const std::string& sCopy)
+    {
+        AddRow(sCopy, search::kMarkFirst);
+        AddRow(sPath, search::kMarkLast).SetSelected(true);
+    }
+
+    platform::tFileGroups GroupsOf(std::span<const std::string> paths) override
+    {
+        return results::GroupsOf(m_list, m_comparedBy, paths);
+    }
+
+private:
+    platform::ListItem AddRow(const std::string& sPath, int nMark)
+    {
+        const auto identity = desktop::LookAt(sPath).Identity();
+        const std::string sName = desktop::NameOf(sPath);
+        auto row = *m_list.ListItems.Add(sPath, sName, nMark);
+        row.SetSubItems(search::kSizeColumn, platform::FormatNumber(identity.cySize));
+        row.SetSubItems(search::kDateColumn, platform::FormatDateTime(desktop::DateOf(identity)));
+        row.SetSubItems(search::kFolderColumn, sPath.substr(0, sPath.size() - sName.size()));
+        return row;
+    }
+
+    platform::ComparedBy m_comparedBy;
+    platform::Form m_form;
+    platform::ListView m_list{m_form};
+};
 
 void Command(const std::string& sCommand)
 {
@@ -124,8 +177,10 @@ void Command(const std::string& sCommand)
     }
 }
 
-void Trash(const std::string& sRoot, std::size_t nFiles)
+/// `comparedBy`: the files have rows and each a copy that stays.
+void Trash(const std::string& sRoot, std::size_t nFiles, std::optional<platform::ComparedBy> comparedBy)
 {
+    constexpr std::size_t kSize = 3'000;
     platform::SHFILEOPSTRUCT request;
     request.wFunc = platform::FO_DELETE;
     request.fFlags = platform::FOF_ALLOWUNDO;
@@ -144,11 +199,23 @@ void Trash(const std::string& sRoot, std::size_t nFiles)
             g_object_unref(pFile);
         }
     };
-    Compare({{"ours", [&] { Carry(request); }}, {"g_file_trash", bare}}, [&] {
+    std::optional<Rows> rows;
+    const auto ours = [&] { Carry(request, rows ? &*rows : nullptr); };
+    Compare({{"ours", ours}, {"g_file_trash", bare}}, [&] {
         fs::remove_all(sRoot + "/share");
         fs::create_directories(sRoot + "/from");
+        fs::create_directories(sRoot + "/stays");
+        if (comparedBy) {
+            rows.emplace(*comparedBy);
+        }
         for (const std::string& sPath : paths) {
-            std::ofstream(sPath) << sPath;
+            const std::string sCopy = sRoot + "/stays/" + desktop::NameOf(sPath);
+            for (const std::string& sFile : {sPath, sCopy}) {
+                std::ofstream(sFile) << sPath << std::string(kSize - sPath.size(), 'x');
+            }
+            if (rows) {
+                rows->Add(sPath, sCopy);
+            }
         }
     });
 }
@@ -188,9 +255,12 @@ int main(int argc, char* argv[])
 {
     const std::string_view sWhat = argc > 1 ? argv[1] : "";
     const std::size_t nCount = argc > 2 ? std::strtoul(argv[2], nullptr, 10) : 0;
-    if ((sWhat != "trash" && sWhat != "copy") || nCount == 0 || argc > 4) {
+    const bool bTrash = sWhat == "trash" || sWhat == "by-content" || sWhat == "by-name";
+    if ((!bTrash && sWhat != "copy") || nCount == 0 || argc > 4) {
         std::fputs(
-            "usage: opsrun trash FILES [FOLDER]\n       opsrun copy MEGABYTES [FOLDER]\n"
+            "usage: opsrun trash FILES [FOLDER]\n       opsrun by-content FILES [FOLDER]\n"
+            "       opsrun by-name FILES [FOLDER]\n       opsrun copy MEGABYTES [FOLDER]\n"
+            "by-content, by-name: the files come from a search, and a copy of each stays.\n"
             "Works in a folder of its own below FOLDER or the temporary one, with a trash of its own.\n",
             stderr);
         return kUsage;
@@ -204,7 +274,14 @@ int main(int argc, char* argv[])
     setenv("XDG_DATA_HOME", (sRoot + "/share").c_str(), 1);
     unsetenv("DBUS_SESSION_BUS_ADDRESS");
     unsetenv("DISPLAY");
-    sWhat == "trash" ? Trash(sRoot, nCount) : Copy(sRoot, nCount);
+    if (bTrash) {
+        Trash(sRoot, nCount,
+              sWhat == "trash"     ? std::nullopt
+              : sWhat == "by-name" ? std::optional(platform::ComparedBy::Name)
+                                   : std::optional(platform::ComparedBy::Content));
+    } else {
+        Copy(sRoot, nCount);
+    }
     fs::remove_all(sRoot);
     return 0;
 }

@@ -189,7 +189,7 @@ TEST_F(OperationDialogs, SayAtTheEndWhatWasNotDone)
         {0, {7, true, {}}, "You cancelled. 7 of 9000 files were moved to the trash before."},
         {0, {0, false, {9'000, {"/x", "Why."}}}, "9000 files were not moved to the trash:"},
         {0,
-         {6, false, {}, 2, 1},
+         {6, false, {}, {}, 2, 1},
          "6 of 9000 files were moved to the trash.\n"
          "1 file was replaced at the destination and put into the trash.\n2 files were skipped."},
     };
