@@ -1,10 +1,11 @@
 #pragma once
 
+#include "Control.h"
+#include "FileSystem.h"
 #include "FormMembers.h"
 #include "MessageBoxes.h"
 #include "PacedEventLoop.h"
 #include "Screen.h"
-#include "System.h"
 
 #include <chrono>
 #include <iostream>

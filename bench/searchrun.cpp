@@ -1,7 +1,9 @@
 // One search over the folders named on the command line, without a window.
 
+#include "Escaped.h"
 #include "HeadlessForms.h"
 #include "PosixFiles.h"
+#include "SearchWorkers.h"
 #include "cGroupRows.h"
 #include "mCommon.h"
 #include "mDataOperation.h"
@@ -9,6 +11,7 @@
 #include <chrono>
 #include <clocale>
 #include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <iostream>
 #include <string>
@@ -27,18 +30,18 @@ struct tOptions {
     bool bContent = true;
     bool bNameSize = false;
     bool bHidden = false;
+    bool bPrint = false;
+    std::size_t nWorkers = 0; ///< 0: as many as the program would have
     std::string sRowsFile;
     std::vector<std::string> folders;
 };
 
-/// The file systems, with a count of what is read.
-class CountedFiles final : public platform::FileSystem
+/// The file systems, with a number of workers of one's choice and a count of what is asked for.
+class MeasuredFiles final : public platform::FileSystem
 {
 public:
-    bool ListFolder(const std::string& sPath, platform::FolderListing& listing) override
-    {
-        return m_files.ListFolder(sPath, listing);
-    }
+    explicit MeasuredFiles(std::size_t nWorkers) : m_nWorkers(nWorkers) {}
+
     bool PathFound(const std::string& sPath) override { return m_files.PathFound(sPath); }
     std::optional<std::string> CanonicalFolder(const std::string& sPath) override
     {
@@ -48,28 +51,24 @@ public:
     std::int64_t FileLength(platform::FileHandle hFile) override { return m_files.FileLength(hFile); }
     platform::tReadResult ReadFile(platform::FileHandle hFile, void* pBuffer, std::size_t nBytes) override
     {
-        const auto result = m_files.ReadFile(hFile, pBuffer, nBytes);
-        ++nReads;
-        nReadBytes += result.nBytes;
-        return result;
+        return m_files.ReadFile(hFile, pBuffer, nBytes);
     }
     void CloseHandle(platform::FileHandle hFile) override { m_files.CloseHandle(hFile); }
-    bool AnnounceRead(const std::string& sPath, std::int64_t nBytes) override
+    std::unique_ptr<platform::SearchReading> BeginReading(const platform::tSearchedFolders& searched) override
     {
-        return m_files.AnnounceRead(sPath, nBytes);
+        return std::make_unique<desktop::SearchWorkers>(searched, m_nWorkers);
     }
-    void SearchEnded() override { m_files.SearchEnded(); }
-
-    std::size_t nReads = 0;
-    std::size_t nReadBytes = 0;
 
 private:
+    std::size_t m_nWorkers;
     desktop::PosixFiles m_files;
 };
 
 int Usage()
 {
-    std::cerr << "usage: searchrun [--content | --name | --namesize] [--hidden] [--rows FILE] FOLDER...\n";
+    std::cerr << "usage: searchrun [--content | --name | --namesize] [--hidden] [--workers N] [--print] "
+                 "[--rows FILE] "
+                 "FOLDER...\n";
     return kUsage;
 }
 
@@ -87,6 +86,10 @@ bool ReadOptions(const std::vector<std::string_view>& arguments, tOptions& optio
             options.bNameSize = sArgument == "--namesize";
         } else if (sArgument == "--hidden") {
             options.bHidden = true;
+        } else if (sArgument == "--print") {
+            options.bPrint = true;
+        } else if (sArgument == "--workers" && n + 1 < arguments.size()) {
+            options.nWorkers = std::strtoul(std::string(arguments[++n]).c_str(), nullptr, 10);
         } else if (sArgument == "--rows" && n + 1 < arguments.size()) {
             options.sRowsFile = arguments[++n];
         } else {
@@ -104,11 +107,21 @@ bool AddFolders(const std::vector<std::string>& folders, platform::FileSystem& f
         if (const auto sCanonical = files.CanonicalFolder(sFolder)) {
             form.lvFolders.ListItems.Add(*sCanonical, *sCanonical, 1);
         } else {
-            std::cerr << "searchrun: cannot open " << sFolder << '\n';
+            std::cerr << "searchrun: cannot open " << platform::Escaped(sFolder) << '\n';
             bAll = false;
         }
     }
     return bAll;
+}
+
+/// Each group as lines that no name can forge, with an empty one behind it.
+void PrintRows(platform::ListItems& rows)
+{
+    for (std::size_t n = 1; n <= rows.Count(); ++n) {
+        std::cout << platform::Escaped(rows(n).Key()) << '\n';
+        std::cout << (rows(n).SmallIcon() == search::kMarkLast ? "\n" : "");
+    }
+    std::cout.flush();
 }
 
 bool WriteRows(const std::string& sFile, platform::ListItems& rows)
@@ -131,7 +144,7 @@ int main(int argc, char** argv)
         return Usage();
     }
 
-    CountedFiles files;
+    MeasuredFiles files(options.nWorkers);
     bench::tHeadless headless(files);
     auto& form = headless.form;
     auto& progress = headless.progress;
@@ -151,11 +164,22 @@ int main(int argc, char** argv)
     for (std::size_t n = 1; n <= rows.Count(); ++n) {
         nGroups += rows(n).SmallIcon() == search::kMarkFirst ? 1U : 0U;
     }
+    if (options.bPrint) {
+        PrintRows(rows);
+    }
+    // Each file asked for has been read once, unless it could not be.
+    std::size_t nReads = 0;
+    std::int64_t nReadBytes = 0;
+    for (std::size_t n = 0; n < static_cast<std::size_t>(search::FileCount); ++n) {
+        const bool bRead = !search::FileList[n].sCRC.empty();
+        nReads += bRead ? 1U : 0U;
+        nReadBytes += bRead ? search::FileList[n].cySize : 0;
+    }
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
-    std::printf("files=%d rows=%zu groups=%zu reads=%zu read_bytes=%zu scan=%.3f compare=%.3f total=%.3f "
+    std::printf("files=%d rows=%zu groups=%zu reads=%zu read_bytes=%lld scan=%.3f compare=%.3f total=%.3f "
                 "peak_kib=%ld\n",
-                search::FileCount, rows.Count(), nGroups, files.nReads, files.nReadBytes,
+                search::FileCount, rows.Count(), nGroups, nReads, static_cast<long long>(nReadBytes),
                 bench::Seconds(began, progress.comparisonBegan),
                 bench::Seconds(progress.comparisonBegan, ended), bench::Seconds(began, ended),
                 usage.ru_maxrss);

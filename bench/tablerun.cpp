@@ -42,12 +42,13 @@ constexpr tShape kShapes[] = {
 };
 
 /// A tree of one file or a thousand files a folder, as the shape's names allow. Paths have 60 characters.
-class SyntheticFiles final : public platform::FileSystem
+/// Each is read when it is asked for.
+class SyntheticReading final : public platform::SearchReading
 {
 public:
-    SyntheticFiles(const tShape& shape, std::size_t nFiles) : m_shape(shape), m_nFiles(nFiles) {}
+    SyntheticReading(const tShape& shape, std::size_t nFiles) : m_shape(shape), m_nFiles(nFiles) {}
 
-    bool ListFolder(const std::string& sPath, platform::FolderListing& listing) override
+    platform::Answer ListFolder(const std::string& sPath, platform::FolderListing& listing) override
     {
         listing.Clear();
         if (sPath == "/") {
@@ -56,29 +57,22 @@ public:
             for (std::size_t n = 0; n < m_nFiles; n += 30'000 * nInFolder) {
                 Add(listing, "part-" + std::to_string(n), true, 0);
             }
-            return true;
+        } else {
+            ListPart(sPath, listing);
         }
-        return ListPart(sPath, listing);
+        return platform::Answer::Ready;
     }
 
-    bool PathFound(const std::string& /*sPath*/) override { return false; }
-    std::optional<std::string> CanonicalFolder(const std::string& sPath) override { return sPath; }
-    platform::FileHandle CreateFileA(const std::string& sPath) override
+    void ReadFiles(platform::tFilesToRead files) override { m_files = std::move(files); }
+    platform::Answer AskFor(std::uint32_t /*nInHand*/, std::uint32_t n, std::int32_t& nSum) override
     {
-        m_nContent = m_shape.bAlike ? 0 : std::strtoull(sPath.c_str() + kNumberAt, nullptr, 10);
-        m_nContent += m_shape.bAlike ? 0 : std::hash<std::string>{}(sPath);
-        return 0;
+        std::uint64_t nContent = m_shape.bAlike ? 0 : n;
+        const auto nBytes = static_cast<std::size_t>(m_files.fileAt(n).nBytes);
+        nSum = m_files.sumOf(reinterpret_cast<const std::uint8_t*>(&nContent),
+                             std::min(nBytes, sizeof nContent));
+        return platform::Answer::Ready;
     }
-    std::int64_t FileLength(platform::FileHandle /*hFile*/) override { return 0; }
-    platform::tReadResult ReadFile(platform::FileHandle /*hFile*/, void* pBuffer, std::size_t nBytes) override
-    {
-        std::memset(pBuffer, 0, nBytes);
-        std::memcpy(pBuffer, &m_nContent, std::min(nBytes, sizeof m_nContent));
-        return {true, nBytes, false};
-    }
-    void CloseHandle(platform::FileHandle /*hFile*/) override {}
-    bool AnnounceRead(const std::string& /*sPath*/, std::int64_t /*nBytes*/) override { return false; }
-    void SearchEnded() override {}
+    void ReadFirst(std::vector<std::uint32_t> /*entries*/) override {}
 
 private:
     static constexpr std::size_t kNumberAt = 6; // behind "/part-"
@@ -89,7 +83,7 @@ private:
         listing.Add({{sName.c_str(), sName.size() + 1}, bFolder, false, nSize, {1'000'000'000 + nSize}});
     }
 
-    bool ListPart(const std::string& sPath, platform::FolderListing& listing) const
+    void ListPart(const std::string& sPath, platform::FolderListing& listing) const
     {
         const std::size_t nFirst = std::strtoull(sPath.c_str() + kNumberAt, nullptr, 10);
         const std::size_t nInFolder = m_shape.nameOf == OneName ? 1 : kFilesInFolder;
@@ -99,18 +93,46 @@ private:
             for (std::size_t n = nFirst; n < nEnd; n += nInFolder) {
                 Add(listing, "folder-of-a-usual-length-" + std::to_string(n), true, 0);
             }
-            return true;
+            return;
         }
         const std::size_t nFolder = std::strtoull(sPath.c_str() + sPath.rfind('-') + 1, nullptr, 10);
         for (std::size_t n = nFolder; n < std::min(m_nFiles, nFolder + nInFolder); ++n) {
             Add(listing, m_shape.nameOf(n), false, m_shape.sizeOf(n));
         }
-        return true;
     }
 
     const tShape& m_shape;
     std::size_t m_nFiles;
-    std::uint64_t m_nContent = 0;
+    platform::tFilesToRead m_files;
+};
+
+class SyntheticFiles final : public platform::FileSystem
+{
+public:
+    SyntheticFiles(const tShape& shape, std::size_t nFiles) : m_shape(shape), m_nFiles(nFiles) {}
+
+    bool PathFound(const std::string& /*sPath*/) override { return false; }
+    std::optional<std::string> CanonicalFolder(const std::string& sPath) override { return sPath; }
+    platform::FileHandle CreateFileA(const std::string& /*sPath*/) override
+    {
+        return platform::INVALID_HANDLE_VALUE;
+    }
+    std::int64_t FileLength(platform::FileHandle /*hFile*/) override { return -1; }
+    platform::tReadResult ReadFile(platform::FileHandle /*hFile*/, void* /*pBuffer*/,
+                                   std::size_t /*nBytes*/) override
+    {
+        return {};
+    }
+    void CloseHandle(platform::FileHandle /*hFile*/) override {}
+    std::unique_ptr<platform::SearchReading>
+    BeginReading(const platform::tSearchedFolders& /*searched*/) override
+    {
+        return std::make_unique<SyntheticReading>(m_shape, m_nFiles);
+    }
+
+private:
+    const tShape& m_shape;
+    std::size_t m_nFiles;
 };
 
 void Run(const tShape& shape, std::size_t nFiles, const char* pMode)

@@ -5,7 +5,6 @@
 #include <random>
 #include <set>
 #include <string>
-#include <vector>
 
 namespace soak {
 

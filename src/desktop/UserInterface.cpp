@@ -2,10 +2,13 @@
 
 #include "OutlineStyle.h"
 #include "Pictures.h"
+#include "SearchWorkers.h"
 #include "StandingWindow.h"
 
 #include <QFont>
 #include <QStyle>
+
+#include <unistd.h>
 
 namespace desktop {
 namespace {
@@ -63,6 +66,11 @@ int UserInterface::Run()
     for (auto standing = StandingWindow::All(); !standing.empty(); standing = StandingWindow::All()) {
         QObject::connect(standing.front(), &QObject::destroyed, qApp, [] { QApplication::exit(); });
         QApplication::exec();
+    }
+    if (SearchWorkers::Alive() > 0) {
+        // One hangs in a read, perhaps for ever, and what it uses must not be taken from it. The windows have
+        // gone, and there is nothing to save.
+        _exit(nResult);
     }
     return nResult;
 }

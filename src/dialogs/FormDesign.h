@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Control.h"
 #include "Widgets.h"
 
 #include <string_view>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FormMembers.h"
+#include "ListView.h"
 
 namespace dialogs {
 

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "MainForm.h"
+#include "Menu.h"
 #include "Toolbar.h"
+#include "Widgets.h"
 
 #include <span>
 #include <string>

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "Control.h"
 #include "ShellDialogs.h"
 
-#include <cstddef>
 #include <string>
 
 namespace platform {

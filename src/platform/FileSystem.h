@@ -1,12 +1,12 @@
 #pragma once
 
-#include "FolderListing.h"
+#include "SearchReading.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
 
 namespace platform {
 
@@ -21,7 +21,6 @@ inline constexpr FileHandle INVALID_HANDLE_VALUE = -1;
 struct tReadResult {
     bool bRead = false;     ///< false: the read failed, and the other fields mean nothing
     std::size_t nBytes = 0; ///< bytes delivered; fewer than asked for only at the end of the file
-    bool bWaited = false;   ///< the disk was waited for; while none had to be for long, not all reads tell
 };
 
 /// The files and folders of the machine. Paths are exact bytes. No operation
@@ -31,10 +30,6 @@ class FileSystem
 {
 public:
     virtual ~FileSystem() = default;
-
-    /// Reads the entries of folder `sPath` into `listing`, sorted, replacing what it held. False if the
-    /// folder cannot be opened; a listing that fails part way keeps what it got.
-    virtual bool ListFolder(const std::string& sPath, FolderListing& listing) = 0;
 
     /// True if `sPath` names something that exists at this moment (a link counts, whatever it points to).
     virtual bool PathFound(const std::string& sPath) = 0;
@@ -56,13 +51,8 @@ public:
 
     virtual void CloseHandle(FileHandle hFile) = 0;
 
-    /// Tells the system that the first `nBytes` bytes of `sPath` will be read before long. Returns at once;
-    /// nothing depends on it. False if there was no need: the file is in memory already, or cannot be opened.
-    virtual bool AnnounceRead(const std::string& sPath, std::int64_t nBytes) = 0;
-
-    /// A search has ended: lets go of what is kept from one call to the next, so that a volume can be
-    /// unmounted and the next search sees what is mounted then.
-    virtual void SearchEnded() = 0;
+    /// Begins what a search over these folders reads.
+    virtual std::unique_ptr<SearchReading> BeginReading(const tSearchedFolders& searched) = 0;
 };
 
 } // namespace platform

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Control.h"
 #include "Form.h"
 #include "ListItems.h"
 #include "Widgets.h"

@@ -3,7 +3,6 @@
 #include "FileSystem.h"
 
 #include <string>
-#include <string_view>
 
 // What is asked of paths and files by those who act on the rows.
 

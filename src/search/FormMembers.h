@@ -5,6 +5,7 @@
 #include "ListView.h"
 #include "Menu.h"
 #include "StatusBar.h"
+#include "Widgets.h"
 
 #include <string>
 

@@ -32,6 +32,31 @@ std::span<const std::uint8_t> BytesOf(std::string_view Text)
     return {reinterpret_cast<const std::uint8_t*>(Text.data()), Text.size()};
 }
 
+constexpr tCRCTable Table32()
+{
+    tCRCTable aTable{};
+    for (std::uint32_t i = 0; i < aTable.size(); ++i) {
+        aTable[i] = static_cast<std::int32_t>(CRC32TableEntry(i));
+    }
+    return aTable;
+}
+
+std::int32_t SumCRC32(const std::uint8_t* pFirst, std::size_t nBytes)
+{
+    static constexpr tCRCTable kTable = Table32();
+    static const tCRCKernel AddToCRC32 = FastestCRC32();
+    std::int32_t nRegister = -1;
+    AddToCRC32(&nRegister, pFirst, kTable.data(), nBytes);
+    return ~nRegister;
+}
+
+std::int32_t SumCRC16(const std::uint8_t* pFirst, std::size_t nBytes)
+{
+    cCRC engine;
+    engine.Algorithm(0);
+    return engine.CalculateBytes({pFirst, nBytes});
+}
+
 } // namespace
 
 cCRC::cCRC()
@@ -93,9 +118,23 @@ tChecksum cCRC::CalculateFiles(const std::string& sFile, std::int32_t nSize)
     return CalculateOpened(file.Handle(), nSize);
 }
 
+tChecksum cCRC::CalculateFiles(std::optional<std::int32_t> nSum)
+{
+    if (!nSum) {
+        return kNoChecksum;
+    }
+    Clear();
+    (bCRC32 ? nCRC32 : nCRC16) = bCRC32 ? ~*nSum : *nSum;
+    return *nSum;
+}
+
+cCRC::tSumOfBytes cCRC::SumOfBytes() const
+{
+    return bCRC32 ? SumCRC32 : SumCRC16;
+}
+
 tChecksum cCRC::CalculateOpened(platform::FileHandle hFile, std::int64_t nSize)
 {
-    bLastReadWaited = false;
     if (hFile == platform::INVALID_HANDLE_VALUE || nSize < 0) {
         return kNoChecksum;
     }
@@ -108,7 +147,6 @@ tChecksum cCRC::CalculateOpened(platform::FileHandle hFile, std::int64_t nSize)
     if (!result.bRead) {
         return kNoChecksum;
     }
-    bLastReadWaited = result.bWaited;
     // Not zeroed before: the read fills nearly always all of it.
     std::fill(aBytes + std::min(result.nBytes, nBytes), aBytes + nBytes, std::uint8_t{0});
     return CalculateBytes({aBytes, nBytes});
@@ -150,9 +188,7 @@ void cCRC::BuildTable16()
 
 void cCRC::BuildTable32()
 {
-    for (std::uint32_t i = 0; i < aTable32.size(); ++i) {
-        aTable32[i] = static_cast<std::int32_t>(CRC32TableEntry(i));
-    }
+    aTable32 = Table32();
     bTable32Ready = true;
 }
 

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "FileBuffer.h"
 #include "FileSystem.h"
-#include "cFileBuffer.h"
 #include "mCRCKernels.h"
 
 #include <concepts>
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -51,6 +53,15 @@ public:
     /// 0 and a lack of memory give kNoChecksum and leave the running value alone.
     tChecksum CalculateFiles(const std::string& sFile, std::int32_t nSize);
 
+    /// The same for bytes that have been run through SumOfBytes() elsewhere: `nSum` is what that came to,
+    /// none if they could not be read.
+    tChecksum CalculateFiles(std::optional<std::int32_t> nSum);
+
+    /// What CalculateBytes makes of bytes under this algorithm, as a function of nothing else, for any
+    /// thread.
+    using tSumOfBytes = std::int32_t (*)(const std::uint8_t* pFirst, std::size_t nBytes);
+    [[nodiscard]] tSumOfBytes SumOfBytes() const;
+
     /// The checksum of just this text.
     std::int32_t CalculateString(std::string_view Text);
 
@@ -68,12 +79,6 @@ public:
     /// Takes either algorithm's running value back to where it starts.
     void Clear();
 
-    /// Gives back the memory that is kept from file to file.
-    void ReleaseBuffer() { buffer.Release(); }
-
-    /// What the last read told of waiting for the disk (tReadResult::bWaited).
-    [[nodiscard]] bool LastReadWaited() const { return bLastReadWaited; }
-
 private:
     void BuildTable16();
     void BuildTable32();
@@ -86,8 +91,7 @@ private:
     std::int32_t nCRC32 = 0; // kept without the final complement
     bool bTable32Ready = false;
     tCRCTable aTable32{};
-    bool bLastReadWaited = false;
-    cFileBuffer buffer;
+    platform::FileBuffer buffer;
 };
 
 } // namespace search

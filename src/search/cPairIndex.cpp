@@ -1,8 +1,10 @@
 #include "cPairIndex.h"
 
 #include "IndexTable.h"
+#include "System.h"
 #include "Utf8.h"
 #include "cTextClasses.h"
+#include "mCommon.h"
 #include "mTextCompare.h"
 
 #include <algorithm>
@@ -21,13 +23,23 @@ std::uint32_t Entries()
     return static_cast<std::uint32_t>(FileCount);
 }
 
+/// Called at each entry of a long loop: yields at some of them; true if the search is to stop.
+bool Stopped(std::uint32_t n)
+{
+    constexpr std::uint32_t kEntriesPerYield = 1024;
+    if (n % kEntriesPerYield == 0) {
+        platform::DoEvents(0);
+    }
+    return bStopped;
+}
+
 /// Links each entry that takes part to the next one that is alike.
 template <typename LikenessOf>
 std::vector<std::uint32_t> LinkAlike(LikenessOf likenessOf)
 {
     std::vector<std::uint32_t> next(Entries(), cPairIndex::kNone);
     platform::IndexTable nearest; // for each likeness, its entry with the lowest index so far
-    for (std::uint32_t i = Entries(); i-- > 0;) {
+    for (std::uint32_t i = Entries(); i-- > 0 && !Stopped(i);) {
         if (FileList[i].bDone) {
             continue;
         }
@@ -48,7 +60,7 @@ std::vector<std::uint32_t> ClassesOfNames()
 {
     cTextClasses names;
     std::vector<std::uint32_t> classes(Entries());
-    for (std::uint32_t i = 0; i < Entries(); ++i) {
+    for (std::uint32_t i = 0; i < Entries() && !Stopped(i); ++i) {
         classes[i] = names.ClassOf(FileList[i].sName);
     }
     return classes;
@@ -67,7 +79,7 @@ std::vector<tLikeness> PathLikenesses(const std::vector<std::uint32_t>& classesO
     platform::StoredText sFolder;
     std::uint32_t nFolderClass = 0;
     bool bFolderValid = true;
-    for (std::uint32_t i = 0; i < Entries(); ++i) {
+    for (std::uint32_t i = 0; i < Entries() && !Stopped(i); ++i) {
         const tFileEntry& entry = FileList[i];
         if (i == 0 || !entry.sPath.SameAs(sFolder)) {
             sFolder = entry.sPath;
@@ -122,6 +134,41 @@ std::optional<tCandidate> cPairIndex::Next(tPass& pass) const
     return candidate;
 }
 
+std::vector<std::uint32_t> cPairIndex::EntriesToRead() const
+{
+    // The first entry of each path can be known to take its turn; a later one is dropped if the first one's
+    // turn comes before its own, which may depend on what is in other files.
+    std::vector<std::uint32_t> firstOfPath(Entries(), kNone);
+    for (std::uint32_t i = 0; i < Entries() && !Stopped(i); ++i) {
+        const std::uint32_t nFirst = firstOfPath[i] != kNone ? firstOfPath[i] : i;
+        if (m_nextSamePath[i] != kNone) {
+            firstOfPath[m_nextSamePath[i]] = nFirst;
+        }
+    }
+    // The first entry of a size then meets all others of that size, and these are read with it.
+    std::vector<bool> seen(Entries());
+    std::vector<bool> toRead(Entries());
+    for (std::uint32_t i = 0; i < Entries() && !Stopped(i); ++i) {
+        if (seen[i] || m_nextSameKey[i] == kNone) {
+            continue;
+        }
+        const bool bTakesItsTurn = firstOfPath[i] == kNone;
+        for (std::uint32_t n = m_nextSameKey[i]; n != kNone; n = m_nextSameKey[n]) {
+            seen[n] = true;
+            if (bTakesItsTurn && (firstOfPath[n] == kNone || firstOfPath[n] > i)) {
+                toRead[n] = toRead[i] = true;
+            }
+        }
+    }
+    std::vector<std::uint32_t> entries;
+    for (std::uint32_t i = 0; i < Entries(); ++i) {
+        if (toRead[i]) {
+            entries.push_back(i);
+        }
+    }
+    return entries;
+}
+
 void cPairIndex::SplitByChecksum(std::int32_t i)
 {
     std::vector<std::uint32_t> open;
@@ -130,12 +177,19 @@ void cPairIndex::SplitByChecksum(std::int32_t i)
             open.push_back(n);
         }
     }
-    std::stable_sort(open.begin(), open.end(), [](std::uint32_t nLeft, std::uint32_t nRight) {
-        return FileList[nLeft].sCRC < FileList[nRight].sCRC;
-    });
-    for (std::size_t n = 0; n < open.size(); ++n) {
-        const bool bLinked = n + 1 < open.size() && FileList[open[n]].sCRC == FileList[open[n + 1]].sCRC;
-        m_nextSameKey[open[n]] = bLinked ? open[n + 1] : kNone;
+    platform::IndexTable nearest; // for each checksum, its entry with the lowest index so far
+    for (auto n = static_cast<std::uint32_t>(open.size()); n-- > 0 && !Stopped(n);) {
+        const std::uint32_t nEntry = open[n];
+        const tChecksumText sCRC = FileList[nEntry].sCRC;
+        const std::uint64_t nHash = platform::HashBytes(sCRC.View());
+        const auto isIt = [&](std::uint32_t nOther) { return FileList[nOther].sCRC == sCRC; };
+        auto* const pNearest = nearest.Find(nHash, isIt);
+        m_nextSameKey[nEntry] = pNearest != nullptr ? *pNearest : kNone;
+        if (pNearest != nullptr) {
+            *pNearest = nEntry;
+        } else {
+            nearest.Insert(nHash, nEntry);
+        }
     }
 }
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "mCommon.h"
-
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -26,7 +24,8 @@ class cPairIndex
 public:
     static constexpr std::uint32_t kNone = 0xFFFFFFFF;
 
-    /// Indexes FileList as it is now; it must not grow while the index is in use.
+    /// Indexes FileList as it is now; it must not grow while the index is in use. Yields now and then; what a
+    /// stop leaves of the index is of no use.
     explicit cPairIndex(PairKey key);
 
     /// How far the pass of an entry over the later ones has come.
@@ -41,8 +40,12 @@ public:
     /// The next entry of the pass, in ascending order, or none.
     std::optional<tCandidate> Next(tPass& pass) const;
 
+    /// The entries, in ascending order, whose files the comparison by content asks for if it runs to its end,
+    /// whatever is in them. With what is in them it may ask for some others. Yields like the constructor.
+    [[nodiscard]] std::vector<std::uint32_t> EntriesToRead() const;
+
     /// Parts the entries that share the key of `i` and follow it by their checksums, which are all known
-    /// now: from here on only those with equal checksums count as having the same key.
+    /// now: from here on only those with equal checksums count as having the same key. Yields now and then.
     void SplitByChecksum(std::int32_t i);
 
 private:

@@ -4,12 +4,15 @@
 #include "System.h"
 #include "cGroupRows.h"
 #include "cPairIndex.h"
-#include "cReadAhead.h"
 #include "mCommon.h"
 #include "mCompactPath.h"
 #include "mFindALLFiles.h"
 
+#include <memory>
+#include <new>
 #include <optional>
+#include <utility>
+#include <vector>
 
 namespace search {
 namespace {
@@ -26,33 +29,49 @@ bool StoppedAfterYield(std::int64_t nSteps = 1)
     return bStopped;
 }
 
-/// The first half of a search, up to the comparison; false if there is nothing to search.
-bool ScanFolders()
+/// From idle to working; false if there is nothing to search.
+bool BeginSearch()
 {
-    auto& folders = frmMain().lvFolders.ListItems;
-    auto& progress = frmProgress();
-    // 1. No folders, no search.
-    if (folders.Count() == 0) {
+    if (frmMain().lvFolders.ListItems.Count() == 0) {
         platform::Messages().Show("Please add at least one folder.", platform::MessageIcon::Exclamation);
         return false;
     }
-    // 2. to 5. From idle to working, with the pointer of an idle program: Cancel is to be clicked.
+    auto& progress = frmProgress();
     progress.Show();
     SetWorking(true);
     ClearResults();
+    // With the pointer of an idle program: Cancel is to be clicked.
     platform::TheScreen().SetMousePointer(platform::MousePointer::Default);
-    // 6. and 7. Scan. A stop is not looked for here: the walk notices it at its first entry.
     progress.lblStatus.SetCaption("Scanning...");
     progress.lblFolder.SetCaption(frmMain().sSelectedFolder());
     progress.Refresh();
+    return true;
+}
+
+/// Begins the reading of the folders of lvFolders.
+std::unique_ptr<platform::SearchReading> BeginReading()
+{
+    platform::tSearchedFolders searched;
+    auto& folders = frmMain().lvFolders.ListItems;
     for (std::size_t n = 1; n <= folders.Count(); ++n) {
-        FindAllFiles(std::string(folders(n).Text()));
+        searched.folders.emplace_back(folders(n).Text());
     }
-    // 8. Ready to compare.
+    searched.bHidden = frmMain().mnuOptionsHidden.Checked();
+    searched.nMaxSubfolders = kMaxSubfolders;
+    return platform::Files().BeginReading(searched);
+}
+
+/// The first half of a search, up to the comparison. A stop is not looked for here: the walk notices it.
+void ScanFolders(platform::SearchReading& reading)
+{
+    auto& folders = frmMain().lvFolders.ListItems;
+    for (std::size_t n = 1; n <= folders.Count(); ++n) {
+        FindAllFiles(std::string(folders(n).Text()), reading);
+    }
+    auto& progress = frmProgress();
     progress.pbProgress().SetValue(0);
     progress.pbProgress().SetMax(static_cast<float>(FileCount));
     progress.lblStatus.SetCaption("Comparing...");
-    return true;
 }
 
 /// The end of a search, cancelled or not.
@@ -60,15 +79,22 @@ void EndSearch()
 {
     frmMain().StatusBar1.Panels(2).SetText(std::to_string(frmMain().lvFiles.ListItems.Count()));
     SetWorking(false);
-    platform::Files().SearchEnded();
     frmProgress().Unload();
+}
+
+/// How an entry is read, by whoever reads it.
+platform::tFileToRead FileAt(std::uint32_t n)
+{
+    const tFileEntry& entry = FileList[n];
+    return {entry.sPath.View(), entry.sName.View(), entry.cySize};
 }
 
 /// The comparison of all entries of FileList in one of the two ways.
 class cComparison
 {
 public:
-    explicit cComparison(PairKey key) : m_bContent(key == PairKey::Size)
+    cComparison(PairKey key, platform::SearchReading& reading, cGroupRows& rows)
+        : m_bContent(key == PairKey::Size), m_reading(reading), m_rows(rows)
     {
         // After a cancel in the scan the comparison ends at its first step.
         if (bStopped) {
@@ -76,7 +102,8 @@ public:
         }
         m_index.emplace(key);
         if (m_bContent) {
-            m_readAhead.emplace(*m_index);
+            m_reading.ReadFiles({static_cast<std::uint32_t>(FileCount), m_index->EntriesToRead(), FileAt,
+                                 oCRC().SumOfBytes()});
         }
     }
 
@@ -84,7 +111,7 @@ public:
     void Run()
     {
         for (std::int32_t i = 0; i < FileCount; ++i) {
-            // 1. to 4. Yield, and move the bar; entries that are done get no further.
+            // Yield, and move the bar; entries that are done get no further.
             if (StoppedAfterYield()) {
                 return;
             }
@@ -95,14 +122,10 @@ public:
             if (StoppedAfterYield()) {
                 return;
             }
-            // 5. Show what is being compared.
             Show(Entry(i));
-            // 6. and 7. Compare it with all later entries.
             PassOver(i);
         }
     }
-
-    cGroupRows rows;
 
 private:
     void Show(const tFileEntry& entry)
@@ -115,6 +138,7 @@ private:
         frmProgress().lblFile.SetCaption(entry.sName.View());
     }
 
+    /// Compares entry `i` with all later ones.
     void PassOver(std::int32_t i)
     {
         const bool bNotYetRead = Entry(i).sCRC.empty();
@@ -123,29 +147,32 @@ private:
         cPairIndex::tPass pass = m_index->Start(i);
         while (const auto candidate = m_index->Next(pass)) {
             const std::int32_t j = candidate->j;
-            // 1. Yield for this pair and for those passed over, which could come to nothing.
+            // For this pair and for those passed over, which could come to nothing.
             if (StoppedAfterYield(j - nLast)) {
                 return;
             }
             nLast = j;
-            // 2. and 3. The same file reached twice is no duplicate of itself.
+            // The same file reached twice is no duplicate of itself.
             if (candidate->bSamePath) {
                 Entry(j).bDone = true;
             }
-            if (Entry(j).bDone) {
+            if (Entry(j).bDone || !candidate->bSameKey) {
                 continue;
             }
-            // 4. to 6. Equal in what the search asks for?
-            if (!candidate->bSameKey || (m_bContent && !SameChecksum(i, j))) {
-                continue;
+            if (m_bContent) {
+                if (!Awaited(i, j, pass)) {
+                    return;
+                }
+                if (Entry(i).sCRC != Entry(j).sCRC) {
+                    continue;
+                }
             }
-            // 7. The first match opens a group with entry i.
+            // The first match opens a group with entry i; entry j joins it.
             if (!bFound) {
-                rows.OpenGroup(Entry(i));
+                m_rows.OpenGroup(Entry(i));
                 Entry(i).bDone = true;
             }
-            // 8. Entry j joins it.
-            bFound = rows.Add(Entry(j)) || bFound;
+            bFound = m_rows.Add(Entry(j)) || bFound;
             Entry(j).bDone = true;
         }
         if (FileCount - 1 > nLast && StoppedAfterYield(FileCount - 1 - nLast)) {
@@ -157,31 +184,103 @@ private:
         }
     }
 
-    bool SameChecksum(std::int32_t i, std::int32_t j)
+    /// Fills the checksums of both entries; false if the search is stopped before they are known, and then
+    /// neither is filled. `pass` is where the pass of entry `i` goes on.
+    bool Awaited(std::int32_t i, std::int32_t j, const cPairIndex::tPass& pass)
     {
-        FillChecksum(i);
-        FillChecksum(j);
-        return Entry(i).sCRC == Entry(j).sCRC;
+        std::optional<std::int32_t> nSumOfI;
+        std::optional<std::int32_t> nSumOfJ;
+        const bool bKnown = (!Entry(i).sCRC.empty() || Await(i, i, j, pass, nSumOfI)) &&
+                            (!Entry(j).sCRC.empty() || Await(i, j, j, pass, nSumOfJ));
+        if (bKnown) {
+            FillChecksum(Entry(i), nSumOfI);
+            FillChecksum(Entry(j), nSumOfJ);
+        }
+        return bKnown;
     }
 
-    void FillChecksum(std::int32_t n)
+    /// Asks for entry `n` while entry `i` is compared with `j`, until the answer is there or a stop.
+    bool Await(std::int32_t i, std::int32_t n, std::int32_t j, const cPairIndex::tPass& pass,
+               std::optional<std::int32_t>& nSum)
     {
-        tFileEntry& entry = Entry(n);
+        for (;;) {
+            std::int32_t nNumber = 0;
+            switch (m_reading.AskFor(static_cast<std::uint32_t>(i), static_cast<std::uint32_t>(n), nNumber)) {
+            case platform::Answer::Ready:
+                nSum = nNumber;
+                return true;
+            case platform::Answer::Failed:
+                return true;
+            case platform::Answer::Stuck:
+                m_reading.ReadFirst(NextOfPass(i, j, pass));
+                break;
+            case platform::Answer::NotYet:
+                break;
+            }
+            if (StoppedAfterYield(0)) {
+                return false;
+            }
+        }
+    }
+
+    /// The entries that the pass of entry `i` needs next, from its pair with `j` on, as far as is worth it.
+    [[nodiscard]] std::vector<std::uint32_t> NextOfPass(std::int32_t i, std::int32_t j,
+                                                        cPairIndex::tPass pass) const
+    {
+        constexpr std::size_t kMost = 4'096;
+        std::vector<std::uint32_t> entries;
+        const auto addUnread = [&](std::int32_t n) {
+            if (Entry(n).sCRC.empty()) {
+                entries.push_back(static_cast<std::uint32_t>(n));
+            }
+        };
+        addUnread(i);
+        addUnread(j);
+        while (entries.size() < kMost) {
+            const auto candidate = m_index->Next(pass);
+            if (!candidate) {
+                break;
+            }
+            if (candidate->bSameKey && !candidate->bSamePath && !Entry(candidate->j).bDone) {
+                addUnread(candidate->j);
+            }
+        }
+        return entries;
+    }
+
+    static void FillChecksum(tFileEntry& entry, std::optional<std::int32_t> nSum)
+    {
         if (!entry.sCRC.empty()) {
             return;
         }
-        const auto checksum =
-            oCRC().CalculateFiles(entry.FullPath(), static_cast<std::int32_t>(entry.cySize));
+        const auto checksum = oCRC().CalculateFiles(nSum);
         const auto* pNumber = std::get_if<std::int32_t>(&checksum);
         entry.sCRC = tChecksumText(pNumber != nullptr ? static_cast<std::uint32_t>(*pNumber) : 0);
-        m_readAhead->FileRead(n, oCRC().LastReadWaited());
     }
 
     bool m_bContent;
+    platform::SearchReading& m_reading;
+    cGroupRows& m_rows;
     std::optional<cPairIndex> m_index;
-    std::optional<cReadAhead> m_readAhead;
     platform::StoredText m_sShownPath; ///< the folder on the label; none at the start
 };
+
+/// Scans and compares, by the key that `keyOf` names once the scan is over.
+template <typename KeyOf>
+void Search(KeyOf keyOf)
+{
+    cGroupRows rows;
+    try {
+        const auto reading = BeginReading();
+        ScanFolders(*reading);
+        cComparison(keyOf(), *reading, rows).Run();
+    } catch (const std::bad_alloc&) {
+        // What has been found so far stays. The table, which is of no more use, makes room for what follows.
+        FileCount = 0;
+        FileList.Clear();
+    }
+    rows.CloseGroup();
+}
 
 } // namespace
 
@@ -196,35 +295,30 @@ void mnuSearchFind_Click()
 
 void FindDuplicatesByName()
 {
-    if (!ScanFolders()) {
+    if (!BeginSearch()) {
         return;
     }
-    // 9. to 11. Compare, then close the last group.
-    const bool bNameSize = frmMain().mnuOptionsSearchNameSize.Checked();
-    frmMain().RowsComparedBy = bNameSize ? platform::ComparedBy::NameAndSize : platform::ComparedBy::Name;
-    cComparison comparison(bNameSize ? PairKey::NameAndSize : PairKey::Name);
-    comparison.Run();
-    comparison.rows.CloseGroup();
-    // 12. The list gets the focus, if its form may have it by now, and its current row is selected.
+    Search([] {
+        const bool bNameSize = frmMain().mnuOptionsSearchNameSize.Checked();
+        frmMain().RowsComparedBy = bNameSize ? platform::ComparedBy::NameAndSize : platform::ComparedBy::Name;
+        return bNameSize ? PairKey::NameAndSize : PairKey::Name;
+    });
+    // The list gets the focus, if its form may have it by now, and its current row is selected.
     auto& list = frmMain().lvFiles;
     static_cast<void>(list.SetFocus());
     if (auto item = list.SelectedItem()) {
         item->SetSelected(true);
     }
-    // 13. to 15. From working to idle.
     EndSearch();
 }
 
 void FindDuplicatesByContent()
 {
-    if (!ScanFolders()) {
+    if (!BeginSearch()) {
         return;
     }
     frmMain().RowsComparedBy = platform::ComparedBy::Content;
-    cComparison comparison(PairKey::Size);
-    comparison.Run();
-    comparison.rows.CloseGroup();
-    oCRC().ReleaseBuffer();
+    Search([] { return PairKey::Size; });
     EndSearch();
 }
 

@@ -1,19 +1,16 @@
 #include "mFindALLFiles.h"
 
+#include "FileTime.h"
 #include "FormMembers.h"
 #include "System.h"
 #include "mCommon.h"
 #include "mCompactPath.h"
 
-#include <cstdint>
-#include <limits>
 #include <optional>
 #include <vector>
 
 namespace search {
 namespace {
-
-constexpr auto kMaxSubfolders = static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max());
 
 /// True if the entry is not hidden, or hidden entries count.
 bool Accepted(const platform::tFindData& entry)
@@ -78,11 +75,23 @@ bool AppendFiles(const platform::FolderListing& listing, const std::string& sPat
     return true;
 }
 
+/// False if the folder cannot be opened, or the walk is to stop.
+bool Listed(const std::string& sPath, platform::SearchReading& reading, platform::FolderListing& listing)
+{
+    while (!bStopped) {
+        const auto answer = reading.ListFolder(sPath, listing);
+        if (answer != platform::Answer::NotYet) {
+            return answer == platform::Answer::Ready;
+        }
+        platform::DoEvents(0);
+    }
+    return false;
+}
+
 } // namespace
 
-void FindAllFiles(std::string sPath)
+void FindAllFiles(std::string sPath, platform::SearchReading& reading)
 {
-    // 1. The path ends in a separator.
     if (!sPath.ends_with(platform::kSeparator)) {
         sPath += platform::kSeparator;
     }
@@ -90,28 +99,25 @@ void FindAllFiles(std::string sPath)
     {
         // The listing of a folder is gone before its subfolders are entered.
         platform::FolderListing listing;
-        if (!platform::Files().ListFolder(sPath, listing)) {
+        if (!Listed(sPath, reading, listing)) {
             return;
         }
-        // 2. Subfolders.
         auto collected = CollectSubfolders(listing);
         if (!collected) {
             return;
         }
         subfolders = std::move(*collected);
-        // 3. Files.
         if (!AppendFiles(listing, sPath)) {
             return;
         }
     }
-    // 4. Descent.
     for (const std::string& sName : subfolders) {
         if (StoppedAfterYield()) {
             return;
         }
         const std::string sFull = sPath + sName;
         frmProgress().lblFolder.SetCaption(LabelText(sFull));
-        FindAllFiles(sFull + platform::kSeparator);
+        FindAllFiles(sFull + platform::kSeparator, reading);
     }
 }
 

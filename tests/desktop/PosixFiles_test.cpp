@@ -22,11 +22,7 @@ std::ptrdiff_t OpenDescriptors()
 class PosixFiles : public ::testing::Test
 {
 protected:
-    void TearDown() override
-    {
-        files.SearchEnded();
-        EXPECT_EQ(OpenDescriptors(), m_nBefore);
-    }
+    void TearDown() override { EXPECT_EQ(OpenDescriptors(), m_nBefore); }
 
     /// The length of a file once opened; -1 if that is refused.
     std::int64_t LengthOf(const std::string& sPath)
@@ -35,6 +31,17 @@ protected:
         const std::int64_t nLength = files.FileLength(h);
         files.CloseHandle(h);
         return nLength;
+    }
+
+    /// Lists a folder as a search does.
+    bool ListFolder(const std::string& sPath)
+    {
+        const auto reading = files.BeginReading({});
+        auto answer = platform::Answer::NotYet;
+        while (answer == platform::Answer::NotYet) {
+            answer = reading->ListFolder(sPath, listing);
+        }
+        return answer == platform::Answer::Ready;
     }
 
     support::TempTree tree;
@@ -60,7 +67,7 @@ TEST_F(PosixFiles, ListFilesAndFoldersOfAnyNameAndNothingElse)
     fs::create_symlink("-rf", tree.sRoot + "/link");
     ASSERT_EQ(mknod((tree.sRoot + "/fifo").c_str(), S_IFIFO | 0666, 0), 0);
     ASSERT_EQ(mknod((tree.sRoot + "/socket").c_str(), S_IFSOCK | 0666, 0), 0);
-    ASSERT_TRUE(files.ListFolder(tree.sRoot + "/", listing));
+    ASSERT_TRUE(ListFolder(tree.sRoot + "/"));
     std::set<std::string> listed;
     for (std::size_t n = 0; n < listing.Count(); ++n) {
         const auto entry = listing.Entry(n);
@@ -84,7 +91,7 @@ TEST_F(PosixFiles, ListNothingOfWhatIsNoFolderToRead)
     fs::permissions(tree.sRoot + "/locked", fs::perms::none);
     const support::Unprivileged user;
     for (const std::string sName : {"file", "gone", "link", "link/", "locked", "locked/"}) {
-        EXPECT_FALSE(files.ListFolder(tree.sRoot + "/" + sName, listing)) << sName;
+        EXPECT_FALSE(ListFolder(tree.sRoot + "/" + sName)) << sName;
         EXPECT_EQ(listing.Count(), 0U);
         EXPECT_EQ(files.CanonicalFolder(tree.sRoot + "/" + sName).has_value(), sName.starts_with("link"));
     }
@@ -94,7 +101,7 @@ TEST_F(PosixFiles, FindTheirWayWhereverAFolderStands)
 {
     // The root after something in it, and again; a folder that gives way to another of its name.
     for (const char* pFolder : {"/proc/", "/", "/"}) {
-        EXPECT_TRUE(files.ListFolder(pFolder, listing) && listing.Count() > 0) << pFolder;
+        EXPECT_TRUE(ListFolder(pFolder) && listing.Count() > 0) << pFolder;
     }
     LengthOf(tree.File("d/1"));
     LengthOf(tree.File("d/2"));
@@ -128,7 +135,6 @@ TEST_F(PosixFiles, OpenRegularFilesOnlyAndCreateWhatHasGone)
         EXPECT_EQ(LengthOf(sLocked), -1);
         EXPECT_EQ(LengthOf(sGone), -1);
     }
-    EXPECT_FALSE(files.AnnounceRead(sGone, 1));
     EXPECT_FALSE(files.PathFound(sGone));
     EXPECT_EQ(LengthOf(sGone), 0);
     EXPECT_TRUE(files.PathFound(sGone) && files.PathFound(tree.sRoot + "/link"));
@@ -138,7 +144,6 @@ TEST_F(PosixFiles, ReadWhatIsThere)
 {
     const std::string sContent(3'000'000, 'x');
     const std::string sFile = tree.File("file", sContent);
-    EXPECT_FALSE(files.AnnounceRead(sFile, 3'000'000)); // just written, it is in memory
     const auto h = files.CreateFileA(sFile);
     std::string sBuffer(sContent.size() + 10, '\0');
     const auto result = files.ReadFile(h, sBuffer.data(), sBuffer.size());
@@ -165,7 +170,7 @@ TEST_F(PosixFiles, AreWalkedToThePlatformsLimit)
     support::ScriptedSearch world;
     platform::UseSystem({&files, &platform::Events(), &platform::TheScreen(), &platform::Messages()});
     search::ClearResults();
-    search::FindAllFiles(tree.sRoot);
+    search::FindAllFiles(tree.sRoot, *files.BeginReading({}));
     const auto nLevels = (PATH_MAX - 1 - tree.sRoot.size()) / 2;
     EXPECT_EQ(search::FileCount, static_cast<std::int32_t>(nLevels));
     // The last file's path is longer than the limit, and it can be read all the same.

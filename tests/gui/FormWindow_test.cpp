@@ -18,11 +18,13 @@
 #include <QMenu>
 #include <QMetaEnum>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
 #include <QTreeView>
+#include <QWindow>
 #include <cmath>
 #include <functional>
 #include <gtest/gtest.h>
@@ -221,6 +223,19 @@ TEST_F(FormWindow, ADisabledFormPassesTheKeyboardOnToTheOneItOwns)
     one.Window()->activateWindow(); // as a window manager does at a click
     ASSERT_TRUE(QTest::qWaitForWindowActive(one.Window()));
     EXPECT_TRUE(QTest::qWaitForWindowActive(two.Window()));
+}
+
+TEST_F(FormWindow, AWindowKeepsToTheScreenWithItsFrame)
+{
+    two.form.design.bCenterOnScreen = true;
+    two.form.design.ClientHeight = 60000;
+    Show(two.form);
+    const QRect room = two.Window()->screen()->availableGeometry();
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        const QRect whole = two.Window()->frameGeometry();
+        return room.contains(whole) && std::abs(whole.center().x() - room.center().x()) <= 1;
+    }));
+    EXPECT_GT(two.Window()->windowHandle()->frameMargins().top(), 0) << "else this says nothing";
 }
 
 TEST_F(FormWindow, ABarIsCaughtBesideWhatShowsOfIt)

@@ -74,10 +74,10 @@ TEST(CRC, OfFiles)
     const auto of = [](const std::string& sBytes) { return tChecksum(cCRC().CalculateString(sBytes)); };
     support::ScriptedFiles files;
     platform::UseSystem({.files = &files});
-    files.files = {{"/full", {.sContent = kDigits, .bWaits = true}},
+    files.files = {{"/full", {.sContent = kDigits}},
                    {"/shrunk", {.sContent = kDigits, .nLength = 10}},
                    {"/locked", {.sContent = kDigits, .bOpens = false}},
-                   {"/torn", {.sContent = kDigits, .bReads = false, .bWaits = true}},
+                   {"/torn", {.sContent = kDigits, .bReads = false}},
                    {"/odd", {.sContent = kDigits, .nLength = -1}}};
     // What is told, as many bytes as are asked for, and what is read as long as it is.
     const struct {
@@ -100,13 +100,21 @@ TEST(CRC, OfFiles)
     cCRC oCRC;
     for (const auto& each : cases) {
         EXPECT_EQ(oCRC.CalculateFiles(each.sFile, each.nSize), each.sized) << each.sFile << ' ' << each.nSize;
-        EXPECT_EQ(oCRC.LastReadWaited(), each.sFile == "/full" && each.nSize >= 0) << each.sFile;
         oCRC.CalculateString("before"); // which a failure leaves alone
         const std::int32_t nBefore = oCRC.Value();
         EXPECT_EQ(oCRC.CalculateFile(each.sFile), each.whole) << each.sFile;
         EXPECT_EQ(oCRC.Value(), each.whole == failed ? nBefore : std::get<std::int32_t>(each.whole));
     }
     EXPECT_TRUE(files.PathFound("/new")) << "opening creates";
+    for (const std::int32_t nAlgorithm : {1, 0}) { // read by another
+        oCRC.Algorithm(nAlgorithm);
+        const auto* pDigits = reinterpret_cast<const std::uint8_t*>(kDigits.data());
+        const std::int32_t nSum = oCRC.SumOfBytes()(pDigits, kDigits.size());
+        EXPECT_EQ(oCRC.CalculateFiles(nSum), tChecksum(oCRC.CalculateString(kDigits)));
+        oCRC.CalculateFiles(nSum);
+        EXPECT_EQ(oCRC.CalculateFiles(std::nullopt), failed);
+        EXPECT_EQ(oCRC.Value(), nSum) << "a failure leaves it alone";
+    }
 #if !defined(__SANITIZE_ADDRESS__) // which ends the program instead of refusing
     files.files["/odd"].nLength = std::numeric_limits<std::int64_t>::max();
     EXPECT_EQ(cCRC().CalculateFile("/odd"), failed);

@@ -2,6 +2,7 @@
 
 #include "LiteralSearch.h"
 
+#include <algorithm>
 #include <random>
 
 namespace {
@@ -65,34 +66,6 @@ TEST(Search, DoesAllOnTheFormsInItsOrder)
     }
 }
 
-TEST(Search, AnnouncesWhatItWillReadWhenTheDiskIsCold)
-{
-    const struct {
-        int nFiles; ///< each of the second half of the same size as one of the first
-        std::size_t nSize;
-        int nEach; ///< how many files there are for one that is not in memory
-        std::size_t nMostAhead;
-    } cases[] = {{3000, 1, 1, 512}, {200, 1'000'000, 1, 64}, {3000, 1, 1000, 8}, {3000, 1, 4000, 0}};
-    for (const auto& [nFiles, nSize, nEach, nMostAhead] : cases) {
-        ScriptedSearch world;
-        world.AddFolder("/a");
-        for (int n = 0; n < nFiles; ++n) {
-            const std::string sName = std::to_string(n);
-            AddFile(world, "/a/", sName,
-                    std::string(nSize + static_cast<std::size_t>(n % (nFiles / 2)), 'x'));
-            world.files.files["/a/" + sName].bWaits = (n + 1) % nEach == 0;
-        }
-        Search(world, PairKey::Size);
-        ASSERT_EQ(world.files.opened.size(), static_cast<std::size_t>(nFiles));
-        EXPECT_EQ(world.files.nMostAhead, nMostAhead);
-        if (nEach == 1) { // all but the first, which was waited for unannounced, in reading order
-            EXPECT_EQ(world.files.announced, Paths(world.files.opened.begin() + 1, world.files.opened.end()));
-        } else {
-            EXPECT_LE(world.files.announced.size(), static_cast<std::size_t>(nFiles / nEach * 16));
-        }
-    }
-}
-
 TEST(Search, LooksAtFewPairsWhateverTheFilesAreLike)
 {
     for (const auto& [nSizes, nContents] : {std::pair(1, 1), std::pair(2, 1), std::pair(1, 2000)}) {
@@ -122,8 +95,10 @@ void MakeWorld(ScriptedSearch& world, unsigned nSeed)
             const std::string sName = names[below(static_cast<unsigned>(names.size()))];
             const std::int64_t nSize = below(8) == 0 ? 10'000'001 : below(3);
             listed.push_back({sName, false, nSize, static_cast<std::int64_t>(random())});
-            world.files.files[sFolder + sName] = {below(2) == 0 ? "xy" : "zw", below(8) != 0, below(8) != 0,
-                                                  below(3) == 0};
+            if (below(8) != 0) { // else it has gone since
+                world.files.files[sFolder + sName] = {below(2) == 0 ? "xy" : "zw", below(8) != 0,
+                                                      below(8) != 0};
+            }
         }
     }
     world.files.folders["/F/"].push_back({"s", true});
@@ -136,43 +111,71 @@ void MakeWorld(ScriptedSearch& world, unsigned nSeed)
     world.mnuOptionsHidden.SetChecked(below(2) == 0);
 }
 
+/// True if each path of `some` is in `all`, as often as there.
+bool AllAmong(Paths some, Paths all)
+{
+    std::sort(some.begin(), some.end());
+    std::sort(all.begin(), all.end());
+    return std::includes(all.begin(), all.end(), some.begin(), some.end());
+}
+
 TEST(Search, DoesExactlyWhatComparingAllPairsDoes)
 {
     std::size_t nRows = 0;
     std::size_t nCancelled = 0;
+    std::size_t nCancelledInWait = 0;
+    std::size_t nCreated = 0;
     for (unsigned nSeed = 0; nSeed < 6000; ++nSeed) {
         SCOPED_TRACE(nSeed);
         const auto key = static_cast<PairKey>(nSeed % 3);
-        const std::int64_t nCancelStep = nSeed % 2 == 0 ? 0 : 1 + nSeed * 7919 % 400;
-
-        ScriptedSearch literalWorld;
-        MakeWorld(literalWorld, nSeed);
-        literalWorld.nCancelStep = nCancelStep;
-        const LiteralSearch literal(literalWorld, key);
 
         ScriptedSearch world;
         MakeWorld(world, nSeed);
         if (world.lvFolders.ListItems.Count() == 0) {
             continue;
         }
+        std::int64_t nCancelStep = nSeed % 2 == 0 ? 0 : 1 + nSeed * 7919 % 400;
         world.nCancelStep = nCancelStep;
+        world.files.nSeed = nSeed % 7;
+        bool bInWait = false;
+        unsigned nLate = nSeed % 4 == 0 ? 1 + nSeed % 11 : 0; // the wait in which Cancel is clicked
+        world.files.onLate = [&] {
+            if (--nLate == 0) {
+                bInWait = search::bStopped = true;
+                nCancelStep = world.nSteps;
+            }
+        };
         Search(world, key);
+        const auto table = LiteralSearch::TableOfProgram();
+
+        ScriptedSearch literalWorld;
+        MakeWorld(literalWorld, nSeed);
+        literalWorld.nCancelStep = nCancelStep;
+        const LiteralSearch literal(literalWorld, key);
+        ScriptedSearch wholeWorld;
+        MakeWorld(wholeWorld, nSeed);
+        const LiteralSearch whole(wholeWorld, key);
 
         ASSERT_EQ(world.Rows(), literal.rows);
-        ASSERT_EQ(LiteralSearch::TableOfProgram(), literal.table);
-        ASSERT_EQ(world.files.opened, literalWorld.files.opened);
+        ASSERT_EQ(table, literal.table);
+        ASSERT_TRUE(AllAmong(literalWorld.files.opened, world.files.opened)) << "not read";
+        ASSERT_TRUE(AllAmong(world.files.opened, wholeWorld.files.opened)) << "read in vain";
+        ASSERT_EQ(world.files.created, literalWorld.files.created);
         if (nCancelStep == 0 || world.nSteps < nCancelStep) {
             ASSERT_EQ(world.nSteps, literalWorld.nSteps);
         } else {
-            ++nCancelled;
+            ++(bInWait ? nCancelledInWait : nCancelled);
         }
         if (!literal.sLabels.empty()) {
             ASSERT_EQ(world.Labels(), literal.sLabels);
         }
         nRows += literal.rows.size();
+        nCreated += world.files.created.size();
     }
     EXPECT_GT(nRows, 10'000U); // the worlds are not all dull
     EXPECT_GT(nCancelled, 500U);
+    EXPECT_GT(nCancelledInWait, 100U);
+    EXPECT_GT(nCreated, 100U);
 }
 
 } // namespace

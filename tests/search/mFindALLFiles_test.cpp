@@ -12,8 +12,9 @@ using Names = std::vector<std::string>;
 Names Found(std::initializer_list<const char*> roots)
 {
     search::ClearResults();
+    const auto reading = platform::Files().BeginReading({});
     for (const char* pRoot : roots) {
-        search::FindAllFiles(pRoot);
+        search::FindAllFiles(pRoot, *reading);
     }
     Names names;
     for (std::size_t n = 0; n < static_cast<std::size_t>(search::FileCount); ++n) {
@@ -58,6 +59,7 @@ TEST(FindAllFiles, StopsAtAnyStepAndKeepsWhatItHas)
         search::bStopped = false;
         world.nSteps = 0;
         world.nCancelStep = nStop;
+        world.files.nSeed = static_cast<unsigned>(nStop);
         const Names found = Found({"/r"});
         EXPECT_LE(world.nSteps, nStop + 2); // each level above notices at its next step
         ASSERT_LE(found.size(), all.size());

@@ -30,8 +30,9 @@ public:
     LiteralSearch(ScriptedSearch& world, search::PairKey key) : m_key(key)
     {
         search::ClearResults();
+        const auto reading = platform::Files().BeginReading({});
         for (std::size_t n = 1; n <= world.lvFolders.ListItems.Count(); ++n) {
-            search::FindAllFiles(std::string(world.lvFolders.ListItems(n).Text()));
+            search::FindAllFiles(std::string(world.lvFolders.ListItems(n).Text()), *reading);
         }
         table = TableOfProgram();
         for (std::size_t i = 0; i < table.size() && !StoppedAfterYield(); ++i) {

@@ -7,7 +7,9 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <map>
+#include <memory>
 #include <optional>
+#include <random>
 #include <set>
 #include <string>
 #include <vector>
@@ -23,7 +25,6 @@ public:
         std::string sContent;
         bool bOpens = true;
         bool bReads = true;
-        bool bWaits = false;                      ///< reads report that they waited for the disk
         std::optional<std::int64_t> nLength = {}; ///< what FileLength answers; without it, the truth
     };
     struct tListed {
@@ -37,12 +38,15 @@ public:
     std::map<std::string, platform::tFolderIdentity> identities;
     std::vector<std::string> opened;          ///< the paths given to CreateFileA, in order
     std::map<std::string, std::string> links; ///< where links to folders lead
-    std::vector<std::string> announced;
-    std::size_t nMostAhead = 0; ///< the most files that were announced and not opened at any time
+    std::vector<std::string> created;         ///< by opening what was missing
+
+    // A search's reading: ahead of what is asked for, and late with it, as a generator of numbers decides.
+    unsigned nSeed = 0;                   ///< 0: never late
+    std::function<void()> onLate = [] {}; ///< called where a file asked for is not there yet
 
     ~ScriptedFiles() override { EXPECT_TRUE(m_handles.empty()) << "a file was left open"; }
 
-    bool ListFolder(const std::string& sPath, platform::FolderListing& listing) override
+    bool ListFolder(const std::string& sPath, platform::FolderListing& listing)
     {
         listing.Clear();
         if (!folders.contains(sPath)) {
@@ -61,19 +65,17 @@ public:
     {
         return links.contains(sPath) ? std::optional(links[sPath]) : std::nullopt;
     }
-    bool AnnounceRead(const std::string& sPath, std::int64_t) override
+    std::unique_ptr<platform::SearchReading> BeginReading(const platform::tSearchedFolders&) override
     {
-        announced.push_back(sPath);
-        m_ahead.insert(sPath);
-        nMostAhead = std::max(nMostAhead, m_ahead.size());
-        return files[sPath].bWaits;
+        return std::make_unique<Reading>(*this);
     }
-    void SearchEnded() override {}
 
     platform::FileHandle CreateFileA(const std::string& sPath) override
     {
         opened.push_back(sPath);
-        m_ahead.erase(sPath);
+        if (!files.contains(sPath)) {
+            created.push_back(sPath);
+        }
         if (sPath.starts_with("/gone/") || !files[sPath].bOpens) {
             return platform::INVALID_HANDLE_VALUE;
         }
@@ -94,7 +96,7 @@ public:
         const std::size_t nRead = std::min(nBytes, file.sContent.size());
         std::memset(pBuffer, 0xA5, nBytes);
         std::memcpy(pBuffer, file.sContent.data(), nRead);
-        return {file.bReads, nRead, file.bWaits};
+        return {file.bReads, nRead};
     }
 
     void CloseHandle(platform::FileHandle hFile) override
@@ -103,7 +105,76 @@ public:
     }
 
 private:
-    std::set<std::string> m_ahead;
+    class Reading final : public platform::SearchReading
+    {
+    public:
+        explicit Reading(ScriptedFiles& files) : m_files(files), m_random(files.nSeed) {}
+
+        platform::Answer ListFolder(const std::string& sPath, platform::FolderListing& listing) override
+        {
+            if (Late()) {
+                return platform::Answer::NotYet;
+            }
+            return m_files.ListFolder(sPath, listing) ? platform::Answer::Ready : platform::Answer::Failed;
+        }
+
+        void ReadFiles(platform::tFilesToRead toRead) override { m_toRead = std::move(toRead); }
+
+        platform::Answer AskFor(std::uint32_t, std::uint32_t n, std::int32_t& nSum) override
+        {
+            while (m_nSwept < m_toRead.wanted.size() && !Late()) {
+                Read(m_toRead.wanted[m_nSwept++], false);
+            }
+            if (!m_sums.contains(n) && (m_nSwept < m_toRead.wanted.size() || !m_first.contains(n))) {
+                m_files.onLate();
+                return Late() ? platform::Answer::NotYet : platform::Answer::Stuck;
+            }
+            Read(n, true);
+            nSum = m_sums[n].value_or(0);
+            return m_sums[n] ? platform::Answer::Ready : platform::Answer::Failed;
+        }
+
+        void ReadFirst(std::vector<std::uint32_t> entries) override
+        {
+            m_first.insert(entries.begin(), entries.end());
+            for (const std::uint32_t n : entries) {
+                Read(n, false);
+            }
+        }
+
+    private:
+        bool Late() { return m_files.nSeed != 0 && m_random() % 2 == 0; }
+
+        /// Reads entry `n` unless it has been; creates what has gone only if it is asked for.
+        void Read(std::uint32_t n, bool bAsked)
+        {
+            const auto file = m_toRead.fileAt(n);
+            const std::string sPath = std::string(file.sFolder).append(file.sName);
+            if (m_sums.contains(n) || (!bAsked && !m_files.files.contains(sPath))) {
+                return;
+            }
+            auto& nSum = m_sums[n];
+            const auto h = m_files.CreateFileA(sPath);
+            std::vector<std::uint8_t> bytes(static_cast<std::size_t>(file.nBytes) + 1);
+            if (h != platform::INVALID_HANDLE_VALUE) {
+                const auto result = m_files.ReadFile(h, bytes.data(), bytes.size() - 1);
+                std::fill(bytes.begin() + static_cast<std::ptrdiff_t>(result.nBytes), bytes.end(),
+                          std::uint8_t{0});
+                if (result.bRead) {
+                    nSum = m_toRead.sumOf(bytes.data(), bytes.size() - 1);
+                }
+                m_files.CloseHandle(h);
+            }
+        }
+
+        ScriptedFiles& m_files;
+        std::mt19937 m_random;
+        platform::tFilesToRead m_toRead;
+        std::size_t m_nSwept = 0;
+        std::set<std::uint32_t> m_first;
+        std::map<std::uint32_t, std::optional<std::int32_t>> m_sums;
+    };
+
     std::map<platform::FileHandle, const tFile*> m_handles;
     platform::FileHandle m_nLastHandle = 0;
 };

@@ -51,7 +51,7 @@ public:
 
     ScriptedFiles files;
     std::int64_t nSteps = 0;      ///< the steps yielded for so far
-    std::int64_t nYields = 0;     ///< in how many calls
+    std::int64_t nYields = 0;     ///< in how many calls; those in which it waits not counted
     std::int64_t nCancelStep = 0; ///< the step at which Cancel is clicked; 0 for never
     std::string sCalls;           ///< all that was asked of the forms and the screen, each behind a "; "
     bool bKeepsEnabled = false;   ///< somebody enables the main form as soon as the search has disabled it
@@ -100,7 +100,7 @@ private:
     {
         const bool bBefore = nSteps < nCancelStep;
         nSteps += nStepsNow;
-        ++nYields;
+        nYields += nStepsNow > 0 ? 1 : 0;
         search::bStopped = search::bStopped || (bBefore && nSteps >= nCancelStep);
     }
 

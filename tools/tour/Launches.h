@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Control.h"
 #include "LaunchCode.h"
 #include "Launching.h"
 

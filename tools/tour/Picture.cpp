@@ -17,7 +17,8 @@ bool IsFramed(const QWidget& window)
     return qobject_cast<const QMenu*>(&window) == nullptr;
 }
 
-/// What lies over what: the main window and those beside it, the windows over it, a message over these, menus.
+/// What lies over what: the main window and those beside it, the windows over it, a message over these,
+/// menus.
 int Layer(const QWidget& window)
 {
     if (!IsFramed(window)) {

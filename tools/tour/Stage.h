@@ -1,7 +1,10 @@
 #pragma once
 
+#include "Control.h"
 #include "EventLoop.h"
+#include "Form.h"
 #include "Launches.h"
+#include "Menu.h"
 #include "SampleTree.h"
 #include "frmMain.h"
 
@@ -10,6 +13,7 @@
 #include <cstdint>
 #include <fstream>
 #include <functional>
+#include <ostream>
 #include <set>
 #include <string>
 #include <string_view>

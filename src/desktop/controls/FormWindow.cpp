@@ -50,7 +50,7 @@ FormWindow::FormWindow(platform::Form& form, QWidget* pOwner)
     const QSize inside(Pixels(form.design.ClientWidth), Pixels(form.design.ClientHeight));
     const QSize whole = inside + QSize(0, MenuHeight(inside.width()));
     if (form.design.bSizable) {
-        resize(whole.boundedTo(screen()->availableSize()));
+        resize(whole);
     } else {
         setFixedSize(whole);
     }
@@ -125,6 +125,13 @@ void FormWindow::ShowUp(bool bModal)
         ControlChanged(*m_pForm);
     } else if (!order.empty()) {
         order.front()->setFocus(Qt::OtherFocusReason);
+    }
+}
+
+void FormWindow::FitWithFrame()
+{
+    if (m_pForm != nullptr && StateOf(*this) == platform::WindowState::Normal) {
+        PlaceOnScreen(*this, m_pForm->design, m_pOwner);
     }
 }
 
@@ -232,6 +239,15 @@ void FormWindow::keyPressEvent(QKeyEvent* pEvent)
         return;
     }
     pButton->Click();
+}
+
+void FormWindow::paintEvent(QPaintEvent* pEvent)
+{
+    QWidget::paintEvent(pEvent);
+    if (m_bFrameUnknown && windowHandle()->isExposed()) {
+        m_bFrameUnknown = false;
+        QMetaObject::invokeMethod(this, &FormWindow::FitWithFrame, Qt::QueuedConnection);
+    }
 }
 
 void FormWindow::resizeEvent(QResizeEvent* pEvent)

@@ -49,6 +49,7 @@ protected:
     void changeEvent(QEvent* pEvent) override;
     void closeEvent(QCloseEvent* pEvent) override;
     void keyPressEvent(QKeyEvent* pEvent) override;
+    void paintEvent(QPaintEvent* pEvent) override;
     void resizeEvent(QResizeEvent* pEvent) override;
     bool focusNextPrevChild(bool bNext) override;
 
@@ -58,17 +59,19 @@ private:
     [[nodiscard]] int MenuHeight(int nWidth) const;
     void TellSize();
     void WaitUntilExposed();
+    void FitWithFrame();
     void FocusMoved(const QWidget* pNow);
     [[nodiscard]] std::vector<QWidget*> TabOrder() const;
 
     platform::Form* m_pForm; ///< null once the window has been taken down
-    QWidget* m_pOwner;       ///< looked at only while the window is made and shown
+    QPointer<QWidget> m_pOwner;
     QMenuBar* m_pMenuBar = nullptr;
     QWidget* m_pInside; ///< all but the menu bar; holds the controls' widgets
     std::unique_ptr<InputGate> m_inputGate;
     std::unique_ptr<Menus> m_menus;
     std::vector<std::unique_ptr<ControlView>> m_views;
     std::optional<std::tuple<QSize, platform::WindowState>> m_told;
+    bool m_bFrameUnknown = true;
     bool m_bWaits = false;        ///< for the system, to bring the window to the screen
     QPointer<QEventLoop> m_pLoop; ///< the one that runs until the window is down
 };

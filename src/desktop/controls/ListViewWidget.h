@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Control.h"
 #include "ListView.h"
 #include "MarkDelegate.h"
 #include "RowModel.h"
@@ -7,6 +8,7 @@
 #include "RowSelection.h"
 #include "SpokenRows.h"
 #include "TypeAhead.h"
+#include "Widgets.h"
 
 #include <QBasicTimer>
 #include <QTreeView>

@@ -19,15 +19,6 @@
 namespace desktop {
 namespace {
 
-/// To the window below one that has been closed. Window managers do this by themselves, but not everybody has
-/// one.
-void GiveBackKeyboard(QWidget* pWindow)
-{
-    if (pWindow != nullptr && pWindow->isVisible()) {
-        pWindow->activateWindow();
-    }
-}
-
 /// The place of the current row on the screen, or the list's own where that row is out of sight.
 QPoint CurrentRowOn(const QAbstractItemView& rows)
 {
@@ -86,14 +77,12 @@ void QtWindows::ShowForm(platform::Form& form, bool bModal, platform::Form* pOwn
         return;
     }
     // A modal form without an owner of its own stays over the window from which it was opened.
-    const QPointer<QWidget> pOver =
-        bModal && pOwner == nullptr ? QApplication::activeWindow() : WindowOf(pOwner);
+    QWidget* const pOver = bModal && pOwner == nullptr ? QApplication::activeWindow() : WindowOf(pOwner);
     auto* const pWindow = new FormWindow(form, pOver);
     m_windows[&form] = pWindow;
     pWindow->ShowUp(bModal);
     if (bModal && WindowOf(&form) == pWindow) {
         pWindow->RunUntilDown();
-        GiveBackKeyboard(pOver);
     }
 }
 
@@ -175,15 +164,13 @@ float QtWindows::TwipsPerPixelY()
 
 void QtWindows::Show(std::string_view sText, platform::MessageIcon icon)
 {
-    const QPointer<QWidget> pOver = QApplication::activeWindow();
-    QMessageBox box(pOver);
+    QMessageBox box(QApplication::activeWindow());
     box.setIcon(icon == platform::MessageIcon::Stop ? QMessageBox::Critical : QMessageBox::Warning);
     box.setWindowTitle(QStringLiteral("Tallyfen"));
     box.setTextFormat(Qt::PlainText);
     box.setText(Breakable(QString::fromUtf8(sText.data(), static_cast<qsizetype>(sText.size()))));
     box.setStandardButtons(QMessageBox::Ok);
     box.exec();
-    GiveBackKeyboard(pOver);
 }
 
 } // namespace desktop

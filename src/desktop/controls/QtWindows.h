@@ -1,5 +1,6 @@
 #pragma once
 
+#include "KeyboardReturn.h"
 #include "MessageBoxes.h"
 #include "Screen.h"
 #include "WindowManager.h"
@@ -43,6 +44,7 @@ public:
 private:
     [[nodiscard]] QWidget* WindowOf(const platform::Form* pForm) const;
 
+    KeyboardReturn m_keyboardReturn;
     std::map<const platform::Form*, FormWindow*> m_windows;
     QPointer<QWidget> m_locked; ///< the widget in which all drawing is stopped
     bool m_bRuns = false;

@@ -1,9 +1,27 @@
 #include "WindowFrame.h"
 
 #include <QScreen>
+#include <QStyle>
+#include <QWindow>
 #include <algorithm>
 
 namespace desktop {
+namespace {
+
+/// The frame that the system has put around a window, or is about to: before it shows nobody can say, but it
+/// will be like that of its owner, and it will have a title.
+QMargins FrameAround(const QWidget& window, const QWidget* pOwner)
+{
+    const QWindow* const pHandle = window.windowHandle();
+    if (pHandle != nullptr && (pHandle->isExposed() || !pHandle->frameMargins().isNull())) {
+        return pHandle->frameMargins();
+    }
+    return pOwner != nullptr && pOwner->windowHandle() != nullptr
+               ? pOwner->windowHandle()->frameMargins()
+               : QMargins(0, window.style()->pixelMetric(QStyle::PM_TitleBarHeight), 0, 0);
+}
+
+} // namespace
 
 Qt::WindowFlags FrameOf(const platform::tFormDesign& design)
 {
@@ -23,12 +41,18 @@ void PlaceOnScreen(QWidget& window, const platform::tFormDesign& design, const Q
     const bool bOnOwner = !design.bCenterOnScreen && pOwner != nullptr;
     const QScreen* const pScreen = bOnOwner ? pOwner->screen() : window.screen();
     const QRect room = pScreen->availableGeometry();
-    QRect place(QPoint(), window.size());
+    const QMargins frame = FrameAround(window, pOwner);
+    if (design.bSizable) {
+        window.resize(window.size().boundedTo(room.marginsRemoved(frame).size()));
+    }
+    QRect place = QRect(QPoint(), window.size()).marginsAdded(frame);
     place.moveCenter(bOnOwner ? pOwner->frameGeometry().center() : room.center());
     // The upper left corner counts most where the screen is too small.
     place.moveLeft(std::max(room.left(), std::min(place.left(), room.right() + 1 - place.width())));
     place.moveTop(std::max(room.top(), std::min(place.top(), room.bottom() + 1 - place.height())));
-    window.move(place.topLeft());
+    if (window.pos() != place.topLeft()) {
+        window.move(place.topLeft());
+    }
 }
 
 platform::WindowState StateOf(const QWidget& window)

@@ -180,7 +180,7 @@ tEnding FileTransfer::Copy(const tJob& job)
     if (!ending.IsDone()) {
         return ending;
     }
-    if (m_bMove && IsOpenForWriting(source.Get())) {
+    if (m_bMove && WriteLease(source.Get()).IsOpenForWriting()) {
         return tEnding::NotDone(kOpenForWriting);
     }
     TemporaryFile made(job.target.Folder());
@@ -200,7 +200,7 @@ tEnding FileTransfer::Copy(const tJob& job)
         ending.sReason += made.Remove() ? "" : " An unfinished copy is left at the destination, hidden.";
         return ending;
     }
-    ending = Finish(job, source.Get(), made);
+    ending = Finish(job, {source.Get(), before.status}, made);
     if (ending.IsDone()) {
         ending.sReason = filled.sReason;
     }
@@ -232,18 +232,20 @@ tEnding FileTransfer::Fill(const tJob& job, int hSource, const Status& status, c
     return ending.IsDone() ? kept : ending;
 }
 
-/// What is left to do once the copy has its name. `hSource` is the file that was copied.
-tEnding FileTransfer::Finish(const tJob& job, int hSource, const TemporaryFile& copy) const
+/// What is left to do once the copy has its name.
+tEnding FileTransfer::Finish(const tJob& job, const tOriginal& original, const TemporaryFile& copy) const
 {
+    const auto lastLook = [&]() -> std::string {
+        return !job.target.Look().IsSameFileAs(LookAt(copy.Get()))
+                   ? "The copy has been taken away from the destination meanwhile."
+               : !job.target.Folder().IsWhereItWas() ? kTargetMoved
+                                                     : "";
+    };
     // The new name is on the disk before the old one goes.
     const int nError = m_bMove ? SyncFolder(job.target.Folder(), copy.Get()) : 0;
-    const std::string sWhyNot = nError != 0 ? Reason(nError, Step::Write)
-                                : !job.target.Look().IsSameFileAs(LookAt(copy.Get()))
-                                    ? "The copy has been taken away from the destination meanwhile."
-                                : !job.target.Folder().IsWhereItWas() ? kTargetMoved
-                                                                      : "";
+    const std::string sWhyNot = nError != 0 ? Reason(nError, Step::Write) : lastLook();
     tEnding ending = !sWhyNot.empty() ? tEnding::NotDone(sWhyNot)
-                     : m_bMove        ? RemoveSource(job.source, hSource)
+                     : m_bMove        ? RemoveSource(job.source, original.h, original.status, lastLook)
                                       : tEnding();
     if (!ending.IsDone()) {
         ending.sReason = (m_bMove ? "It was copied but not removed. " : "It was copied. ") + ending.sReason;

@@ -43,6 +43,12 @@ private:
         std::optional<tFileIdentity> replaced{}; ///< what the user has agreed to have replaced
     };
 
+    /// A file that is copied, open, and what it was when that began.
+    struct tOriginal {
+        int h;
+        const Status& status;
+    };
+
     /// Gives a file the target's name without replacing.
     using Names = std::function<tRelocation()>;
 
@@ -52,7 +58,7 @@ private:
     tRelocation Place(const tJob& job, const Names& names);
     tEnding Copy(const tJob& job);
     static tEnding Fill(const tJob& job, int hSource, const Status& status, const TemporaryFile& made);
-    [[nodiscard]] tEnding Finish(const tJob& job, int hSource, const TemporaryFile& copy) const;
+    [[nodiscard]] tEnding Finish(const tJob& job, const tOriginal& original, const TemporaryFile& copy) const;
 
     TargetFolders m_folders;
     TrashCan m_trash; ///< for what is replaced

@@ -82,10 +82,11 @@ tRelocation Relocate(const HeldFile& file, const tNewPlace& place)
 tRelocation GoBack(const HeldFile& file, const tNewPlace& place, const std::string& sWhy)
 {
     const int nError = RenameWithoutReplacing(place.to.Name(), file.Entry().Name());
-    if (nError == ENOENT) {
-        return {tEnding::NotDone(sWhy)};
-    }
-    return {tEnding::NotDone(sWhy + (nError == 0 ? " It has been put back." : place.pLies)), nError == 0};
+    const bool bThere = nError != 0 && place.to.Look().nError != ENOENT;
+    return {tEnding::NotDone(sWhy + (nError == 0 ? " It has been put back."
+                                     : bThere    ? place.pLies
+                                                 : "")),
+            !bThere};
 }
 
 } // namespace desktop

@@ -1,15 +1,30 @@
 // SPDX-License-Identifier: MIT
 #include "HeldFolder.h"
 
+#include "FileSystem.h"
 #include "Retried.h"
 #include "SystemCalls.h"
 
 #include <fcntl.h>
-#include <utility>
+#include <filesystem>
 
 namespace desktop {
+namespace {
 
-HeldFolder::HeldFolder(std::string sPath) : m_sPath(std::move(sPath))
+/// The path without "." and ".." and needless separators. No link is followed, so that its letters are all
+/// there is to it.
+std::string Tidy(const std::string& sFolder)
+{
+    std::string sTidy = std::filesystem::path(sFolder).lexically_normal().string();
+    while (sTidy.size() > 1 && sTidy.back() == platform::kSeparator) {
+        sTidy.pop_back();
+    }
+    return sTidy;
+}
+
+} // namespace
+
+HeldFolder::HeldFolder(const std::string& sPath) : m_sPath(Tidy(sPath))
 {
     m_folder = OpenFolder(m_sPath, m_look.nError);
     if (m_folder.IsOpen()) {

@@ -14,7 +14,7 @@ class HeldFolder
 {
 public:
     /// Opens the folder of this full path, unless a link is on the way.
-    explicit HeldFolder(std::string sPath);
+    explicit HeldFolder(const std::string& sPath);
 
     /// None, for this reason.
     explicit HeldFolder(int nError) : m_look{nError, {}} {}

@@ -4,24 +4,12 @@
 #include "FileSystem.h"
 
 #include <cerrno>
-#include <filesystem>
 
 namespace desktop {
 namespace {
 
 /// A process has 1,024 descriptors, and a batch of files for the trash needs some hundreds.
 constexpr std::size_t kMostHeld = 200;
-
-/// The path without "." and ".." and needless separators. No link is followed, so that its letters are all
-/// there is to it.
-std::string Tidy(const std::string& sFolder)
-{
-    std::string sTidy = std::filesystem::path(sFolder).lexically_normal().string();
-    while (sTidy.size() > 1 && sTidy.back() == platform::kSeparator) {
-        sTidy.pop_back();
-    }
-    return sTidy;
-}
 
 } // namespace
 
@@ -43,7 +31,7 @@ FolderPtr HeldFolders::Get(const std::string& sFolder)
         }
         m_nHeld = 0;
     }
-    auto pFolder = std::make_shared<HeldFolder>(Tidy(sFolder));
+    auto pFolder = std::make_shared<HeldFolder>(sFolder);
     const bool bKnown = known.look.nError == 0;
     if (pFolder->Error() == 0 && bKnown && !pFolder->Look().IsSameFileAs(known.look)) {
         return std::make_shared<HeldFolder>(ESTALE);

@@ -131,15 +131,15 @@ HeldFile OperationRun::Held(const tPlannedFile& file)
 
 void OperationRun::TrashAll()
 {
-    TrashCan trash;
-    LastLook look(m_folders);
+    CopyLook look(m_folders);
+    TrashCan trash(&look);
     for (std::size_t n = 0; n < m_toTrash.size() && !m_bCancelled;) {
         n += TrashSome(trash, look, n);
     }
 }
 
 /// Puts some files from the `nFirst`th on into the trash; how many have been dealt with.
-std::size_t OperationRun::TrashSome(TrashCan& trash, LastLook& look, std::size_t nFirst)
+std::size_t OperationRun::TrashSome(TrashCan& trash, CopyLook& look, std::size_t nFirst)
 {
     const auto start = Clock::now();
     std::vector<HeldFile> held;
@@ -163,13 +163,14 @@ std::size_t OperationRun::TrashSome(TrashCan& trash, LastLook& look, std::size_t
         ++n;
     }
     const auto fileOf = [&](std::size_t nHeld) -> const tPlannedFile& { return m_plan.files[places[nHeld]]; };
-    trash.Put(held, {[&](std::size_t nHeld) { return GoOn(fileOf(nHeld).sPath); },
-                     [&](std::size_t nHeld) {
-                         return look.Before(held[nHeld], m_consent.ToCompare(places[nHeld], m_answer),
-                                            [&](std::int64_t) { return GoOn(fileOf(nHeld).sPath); });
-                     },
-                     [&](std::size_t) { return look.After(); },
-                     [&](std::size_t nHeld, tEnding ending) { End(fileOf(nHeld), std::move(ending)); }});
+    trash.Put(
+        held,
+        [&](std::size_t nHeld) {
+            look.Begin(held[nHeld], m_consent.ToCompare(places[nHeld], m_answer),
+                       [&, nHeld](std::int64_t) { return GoOn(fileOf(nHeld).sPath); });
+            return GoOn(fileOf(nHeld).sPath);
+        },
+        [&](std::size_t nHeld, tEnding ending) { End(fileOf(nHeld), std::move(ending)); });
     return n - nFirst;
 }
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "CopyLook.h"
 #include "FileTransfer.h"
 #include "FreeRoom.h"
 #include "HeldFolders.h"
-#include "LastLook.h"
 #include "OperationPlan.h"
 #include "OperationThread.h"
 #include "TrashCan.h"
@@ -50,7 +50,7 @@ private:
     void Arrive(const FolderPtr& pFolder);
     HeldFile Held(const tPlannedFile& file);
     void TrashAll();
-    std::size_t TrashSome(TrashCan& trash, LastLook& look, std::size_t nFirst);
+    std::size_t TrashSome(TrashCan& trash, CopyLook& look, std::size_t nFirst);
     void TransferAll();
     void NameAstray(const FileTransfer& transfer);
 

@@ -66,6 +66,8 @@ constexpr std::array kReasons{
     tReason{ELOOP, Step::Write, "One of the folders on the way to the destination has become a link."},
     tReason{EOPNOTSUPP, Step::Trash, "The volume that it is on has no trash."},
     tReason{EXDEV, Step::Trash, "The volume that it is on has no trash."},
+    tReason{ESTALE, Step::Trash, "Another program has come in between."},
+    tReason{ESTALE, Step::Remove, "Another program has come in between."},
     tReason{ENOENT, Step::Enter, kGone},
     tReason{ENOTDIR, Step::Enter, kGone},
     tReason{ELOOP, Step::Enter, "One of the folders that it is in has become a link."},

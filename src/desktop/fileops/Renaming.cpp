@@ -49,24 +49,24 @@ int Restore(const tName& aside, const tName& name)
     return nError;
 }
 
-/// Takes the first of a file's two names away, unless another file has got it meanwhile. `bStays` says
-/// whether it is there if that failed.
-int DropFirstName(const tName& first, const tName& second, bool& bStays)
+/// Takes the first of a file's two names away, unless one of them is another file's meanwhile. If that
+/// failed, the first one is there again as far as that can be had.
+int DropFirstName(const tName& first, const tName& second)
 {
+    // Nobody else knows it.
+    if (IsHiddenName(first.sName, HiddenKind::Copy)) {
+        return Unlink(first);
+    }
     const tName aside{first.hFolder, HiddenName(HiddenKind::Source, first.sName)};
     int nError = aside.sName.empty() ? EAGAIN : Rename(first, aside, 0);
-    bStays = nError != 0;
     if (nError != 0) {
         return nError;
     }
-    nError = Look(aside).IsSameFileAs(Look(second)) ? Unlink(aside) : 0;
-    if (nError == 0 && Look(aside).nError == ENOENT) {
-        return 0;
+    nError = Look(aside).IsSameFileAs(Look(second)) ? Unlink(aside) : ESTALE;
+    if (nError != 0) {
+        Restore(aside, first);
     }
-    // It could not go, or is another program's file.
-    const int nBack = Restore(aside, first);
-    bStays = nBack == 0;
-    return nError != 0 ? nError : nBack;
+    return nError;
 }
 
 /// A second name replaces nothing either.
@@ -76,9 +76,8 @@ int LinkAndUnlink(const tName& from, const tName& to)
     if (nError != 0) {
         return nError;
     }
-    bool bStays = false;
-    nError = DropFirstName(from, to, bStays);
-    if (nError != 0 && bStays) {
+    nError = DropFirstName(from, to);
+    if (nError != 0 && Look(to).IsSameFileAs(Look(from))) {
         Unlink(to);
     }
     return nError;

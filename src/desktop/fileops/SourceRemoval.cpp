@@ -14,6 +14,8 @@
 namespace desktop {
 namespace {
 
+constexpr const char* kChanged = "It has changed in the meantime.";
+
 /// A file that is out of everybody's way for a moment. Its hidden name has its own at the end, by which a
 /// later run finds it should this one die; where that makes the name too long, it lies in a hidden folder
 /// instead.
@@ -79,22 +81,33 @@ private:
     Descriptor m_folder;
 };
 
-/// What speaks against removing the file that has been set aside; empty if nothing.
-std::string WhyNot(const SetAside& aside, const HeldFile& file, int hSource)
+/// True if a file has been changed in any way, also if its times have been set back since.
+bool IsTouched(int h, const Status& before)
 {
+    const tLook now = LookAt(h);
+    return now.nError != 0 || now.status.st_ctim.tv_sec != before.st_ctim.tv_sec ||
+           now.status.st_ctim.tv_nsec != before.st_ctim.tv_nsec;
+}
+
+/// What speaks against removing the file that has been set aside; empty if nothing.
+std::string WhyNot(const SetAside& aside, const HeldFile& file, int hSource, const WriteLease& lease)
+{
+    const tLook set = LookAt(hSource);
     if (!aside.Look().IsSameFileAs(LookAt(file.Get()))) {
         return "Something else took its place in that moment.";
     }
-    if (IsOpenForWriting(hSource)) {
+    if (lease.IsOpenForWriting()) {
         return kOpenForWriting;
     }
     // Behind the question who may still write, so that what was written before is seen.
-    return IsStill(aside.Look(), file.Expected()).sReason;
+    const tEnding still = IsStill(aside.Look(), file.Expected());
+    return still.IsDone() && IsTouched(hSource, set.status) ? kChanged : still.sReason;
 }
 
 } // namespace
 
-tEnding RemoveSource(const HeldFile& file, int hSource)
+tEnding RemoveSource(const HeldFile& file, int hSource, const Status& before,
+                     const std::function<std::string()>& lastLook)
 {
     // Where locks are not to be had, a later run cannot tell that this one lives, and leaves the file alone.
     Retried([&] { return flock(hSource, LOCK_SH | LOCK_NB); });
@@ -102,12 +115,23 @@ tEnding RemoveSource(const HeldFile& file, int hSource)
     if (!ending.IsDone()) {
         return ending;
     }
+    // Held over the rename, which changes the time of change itself and so hides what is written in that
+    // moment.
+    const WriteLease lease(hSource);
+    if (lease.IsOpenForWriting()) {
+        return tEnding::NotDone(kOpenForWriting);
+    }
+    if (IsTouched(hSource, before)) {
+        return tEnding::NotDone(kChanged);
+    }
     SetAside aside(file.Entry());
     int nError = aside.Begin();
     if (nError != 0) {
         return tEnding::NotDone(Reason(nError, Step::Remove));
     }
-    std::string sWhyNot = WhyNot(aside, file, hSource);
+    std::string sWhyNot = WhyNot(aside, file, hSource, lease);
+    sWhyNot = sWhyNot.empty() ? lastLook() : sWhyNot;
+    sWhyNot = sWhyNot.empty() && lease.IsOpenForWriting() ? kOpenForWriting : sWhyNot;
     if (sWhyNot.empty()) {
         nError = aside.Remove();
         if (nError == 0) {

@@ -3,13 +3,18 @@
 
 #include "HeldFile.h"
 
+#include <functional>
+#include <string>
+
 namespace desktop {
 
 /// Removes the source of a move for good once its copy is safe. It is set aside first, under a name that
-/// nobody can guess, so that what goes is what was looked at. `hSource` is open for reading only. Not done if
-/// it is not the file that was held, or was written to, or may be written to still; then it has its name
-/// back, or the reason says under which name it is.
-tEnding RemoveSource(const HeldFile& file, int hSource);
+/// nobody can guess, so that what goes is what was looked at. `hSource` is open for reading only, and was
+/// `before` when the copy began. `lastLook` says what speaks against it when all is ready; empty if nothing.
+/// Not done if it is not the file that was held, or was written to, or may be written to still; then it has
+/// its name back, or the reason says under which name it is.
+tEnding RemoveSource(const HeldFile& file, int hSource, const Status& before,
+                     const std::function<std::string()>& lastLook);
 
 /// The reason for a file that somebody writes to.
 inline constexpr const char* kOpenForWriting = "Another program has it open for writing.";

@@ -1,6 +1,5 @@
 #include "TargetFolders.h"
 
-#include "CanonicalPath.h"
 #include "Reasons.h"
 #include "Retried.h"
 #include "TrashFolders.h"
@@ -12,16 +11,12 @@ namespace {
 
 tTargetFolder Opened(const std::string& sPath)
 {
-    const std::string sCanonical = CanonicalPath(sPath);
-    if (sCanonical.empty()) {
-        return {nullptr, Reason(errno, Step::Write), {}};
-    }
-    auto pFolder = std::make_shared<HeldFolder>(sCanonical);
+    auto pFolder = std::make_shared<HeldFolder>(sPath);
     if (pFolder->Error() != 0) {
         return {nullptr, Reason(pFolder->Error(), Step::Write), {}};
     }
     // What is brought into a trash directly has no note there, and is lost when the trash is emptied.
-    return {pFolder, IsInTrash(sCanonical) ? "The destination is inside the trash." : "", {}};
+    return {pFolder, IsInTrash(pFolder->Path()) ? "The destination is inside the trash." : "", {}};
 }
 
 } // namespace

@@ -20,7 +20,7 @@ struct tTargetFolder {
 class TargetFolders
 {
 public:
-    /// The folder of this path, which may lead there by links when it is first asked for.
+    /// The folder of this path, on which there must be no link.
     tTargetFolder& Get(const std::string& sPath);
 
     /// The paths of files that have been brought to a folder which is no longer where it was.

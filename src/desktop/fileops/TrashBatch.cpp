@@ -103,37 +103,57 @@ int TrashBatch::Sync(bool bAll)
     return !info.IsOpen() || (Retried([&] { return fsync(info.Get()); }) != 0 && errno != EINVAL) ? errno : 0;
 }
 
-TrashBatch::tResult TrashBatch::Go(std::size_t n, const std::function<tEnding()>& lookBack)
+/// True if the note is there and says what it is to say.
+bool TrashBatch::HasNote(std::size_t n) const
+{
+    constexpr int nFlags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+    const Descriptor note(
+        Retried([&] { return openat(m_trash.Info().Get(), NoteName(m_notes[n].sName).c_str(), nFlags); }));
+    std::string sFound(m_notes[n].sText.size() + 1, '\0');
+    const ssize_t nRead =
+        note.IsOpen() ? Retried([&] { return read(note.Get(), sFound.data(), sFound.size()); }) : 0;
+    sFound.resize(nRead > 0 ? static_cast<std::size_t>(nRead) : 0);
+    return sFound == m_notes[n].sText && m_trash.Info().IsWhereItWas();
+}
+
+TrashBatch::tResult TrashBatch::Go(std::size_t n, LastLook* pLastLook)
 {
     if (m_results[n]) {
         return *m_results[n];
     }
     const tNewPlace place{FolderEntry(m_trash.Files(), m_notes[n].sName),
                           "The trash is no longer where it was.", " It is in the trash.", Step::Trash};
-    tRelocation done = Relocate(*m_files[n], place);
-    const tLook note = LookAt(m_trash.Info().Get(), NoteName(m_notes[n].sName));
-    const bool bNote = note.IsSameFileAs(m_made[n]) && note.Identity() == m_made[n].Identity();
-    if (done.ending.IsDone() && !(bNote && m_trash.Info().IsWhereItWas())) {
-        done = GoBack(*m_files[n], place, "The trash has lost the note of where it came from.");
+    const HeldFile& file = *m_files[n];
+    tRelocation gone{pLastLook != nullptr ? pLastLook->Before(file.Get()) : tEnding()};
+    if (gone.ending.IsDone()) {
+        gone = Relocate(file, place);
+        const tEnding after = gone.ending.IsDone() && pLastLook != nullptr ? pLastLook->After() : tEnding();
+        if (!after.IsDone()) {
+            gone = GoBack(file, place, after.sReason);
+            gone.ending.bSpared = after.bSpared && gone.bBack;
+        } else if (gone.ending.IsDone() && !HasNote(n)) {
+            gone = GoBack(file, place, "The trash has lost the note of where it came from.");
+        }
     }
-    if (const tEnding back = done.ending.IsDone() ? lookBack() : tEnding(); !back.IsDone()) {
-        done = GoBack(*m_files[n], place, back.sReason);
-        done.ending.bSpared = back.bSpared && done.bBack;
-    }
-    if (!done.ending.IsDone() && done.bBack) {
+    if (!gone.ending.IsDone() && gone.bBack) {
         Drop(n);
     }
-    const auto next = done.nError == EEXIST  ? tResult::Next::OtherName
-                      : done.nError == EXDEV ? tResult::Next::OtherVolume
+    const auto next = gone.nError == EEXIST  ? tResult::Next::OtherName
+                      : gone.nError == EXDEV ? tResult::Next::OtherVolume
                                              : tResult::Next::Ended;
-    return {std::move(done.ending), next};
+    return {std::move(gone.ending), next};
 }
 
-void TrashBatch::Drop(std::size_t n) const
+void TrashBatch::Drop(std::size_t n)
 {
     const tLook note = LookAt(m_trash.Info().Get(), NoteName(m_notes[n].sName));
-    if (note.IsSameFileAs(m_made[n])) {
-        m_trash.RemoveNote(m_notes[n].sName);
+    if (note.nError == ENOENT || !m_journal) {
+        return;
+    }
+    const bool bOurs = note.IsSameFileAs(m_made[n]);
+    const bool bUnknown = note.nError != 0 || m_made[n].nError != 0;
+    if (bOurs ? !m_trash.RemoveNote(m_notes[n].sName) : bUnknown) {
+        m_journal->Keep();
     }
 }
 

@@ -2,10 +2,10 @@
 #pragma once
 
 #include "HeldFile.h"
+#include "LastLook.h"
 #include "TrashFolder.h"
 #include "TrashJournal.h"
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -39,24 +39,24 @@ public:
     /// What became of the `n`th file already; nothing if it can go.
     [[nodiscard]] const std::optional<tResult>& Result(std::size_t n) const { return m_results[n]; }
 
-    /// The `n`th file goes, if it can; and comes back if `lookBack`, called right behind it, says why it
-    /// must.
-    tResult Go(std::size_t n, const std::function<tEnding()>& lookBack);
+    /// The `n`th file goes, if it can and `pLastLook`, which may be null, has nothing against it.
+    tResult Go(std::size_t n, LastLook* pLastLook);
 
     /// The name that the `n`th file has in the trash.
     [[nodiscard]] const std::string& NameOf(std::size_t n) const { return m_notes[n].sName; }
 
     /// Removes the note of the `n`th file, which stays.
-    void Drop(std::size_t n) const;
+    void Drop(std::size_t n);
 
 private:
     tResult MakeNote(std::size_t n, bool bSync);
     int Sync(bool bAll);
+    [[nodiscard]] bool HasNote(std::size_t n) const;
 
     TrashFolder& m_trash;
     std::vector<const HeldFile*> m_files;
     std::vector<tPendingNote> m_notes;
-    std::vector<tLook> m_made; ///< what the notes were when they were written
+    std::vector<tLook> m_made; ///< which files the notes are
     std::vector<std::optional<tResult>> m_results;
     std::optional<TrashJournal> m_journal;
 };

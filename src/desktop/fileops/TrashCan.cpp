@@ -54,7 +54,7 @@ tEnding Ending(TrashBatch::tResult result)
 
 } // namespace
 
-void TrashCan::Put(const std::vector<HeldFile>& files, const tCalls& calls)
+void TrashCan::Put(const std::vector<HeldFile>& files, const Begins& begins, const Ends& ends)
 {
     std::vector<tWaiting> waiting(files.size());
     for (std::size_t n = 0; n < files.size(); ++n) {
@@ -65,11 +65,11 @@ void TrashCan::Put(const std::vector<HeldFile>& files, const tCalls& calls)
         std::map<TrashPtr, std::vector<tWaiting>> byTrash;
         for (const tWaiting& each : std::exchange(waiting, {})) {
             std::string sReason;
-            const TrashPtr pTrash = m_folders.For(files[each.nFile], each.bVolume, sReason);
+            const TrashPtr pTrash = m_folders.For(files[each.nFile].Entry().Folder(), each.bVolume, sReason);
             if (pTrash) {
                 byTrash[pTrash].push_back(each);
             } else {
-                calls.ends(each.nFile, WithoutTrash(files[each.nFile], std::move(sReason)));
+                ends(each.nFile, WithoutTrash(files[each.nFile], std::move(sReason)));
             }
         }
         for (auto& [pTrash, ofTrash] : byTrash) {
@@ -83,21 +83,17 @@ void TrashCan::Put(const std::vector<HeldFile>& files, const tCalls& calls)
             }
             for (std::size_t n = 0; n < ofTrash.size(); ++n) {
                 const std::size_t nFile = ofTrash[n].nFile;
-                bGoOn = bGoOn && (batch.Result(n) || calls.begins(nFile));
-                tEnding ending{tEnding::Kind::Cancelled, {}};
-                if (bGoOn) {
-                    ending = batch.Result(n) ? tEnding() : calls.lastLook(nFile);
-                }
-                if (!ending.IsDone()) {
+                bGoOn = bGoOn && (batch.Result(n) || begins(nFile));
+                if (!bGoOn) {
                     batch.Drop(n);
-                    calls.ends(nFile, std::move(ending));
+                    ends(nFile, {tEnding::Kind::Cancelled, {}});
                     continue;
                 }
-                TrashBatch::tResult result = batch.Go(n, [&] { return calls.lookBack(nFile); });
+                TrashBatch::tResult result = batch.Go(n, m_pLastLook);
                 if (IsToBeTried(ofTrash[n], result)) {
                     waiting.push_back(ofTrash[n]);
                 } else {
-                    calls.ends(nFile, Ending(std::move(result)));
+                    ends(nFile, Ending(std::move(result)));
                 }
             }
         }
@@ -109,13 +105,13 @@ tEnding TrashCan::Put(const HeldFile& file, tTrashed& trashed)
     tWaiting way;
     while (true) {
         std::string sReason;
-        trashed.pTrash = m_folders.For(file, way.bVolume, sReason);
+        trashed.pTrash = m_folders.For(file.Entry().Folder(), way.bVolume, sReason);
         if (!trashed.pTrash) {
             return WithoutTrash(file, std::move(sReason));
         }
         TrashBatch batch(*trashed.pTrash, {&file});
         batch.MakeNotes();
-        TrashBatch::tResult result = batch.Go(0, [] { return tEnding(); });
+        TrashBatch::tResult result = batch.Go(0, nullptr);
         trashed.sName = batch.NameOf(0);
         if (!IsToBeTried(way, result)) {
             return Ending(std::move(result));

@@ -2,11 +2,11 @@
 #pragma once
 
 #include "HeldFile.h"
+#include "LastLook.h"
 #include "TrashFolders.h"
 
 #include <functional>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace desktop {
@@ -21,19 +21,25 @@ struct tTrashed {
 class TrashCan
 {
 public:
-    /// What is called for each of several files, by its position.
-    struct tCalls {
-        std::function<bool(std::size_t)> begins;      ///< before a file goes. False: the user has cancelled
-        std::function<tEnding(std::size_t)> lastLook; ///< right before: done, or why it is to stay
-        std::function<tEnding(std::size_t)> lookBack; ///< right behind: done, or why it is to come back
-        std::function<void(std::size_t, tEnding)> ends;
-    };
+    /// Asked before a file goes, by its position. False: the user has cancelled.
+    using Begins = std::function<bool(std::size_t)>;
+    /// Told how it ended, by its position.
+    using Ends = std::function<void(std::size_t, tEnding)>;
+
+    /// `pLastLook`, which may be null, must outlive it.
+    explicit TrashCan(LastLook* pLastLook = nullptr) : m_pLastLook(pLastLook) {}
+
+    /// The trash for what is in a held folder; null if there is none, and `sReason` says why.
+    TrashPtr TrashOf(const HeldFolder& folder, std::string& sReason)
+    {
+        return m_folders.For(folder, false, sReason);
+    }
 
     /// Puts files, which are held, into the trash and makes sure that they can be restored from there;
     /// otherwise a file is where it was, or the reason says where. After a cancel the rest end as Cancelled.
-    void Put(const std::vector<HeldFile>& files, const tCalls& calls);
+    void Put(const std::vector<HeldFile>& files, const Begins& begins, const Ends& ends);
 
-    /// The same for one, of which `trashed` then tells where it is.
+    /// The same for one, of which `trashed` then tells where it is. There is no last look at it.
     tEnding Put(const HeldFile& file, tTrashed& trashed);
 
     /// Takes a file out of the trash and back to where it was, replacing nothing. False if that failed: it
@@ -42,6 +48,7 @@ public:
 
 private:
     TrashFolders m_folders;
+    LastLook* m_pLastLook;
 };
 
 } // namespace desktop

@@ -21,6 +21,7 @@ namespace desktop {
 namespace {
 
 constexpr const char* kNoTrash = "The volume that it is on has no trash.";
+constexpr const char* kNoHome = "You have no home folder that could hold a trash.";
 
 /// Folders of the system: what is mounted there is no volume of the user's, and no desktop shows a trash of
 /// it.
@@ -100,25 +101,14 @@ dev_t DeviceOf(std::string sPath)
 
 } // namespace
 
-TrashPtr TrashFolders::For(const HeldFile& file, bool bVolume, std::string& sReason)
-{
-    return For(file.Entry().Folder().Path(), file.Expected().nDevice, bVolume, sReason);
-}
-
-std::string TrashFolders::WhyNone(const HeldFolder& folder)
-{
-    std::string sReason;
-    return For(folder.Path(), folder.Look().status.st_dev, false, sReason) ? "" : sReason;
-}
-
-TrashPtr TrashFolders::For(const std::string& sFolder, dev_t nDevice, bool bVolume, std::string& sReason)
+TrashPtr TrashFolders::For(const HeldFolder& folder, bool bVolume, std::string& sReason)
 {
     FindHome();
-    if (!bVolume && nDevice == m_homeDevice) {
+    if (!bVolume && folder.Look().status.st_dev == m_homeDevice) {
         sReason = m_home.sReason;
         return m_home.pTrash;
     }
-    const tMount* const pMount = MountOf(sFolder);
+    const tMount* const pMount = MountOf(folder.Path());
     if (pMount == nullptr) {
         sReason = kNoTrash;
         return nullptr;
@@ -137,7 +127,7 @@ void TrashFolders::FindHome()
     }
     const std::string sData = DataHome();
     if (sData.empty()) {
-        m_home.sReason = "You have no home folder that could hold a trash.";
+        m_home.sReason = kNoHome;
         m_homeDevice = DeviceOf("/");
         return;
     }
@@ -191,6 +181,23 @@ TrashFolders::tTrash TrashFolders::OfVolume(const std::string& sTop) const
                 "The trash of the volume that it is on has links or files in the places of its folders."};
     }
     return pTrash->Error() != 0 ? tTrash{nullptr, Reason(pTrash->Error(), Step::Trash)} : tTrash{pTrash, {}};
+}
+
+std::string TrashFolders::WhyNone(const HeldFolder& folder)
+{
+    const std::string sData = DataHome();
+    if (folder.Look().status.st_dev == DeviceOf(sData.empty() ? "/" : sData + "/Trash")) {
+        return sData.empty() ? kNoHome : "";
+    }
+    const tMount* const pMount = MountOf(folder.Path());
+    if (pMount == nullptr) {
+        return kNoTrash;
+    }
+    const std::string sStart = pMount->sPoint == "/" ? "" : pMount->sPoint;
+    const bool bThere = LookAt(sStart + "/.Trash-" + std::to_string(geteuid())).nError == 0 ||
+                        LookAt(sStart + "/.Trash").nError == 0;
+    const bool bMayMake = faccessat(AT_FDCWD, pMount->sPoint.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+    return bThere || bMayMake ? "" : errno == EROFS ? Reason(EROFS, Step::Trash) : kNoTrash;
 }
 
 std::string TrashFolders::VolumeOf(const std::string& sFolder)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "HeldFile.h"
+#include "HeldFolder.h"
 #include "MountTable.h"
 #include "TrashFolder.h"
 
@@ -19,11 +19,12 @@ using TrashPtr = std::shared_ptr<TrashFolder>;
 class TrashFolders
 {
 public:
-    /// The trash for a held file; null if it has none, and `sReason` says why. With `bVolume`, not the
-    /// home's.
-    TrashPtr For(const HeldFile& file, bool bVolume, std::string& sReason);
+    /// The trash for the files of a held folder; null if they have none, and `sReason` says why. With
+    /// `bVolume`, not the home's.
+    TrashPtr For(const HeldFolder& folder, bool bVolume, std::string& sReason);
 
-    /// Why files in that folder cannot go to a trash; empty if they can.
+    /// Why what is in that folder cannot go to a trash, as far as that can be known without making one; empty
+    /// if it can.
     std::string WhyNone(const HeldFolder& folder);
 
     /// The top folder of the volume that a folder is on.
@@ -37,7 +38,6 @@ private:
 
     void FindHome();
     tTrash OfVolume(const std::string& sTop) const;
-    TrashPtr For(const std::string& sFolder, dev_t nDevice, bool bVolume, std::string& sReason);
     const tMount* HolderOf(const std::string& sFolder);
     const tMount* MountOf(const std::string& sFolder);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Control.h"
 #include "FolderPane.h"
 #include "ShellDialog.h"
 #include "ShellDialogs.h"

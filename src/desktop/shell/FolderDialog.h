@@ -1,7 +1,9 @@
 #pragma once
 
+#include "Control.h"
 #include "FolderModel.h"
 #include "FolderView.h"
+#include "ShellDialogs.h"
 
 #include <QEventLoop>
 #include <QPointer>

@@ -4,7 +4,6 @@
 
 #include <QTimer>
 #include <QTreeView>
-#include <string>
 
 class QMimeData;
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Control.h"
 #include "Launching.h"
 
 #include <string>

@@ -17,6 +17,7 @@
 #include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace desktop {
 namespace {
@@ -123,8 +124,8 @@ void PropertySheet::Show(QWidget* pOpenedFrom, const std::string& sPath, const t
     pSheet->ShowUp();
 }
 
-PropertySheet::PropertySheet(QWidget* pOpenedFrom, const std::string& sPath, const QString& sTitle)
-    : StandingWindow(pOpenedFrom, QStringLiteral("propertySheet"), sTitle), m_sPath(sPath),
+PropertySheet::PropertySheet(QWidget* pOpenedFrom, std::string sPath, const QString& sTitle)
+    : StandingWindow(pOpenedFrom, QStringLiteral("propertySheet"), sTitle), m_sPath(std::move(sPath)),
       m_pArea(new QScrollArea)
 {
     m_pArea->setFrameShape(QFrame::NoFrame);
@@ -145,7 +146,8 @@ PropertySheet::PropertySheet(QWidget* pOpenedFrom, const std::string& sPath, con
 void PropertySheet::Fill(const tProperties& properties)
 {
     auto* const pInside = new QWidget;
-    auto* const pLines = new QFormLayout(pInside);
+    auto* const pLines = new QFormLayout;
+    pInside->setLayout(pLines);
     for (const auto& [sWhat, sIs] : properties) {
         auto* const pValue = new QLabel(sIs);
         pValue->setObjectName(sWhat);

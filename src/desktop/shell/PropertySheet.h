@@ -24,7 +24,7 @@ public:
     static void Show(QWidget* pOpenedFrom, const std::string& sPath, const tProperties& properties);
 
 private:
-    PropertySheet(QWidget* pOpenedFrom, const std::string& sPath, const QString& sTitle);
+    PropertySheet(QWidget* pOpenedFrom, std::string sPath, const QString& sTitle);
     void Fill(const tProperties& properties);
 
     std::string m_sPath;

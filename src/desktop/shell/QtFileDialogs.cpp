@@ -1,5 +1,6 @@
 #include "QtFileDialogs.h"
 
+#include "CanonicalPath.h"
 #include "FolderChooser.h"
 #include "SaveChooser.h"
 
@@ -22,6 +23,9 @@ platform::ItemId QtFileDialogs::SHBrowseForFolderA(const platform::BROWSEINFO& i
     if (sChosen.empty()) {
         return 0;
     }
+    // What links are on the way is settled here: one that comes later is somebody else's.
+    std::string sCanonical = CanonicalPath(sChosen);
+    sChosen = sCanonical.empty() ? std::move(sChosen) : std::move(sCanonical);
     m_chosen[++m_last] = std::move(sChosen);
     return m_last;
 }

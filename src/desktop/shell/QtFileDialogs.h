@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FileDialogs.h"
+#include "ShellDialogs.h"
 
 #include <map>
 #include <string>

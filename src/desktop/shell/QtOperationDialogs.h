@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Control.h"
 #include "OperationDialogs.h"
 #include "PacedEventLoop.h"
 #include "ProgressWindow.h"

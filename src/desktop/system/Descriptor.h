@@ -27,6 +27,7 @@ public:
     }
 
     [[nodiscard]] int Get() const { return m_h; }
+
     /// Gives it to an owner of another kind.
     int Release() { return std::exchange(m_h, -1); }
     [[nodiscard]] bool IsOpen() const { return m_h >= 0; }

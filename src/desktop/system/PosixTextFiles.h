@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FileSystem.h"
 #include "TextFiles.h"
 
 #include <map>

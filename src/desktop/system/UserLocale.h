@@ -4,7 +4,7 @@
 
 #include <cstdint>
 #include <ctime>
-#include <locale.h> // NOLINT(modernize-deprecated-headers): locale_t is not in <clocale>
+#include <locale.h> // NOLINT(modernize-deprecated-headers,misc-include-cleaner): locale_t is not in <clocale>
 #include <string>
 
 namespace desktop {

@@ -143,7 +143,8 @@ TEST_F(Transfer, NamesWhatStandsInTheWay)
               "You are not permitted to change the destination folder.");
     EXPECT_EQ(why(FO_MOVE, HomeTrash() + "/files"), "The destination is inside the trash.");
     EXPECT_EQ(why(FO_COPY, tree.sRoot), "It is in that folder already.");
-    EXPECT_EQ(why(FO_MOVE, tree.sRoot + "/route"), "It is in that folder already.");
+    EXPECT_EQ(why(FO_MOVE, tree.sRoot + "/route"),
+              "One of the folders on the way to the destination has become a link.");
     EXPECT_EQ(why(FO_COPY, tree.sRoot + "/twice"), sTwice);
     EXPECT_EQ(why(FO_MOVE, tree.sRoot + "/twice"), sTwice);
     EXPECT_EQ(why(FO_COPY, tree.sRoot + "/sub"), "You are not permitted to read it.");
@@ -175,6 +176,27 @@ TEST_F(Transfer, BeginsNoMoveToAnotherVolumeThatCannotEnd)
     EXPECT_EQ(Contents(sSlot), (Reasons{{"own", "x"}, {"theirs", "x"}}));
     EXPECT_EQ(StatusOf(sSlot + "/theirs").st_mode & 07777, 0755U); // no rights that are not the user's
     EXPECT_TRUE(!fs::exists(sOwn) && Contents(other.sRoot).empty());
+}
+
+TEST_F(Transfer, LetsNobodyInWhoCouldNotUseTheOriginal)
+{
+    if (geteuid() != 0) {
+        GTEST_SKIP() << "needs root to make files of somebody else";
+    }
+    const struct {
+        const char* pName;
+        mode_t mode, copy;
+        bool bTold;
+    } cases[] = {{"same", 0644, 0644, false}, {"group", 0664, 0644, true}, {"others", 0606, 0600, true}};
+    fs::permissions(other.sRoot, fs::perms::all);
+    for (const auto& each : cases) {
+        const std::string sPath = tree.File(each.pName, "x");
+        ASSERT_TRUE(chown(sPath.c_str(), 65534, 12345) == 0 && chmod(sPath.c_str(), each.mode) == 0);
+        const Unprivileged anybody; // who is none of the group
+        EXPECT_EQ(Run(FO_COPY, {sPath}, other.sRoot), Reasons());
+        EXPECT_EQ(StatusOf(other.sRoot + '/' + each.pName).st_mode & 07777, each.copy) << each.pName;
+        EXPECT_EQ(user.outcome.remarks.size(), each.bTold ? 1U : 0U) << each.pName;
+    }
 }
 
 /// Another program writes right before the copy, or then its folder, is synced: before it has its name, and

@@ -107,13 +107,15 @@ TEST_F(Trash, ReplacesNothingThatHasLostItsNote)
 
 TEST_F(Trash, LeavesWhatIsInATrash)
 {
+    const char* const kInTrash =
+        "It lies in a trash already. Restore it from there, or empty the trash if it is "
+        "to be gone for good.";
     for (const char* pTrash : {"/share/Trash", "/.Trash/7", "/.Trash-7", "/u/.local/share/Trash"}) {
         const std::string sTrash = Home() + pTrash;
         fs::create_directories(sTrash + "/info");
         const std::string sNote = sTrash + "/info/a.trashinfo";
         std::ofstream(sNote) << "note";
-        EXPECT_EQ(Run(FO_DELETE, {sNote}), (Reasons{{"a.trashinfo", "It is in the trash already."}}))
-            << pTrash;
+        EXPECT_EQ(Run(FO_DELETE, {sNote}), (Reasons{{"a.trashinfo", kInTrash}})) << pTrash;
         EXPECT_TRUE(fs::exists(sNote));
     }
 }

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include <cstddef>
@@ -5,19 +6,16 @@
 #include <cstdlib>
 #include <memory>
 
-namespace search {
+namespace platform {
 
 /// Room for the bytes of one file at a time. The room is kept from file to file, what was in it is not: pages
 /// that the system has to provide and clear anew for every file cost more than reading the file. Few large
 /// ones are reached quicker than many small ones.
-class cFileBuffer
+class FileBuffer
 {
 public:
     /// Room for `nBytes` bytes, uninitialised, until the next call. Null if there is no memory.
     std::uint8_t* Reserve(std::size_t nBytes);
-
-    /// Gives the room back.
-    void Release();
 
 private:
     struct tFree {
@@ -28,4 +26,4 @@ private:
     std::size_t m_nRoom = 0;
 };
 
-} // namespace search
+} // namespace platform

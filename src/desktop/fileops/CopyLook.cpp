@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "LastLook.h"
+#include "CopyLook.h"
 
 #include "Reasons.h"
 #include "WriteLease.h"
@@ -23,14 +23,20 @@ bool IsSameFile(const tFileIdentity& one, const tFileIdentity& other)
 
 } // namespace
 
-tEnding LastLook::Before(const HeldFile& file, const std::vector<tStayingCopy>& copies,
-                         const ProgressCall& goOn)
+void CopyLook::Begin(const HeldFile& file, std::vector<tStayingCopy> copies, ProgressCall goOn)
 {
+    m_pFile = &file;
+    m_copies = std::move(copies);
+    m_goOn = std::move(goOn);
     m_held.reset();
+}
+
+tEnding CopyLook::Before(int /*hFile*/)
+{
     Descriptor open;
     tEnding ending;
-    for (const tStayingCopy& copy : copies) {
-        const bool bItself = IsSameFile(copy.identity, file.Expected());
+    for (const tStayingCopy& copy : m_copies) {
+        const bool bItself = IsSameFile(copy.identity, m_pFile->Expected());
         ending = Hold(copy, bItself ? O_PATH : O_RDONLY | O_NONBLOCK);
         if (!ending.IsDone()) {
             continue;
@@ -40,14 +46,14 @@ tEnding LastLook::Before(const HeldFile& file, const std::vector<tStayingCopy>& 
         }
         if (!open.IsOpen()) {
             int nError = 0;
-            open = file.Entry().Open(O_RDONLY | O_NONBLOCK, nError);
+            open = m_pFile->Entry().Open(O_RDONLY | O_NONBLOCK, nError);
             if (nError != 0) {
                 return NotRead(nError);
             }
         }
-        ending = CompareWith(open.Get(), goOn);
+        ending = CompareWith(open.Get());
         if (ending.IsDone()) {
-            return IsStill(LookAt(open.Get()), file.Expected());
+            return IsStill(LookAt(open.Get()), m_pFile->Expected());
         }
         if (ending.kind == tEnding::Kind::Cancelled) {
             return ending;
@@ -57,7 +63,7 @@ tEnding LastLook::Before(const HeldFile& file, const std::vector<tStayingCopy>& 
 }
 
 /// Opens a copy, which must still be as it was seen.
-tEnding LastLook::Hold(const tStayingCopy& copy, int nFlags)
+tEnding CopyLook::Hold(const tStayingCopy& copy, int nFlags)
 {
     FolderEntry entry(m_folders.Of(copy.sPath), NameOf(copy.sPath));
     int nError = 0;
@@ -66,15 +72,15 @@ tEnding LastLook::Hold(const tStayingCopy& copy, int nFlags)
     return nError == 0 || nError == ENOENT ? After() : CopyNotRead(nError);
 }
 
-tEnding LastLook::CopyNotRead(int nError) const
+tEnding CopyLook::CopyNotRead(int nError) const
 {
     return tEnding::Spared("Its contents could not be compared with those of " + m_held->sPath +
                            ", which was to stay. " + Reason(nError, Step::Read));
 }
 
-tEnding LastLook::CompareWith(int hFile, const ProgressCall& goOn)
+tEnding CopyLook::CompareWith(int hFile)
 {
-    switch (m_comparison.Compare(hFile, m_held->file.Get(), goOn)) {
+    switch (m_comparison.Compare(hFile, m_held->file.Get(), m_goOn)) {
     case ContentComparison::Result::Same:
         // It was not written to while it was read, nor can be without a trace.
         return IsOpenForWriting(m_held->file.Get())
@@ -92,7 +98,7 @@ tEnding LastLook::CompareWith(int hFile, const ProgressCall& goOn)
     return {tEnding::Kind::Cancelled, {}};
 }
 
-tEnding LastLook::After()
+tEnding CopyLook::After()
 {
     if (!m_held) {
         return {};

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#include "BufferPool.h"
+
+#include <chrono>
+
+namespace desktop {
+
+BufferPool::BufferPool()
+{
+    m_free.reserve(kLarge);
+    for (std::size_t n = 0; n < kLarge; ++n) {
+        m_free.push_back(n);
+    }
+}
+
+BufferPool::Turn::Turn(BufferPool& pool, const std::atomic<bool>& bEnded) : m_pool(pool)
+{
+    std::unique_lock lock(m_pool.m_mutex);
+    while (!bEnded) {
+        if (!m_pool.m_free.empty()) {
+            m_n = m_pool.m_free.back();
+            m_pool.m_free.pop_back();
+            return;
+        }
+        // Those who have one may hang in a read: nothing tells that the search has ended.
+        m_pool.m_returned.wait_for(lock, std::chrono::milliseconds(20));
+    }
+}
+
+BufferPool::Turn::~Turn()
+{
+    if (m_n) {
+        const std::lock_guard lock(m_pool.m_mutex);
+        m_pool.m_free.push_back(*m_n);
+        m_pool.m_returned.notify_one();
+    }
+}
+
+} // namespace desktop

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+#include "FolderAccess.h"
+
+#include "FileAccess.h"
+#include "ListingOrder.h"
+#include "MountTable.h"
+#include "Retried.h"
+
+#include <climits>
+#include <cstring>
+#include <dirent.h>
+#include <fstream>
+#include <set>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+
+namespace desktop {
+namespace {
+
+using StatusX = struct statx;
+
+constexpr std::size_t kEntriesSize = 65'536;
+
+bool IsDots(const char* pName)
+{
+    return std::strcmp(pName, ".") == 0 || std::strcmp(pName, "..") == 0;
+}
+
+platform::tFolderIdentity IdentityOf(int hFolder)
+{
+    StatusX status{};
+    if (statx(hFolder, "", AT_EMPTY_PATH, STATX_INO | STATX_MNT_ID, &status) != 0) {
+        return {};
+    }
+    const std::uint64_t nDevice = makedev(status.stx_dev_major, status.stx_dev_minor);
+    return {nDevice, status.stx_ino, (status.stx_mask & STATX_MNT_ID) != 0 ? status.stx_mnt_id : 0};
+}
+
+/// What an entry is, from what the folder says or, where it says nothing, from the entry itself. False for
+/// what is neither a regular file nor a folder, or has gone meanwhile.
+bool FillEntry(int hFolder, const dirent64& entry, platform::tFindData& data)
+{
+    data.bHidden = entry.d_name[0] == '.';
+    data.bDirectory = entry.d_type == DT_DIR;
+    if (data.bDirectory) {
+        return true;
+    }
+    if (entry.d_type != DT_REG && entry.d_type != DT_UNKNOWN) {
+        return false;
+    }
+    StatusX status{};
+    constexpr int nFlags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT;
+    if (statx(hFolder, entry.d_name, nFlags, STATX_TYPE | STATX_SIZE | STATX_MTIME, &status) != 0) {
+        return false;
+    }
+    data.bDirectory = S_ISDIR(status.stx_mode);
+    if (!data.bDirectory) {
+        data.nFileSize = static_cast<std::int64_t>(status.stx_size);
+        data.ftLastWriteTime = {status.stx_mtime.tv_sec};
+    }
+    return data.bDirectory || S_ISREG(status.stx_mode);
+}
+
+} // namespace
+
+bool AnyMountedTwice()
+{
+    std::ifstream mountInfo(kMountInfo);
+    std::set<std::string> devices;
+    for (const tMount& mount : ReadMountTable(mountInfo)) {
+        if (!devices.insert(mount.sDevice).second) {
+            return true;
+        }
+    }
+    return devices.empty();
+}
+
+FolderAccess::FolderAccess() : m_entries(std::make_unique_for_overwrite<char[]>(kEntriesSize)) {}
+
+bool FolderAccess::List(const std::string& sPath, bool bIdentity, const std::atomic<bool>& bEnded,
+                        platform::FolderListing& listing)
+{
+    listing.Clear();
+    if (sPath.size() >= PATH_MAX) {
+        return false;
+    }
+    // With a separator at its end a path would be followed through a link.
+    const std::string sFolder = sPath.substr(0, sPath.size() - (sPath.size() > 1 ? 1 : 0));
+    const Descriptor folder(Retried([&] { return open(sFolder.c_str(), kOpenFlags | O_DIRECTORY); }));
+    if (!folder.IsOpen()) {
+        return false;
+    }
+    listing.SetIdentity(bIdentity ? IdentityOf(folder.Get()) : platform::tFolderIdentity());
+    // To the end, or until a folder stops giving entries: what it gave counts.
+    ssize_t nRead = 0;
+    while ((nRead = getdents64(folder.Get(), m_entries.get(), kEntriesSize)) > 0) {
+        for (ssize_t n = 0; n < nRead;) {
+            if (bEnded) {
+                return true;
+            }
+            const auto* pEntry = reinterpret_cast<const dirent64*>(m_entries.get() + n);
+            n += pEntry->d_reclen;
+            const std::size_t nField = pEntry->d_reclen - offsetof(dirent64, d_name);
+            platform::tFindData data;
+            data.cFileName = {pEntry->d_name, nField};
+            if (!IsDots(pEntry->d_name) && FillEntry(folder.Get(), *pEntry, data)) {
+                listing.Add(data);
+            }
+        }
+    }
+    platform::SortListing(listing);
+    return true;
+}
+
+} // namespace desktop

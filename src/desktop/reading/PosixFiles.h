@@ -1,0 +1,25 @@
+#pragma once
+
+#include "FileSystem.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace desktop {
+
+/// The file systems of a Linux machine.
+class PosixFiles final : public platform::FileSystem
+{
+public:
+    bool PathFound(const std::string& sPath) override;
+    std::optional<std::string> CanonicalFolder(const std::string& sPath) override;
+    platform::FileHandle CreateFileA(const std::string& sPath) override;
+    std::int64_t FileLength(platform::FileHandle hFile) override;
+    platform::tReadResult ReadFile(platform::FileHandle hFile, void* pBuffer, std::size_t nBytes) override;
+    void CloseHandle(platform::FileHandle hFile) override;
+    std::unique_ptr<platform::SearchReading>
+    BeginReading(const platform::tSearchedFolders& searched) override;
+};
+
+} // namespace desktop

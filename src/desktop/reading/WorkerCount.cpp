@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+#include "WorkerCount.h"
+
+#include "BufferPool.h"
+
+#include <algorithm>
+#include <cmath>
+#include <ctime>
+#include <fstream>
+#include <optional>
+#include <sched.h>
+#include <string>
+#include <sys/resource.h>
+
+namespace desktop {
+namespace {
+
+/// So much work of each worker says enough about what work there is.
+constexpr std::chrono::milliseconds kEnough{2};
+
+std::chrono::nanoseconds Clock(clockid_t clock)
+{
+    timespec now{};
+    clock_gettime(clock, &now);
+    return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
+}
+
+/// How often the calling thread has given up its processor to wait for something.
+long Waits()
+{
+    rusage usage{};
+    getrusage(RUSAGE_THREAD, &usage);
+    return usage.ru_nvcsw;
+}
+
+std::size_t ProcessorsOfAffinity()
+{
+    cpu_set_t set;
+    CPU_ZERO(&set);
+    if (sched_getaffinity(0, sizeof set, &set) != 0) {
+        return 1; // more processors than the set has room for, or a system that does not tell
+    }
+    return static_cast<std::size_t>(CPU_COUNT(&set));
+}
+
+/// The share of processors that `sGroup`, a folder of the control groups' file system, is given: "max", or
+/// microseconds of each period.
+std::optional<double> QuotaOf(const std::string& sGroup)
+{
+    double dQuota = 0;
+    double dPeriod = 0;
+    if (std::ifstream(sGroup + "/cpu.max") >> dQuota >> dPeriod && dQuota > 0 && dPeriod > 0) {
+        return dQuota / dPeriod;
+    }
+    return std::nullopt;
+}
+
+/// The least of the shares of this process's control group and of those above it.
+std::optional<double> Quota()
+{
+    std::ifstream groups("/proc/self/cgroup");
+    std::optional<double> least;
+    for (std::string sLine; std::getline(groups, sLine);) {
+        if (!sLine.starts_with("0::/")) {
+            continue;
+        }
+        for (std::string sGroup = sLine.substr(3); !sGroup.empty();
+             sGroup.resize(std::min(sGroup.size() - 1, sGroup.rfind('/')))) {
+            const auto quota = QuotaOf("/sys/fs/cgroup" + sGroup);
+            if (quota && (!least || *quota < *least)) {
+                least = quota;
+            }
+        }
+    }
+    return least;
+}
+
+} // namespace
+
+std::size_t UsableProcessors()
+{
+    std::size_t nProcessors = ProcessorsOfAffinity();
+    if (const auto quota = Quota()) {
+        nProcessors = std::min(nProcessors, static_cast<std::size_t>(std::ceil(*quota)));
+    }
+    return std::clamp<std::size_t>(nProcessors, 1, kMaxWorkers);
+}
+
+WorkTime::WorkTime()
+    : m_began(Clock(CLOCK_MONOTONIC)), m_beganBusy(Clock(CLOCK_THREAD_CPUTIME_ID)), m_nBeganWaits(Waits())
+{
+}
+
+void WorkTime::End(std::size_t nSteps)
+{
+    took = Clock(CLOCK_MONOTONIC) - m_began;
+    // A thread that only has to share its processor does not give it up by itself.
+    if (static_cast<std::size_t>(Waits() - m_nBeganWaits) * 4 >= nSteps) {
+        waited = took - (Clock(CLOCK_THREAD_CPUTIME_ID) - m_beganBusy);
+    }
+}
+
+std::size_t WorkerCount::Note(const WorkTime& time)
+{
+    m_took += time.took;
+    m_waited += time.waited;
+    if (m_took > kEnough * m_nWorkers) {
+        if (m_waited > m_took / 2) {
+            m_nWorkers = std::min(2 * m_nWorkers, kMaxWorkers);
+        }
+        m_took = m_waited = {};
+    }
+    return m_nWorkers;
+}
+
+} // namespace desktop
