@@ -2,7 +2,6 @@
 #include "CopyLook.h"
 
 #include "Reasons.h"
-#include "WriteLease.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -28,7 +27,7 @@ void CopyLook::Begin(const HeldFile& file, std::vector<tStayingCopy> copies, Pro
     m_pFile = &file;
     m_copies = std::move(copies);
     m_goOn = std::move(goOn);
-    m_held.reset();
+    Release();
 }
 
 tEnding CopyLook::Before(int /*hFile*/)
@@ -68,8 +67,9 @@ tEnding CopyLook::Hold(const tStayingCopy& copy, int nFlags)
     FolderEntry entry(m_folders.Of(copy.sPath), NameOf(copy.sPath));
     int nError = 0;
     Descriptor file = entry.Open(nFlags, nError);
+    Release();
     m_held.emplace(tHeld{copy.sPath, HeldFile(std::move(entry), copy.identity), std::move(file)});
-    return nError == 0 || nError == ENOENT ? After() : CopyNotRead(nError);
+    return nError == 0 || nError == ENOENT ? StillThere() : CopyNotRead(nError);
 }
 
 tEnding CopyLook::CopyNotRead(int nError) const
@@ -82,10 +82,11 @@ tEnding CopyLook::CompareWith(int hFile)
 {
     switch (m_comparison.Compare(hFile, m_held->file.Get(), m_goOn)) {
     case ContentComparison::Result::Same:
-        // It was not written to while it was read, nor can be without a trace.
-        return IsOpenForWriting(m_held->file.Get())
+        // It was not written to while it was read, nor can be without a trace until the file has gone.
+        m_lease.emplace(m_held->file.Get());
+        return m_lease->IsOpenForWriting()
                    ? tEnding::Spared(m_held->sPath + ", which was to stay, is being written to.")
-                   : After();
+                   : StillThere();
     case ContentComparison::Result::Different:
         return tEnding::Spared("Its contents differ from those of " + m_held->sPath + ", which was to stay.");
     case ContentComparison::Result::FirstNotRead:
@@ -100,14 +101,25 @@ tEnding CopyLook::CompareWith(int hFile)
 
 tEnding CopyLook::After()
 {
-    if (!m_held) {
-        return {};
-    }
+    const tEnding ending = m_held ? StillThere() : tEnding();
+    Release();
+    return ending;
+}
+
+/// Done if the copy is where it was, as it was.
+tEnding CopyLook::StillThere() const
+{
     const bool bStays = IsStill(LookAt(m_held->file.Get()), m_held->place.Expected()).IsDone() &&
                         m_held->place.IsStillThere().IsDone();
     return bStays
                ? tEnding()
                : tEnding::Spared(m_held->sPath + ", which was to stay, has gone or changed in the meantime.");
+}
+
+void CopyLook::Release()
+{
+    m_lease.reset();
+    m_held.reset();
 }
 
 } // namespace desktop

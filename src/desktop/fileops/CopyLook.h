@@ -6,6 +6,7 @@
 #include "HeldFolders.h"
 #include "LastLook.h"
 #include "StayingCopies.h"
+#include "WriteLease.h"
 
 #include <optional>
 #include <string>
@@ -41,6 +42,8 @@ private:
 
     tEnding Hold(const tStayingCopy& copy, int nFlags);
     [[nodiscard]] tEnding CopyNotRead(int nError) const;
+    [[nodiscard]] tEnding StillThere() const;
+    void Release();
     tEnding CompareWith(int hFile);
 
     HeldFolders& m_folders;
@@ -48,7 +51,8 @@ private:
     std::vector<tStayingCopy> m_copies;
     ProgressCall m_goOn;
     ContentComparison m_comparison;
-    std::optional<tHeld> m_held; ///< what stays of the file in hand
+    std::optional<tHeld> m_held;       ///< what stays of the file in hand
+    std::optional<WriteLease> m_lease; ///< on that
 };
 
 } // namespace desktop
