@@ -1,7 +1,12 @@
 // What the file operations cost: the trash against bare calls of GIO, copying against cp.
 
+#include "FolderEntry.h"
+#include "ListView.h"
 #include "OperationDialogs.h"
 #include "ShellFileOperations.h"
+#include "Texts.h"
+#include "cGroupRows.h"
+#include "mFileGroups.h"
 
 #include <algorithm>
 #include <chrono>
@@ -12,6 +17,8 @@
 #include <functional>
 #include <gio/gio.h>
 #include <map>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unistd.h>
@@ -31,9 +38,20 @@ constexpr std::size_t kPiece = 4096;
 class Consent final : public desktop::OperationDialogs
 {
 public:
-    bool Confirm(const desktop::tOperation& /*operation*/) override { return true; }
+    desktop::Consent Confirm(const desktop::tConfirmation& confirmation) override
+    {
+        const std::chrono::duration<double> looks = std::chrono::steady_clock::now() - m_lastTold;
+        dLooks = looks.count();
+        // The bytes are compared where the search went by them.
+        return confirmation.comparedBy == platform::ComparedBy::Content ? desktop::Consent::WithCopy
+                                                                        : desktop::Consent::All;
+    }
+    bool AskRoom(const desktop::tOperation& /*operation*/, const desktop::tRoom& /*room*/) override
+    {
+        return true;
+    }
     desktop::tReplaceAnswer AskReplace(const desktop::tFileFacts& /*source*/,
-                                       const desktop::tFileFacts& /*target*/) override
+                                       const desktop::tFileFacts& /*target*/, bool /*bIdentical*/) override
     {
         return {};
     }
@@ -43,14 +61,16 @@ public:
         Told();
         return true;
     }
-    void Finished(const desktop::tOperation& /*operation*/,
+    bool Finished(const desktop::tOperation& /*operation*/,
                   const desktop::tOperationOutcome& outcome) override
     {
         Told();
         nNotDone += outcome.notDone.size();
+        return false;
     }
 
     std::size_t nNotDone = 0;
+    double dLooks = 0;                                    ///< seconds until the user is asked
     std::chrono::steady_clock::duration longestSilence{}; ///< in which the user sees nothing move
 
 private:
@@ -99,16 +119,57 @@ void Compare(std::vector<tContender> contenders, const std::function<void()>& pr
 }
 
 /// Returns the longest time without a word of progress.
-double Carry(const platform::SHFILEOPSTRUCT& request)
+double Carry(const platform::SHFILEOPSTRUCT& request, platform::FileGroups* pGroups = nullptr)
 {
     Consent consent;
     desktop::ShellFileOperations operations(consent);
+    if (pGroups != nullptr) {
+        operations.UseGroups(*pGroups);
+    }
     if (operations.SHFileOperationA(request) != 0 || consent.nNotDone != 0) {
         std::fprintf(stderr, "opsrun: %zu files not done\n", consent.nNotDone);
         std::exit(kFailed);
     }
+    if (pGroups != nullptr) {
+        std::printf("  asked after %.3f s\n", consent.dLooks);
+    }
     return std::chrono::duration<double>(consent.longestSilence).count();
 }
+
+/// The rows of a search: each file below its copy, which stays.
+class Rows final : public platform::FileGroups
+{
+public:
+    explicit Rows(platform::ComparedBy comparedBy) : m_comparedBy(comparedBy) { m_list.MultiSelect = true; }
+
+    /// `sPath` goes, `sCopy` stays.
+    void Add(const std::string& sPath, const std::string& sCopy)
+    {
+        AddRow(sCopy, search::kMarkFirst);
+        AddRow(sPath, search::kMarkLast).SetSelected(true);
+    }
+
+    platform::tFileGroups GroupsOf(std::span<const std::string> paths) override
+    {
+        return results::GroupsOf(m_list, m_comparedBy, paths);
+    }
+
+private:
+    platform::ListItem AddRow(const std::string& sPath, int nMark)
+    {
+        const auto identity = desktop::LookAt(sPath).Identity();
+        const std::string sName = desktop::NameOf(sPath);
+        auto row = *m_list.ListItems.Add(sPath, sName, nMark);
+        row.SetSubItems(search::kSizeColumn, platform::FormatNumber(identity.cySize));
+        row.SetSubItems(search::kDateColumn, platform::FormatDateTime(desktop::DateOf(identity)));
+        row.SetSubItems(search::kFolderColumn, sPath.substr(0, sPath.size() - sName.size()));
+        return row;
+    }
+
+    platform::ComparedBy m_comparedBy;
+    platform::Form m_form;
+    platform::ListView m_list{m_form};
+};
 
 void Command(const std::string& sCommand)
 {
@@ -133,9 +194,10 @@ platform::SHFILEOPSTRUCT ToTrash(const std::vector<std::string>& paths)
 void Make(const std::string& sRoot, const std::vector<std::string>& paths)
 {
     fs::remove_all(sRoot + "/share");
+    constexpr std::size_t kSize = 3'000;
     for (const std::string& sPath : paths) {
         fs::create_directories(fs::path(sPath).parent_path());
-        std::ofstream(sPath) << sPath;
+        std::ofstream(sPath) << sPath << std::string(kSize - std::min(kSize, sPath.size()), 'x');
     }
 }
 
@@ -156,7 +218,8 @@ void TrashEqualNames(const std::string& sRoot, std::size_t nFiles)
             [&] { Make(sRoot, both); });
 }
 
-void Trash(const std::string& sRoot, std::size_t nFiles)
+/// With `comparedBy` they come from a search, and a copy of each stays.
+void TrashFound(const std::string& sRoot, std::size_t nFiles, std::optional<platform::ComparedBy> comparedBy)
 {
     std::vector<std::string> paths;
     for (std::size_t n = 0; n < nFiles; ++n) {
@@ -172,7 +235,34 @@ void Trash(const std::string& sRoot, std::size_t nFiles)
             g_object_unref(pFile);
         }
     };
-    Compare({{"ours", [&] { Carry(ToTrash(paths)); }}, {"g_file_trash", bare}}, [&] { Make(sRoot, paths); });
+    std::optional<Rows> rows;
+    const auto ours = [&] { Carry(ToTrash(paths), rows ? &*rows : nullptr); };
+    Compare({{"ours", ours}, {"g_file_trash", bare}}, [&] {
+        Make(sRoot, paths);
+        if (comparedBy) {
+            rows.emplace(*comparedBy);
+            fs::remove_all(sRoot + "/stays");
+            fs::copy(sRoot + "/from", sRoot + "/stays");
+            for (const std::string& sPath : paths) {
+                rows->Add(sPath, sRoot + "/stays/" + desktop::NameOf(sPath));
+            }
+        }
+    });
+}
+
+void Trash(const std::string& sRoot, std::size_t nFiles)
+{
+    TrashFound(sRoot, nFiles, std::nullopt);
+}
+
+void TrashByContent(const std::string& sRoot, std::size_t nFiles)
+{
+    TrashFound(sRoot, nFiles, platform::ComparedBy::Content);
+}
+
+void TrashByName(const std::string& sRoot, std::size_t nFiles)
+{
+    TrashFound(sRoot, nFiles, platform::ComparedBy::Name);
 }
 
 /// The files of `sRoot`/from, which `names` lists.
@@ -233,11 +323,13 @@ int main(int argc, char* argv[])
     const std::string_view sWhat = argc > 1 ? argv[1] : "";
     const std::size_t nCount = argc > 2 ? std::strtoul(argv[2], nullptr, 10) : 0;
     const std::map<std::string_view, void (*)(const std::string&, std::size_t)> all{
-        {"trash", Trash}, {"equal", TrashEqualNames}, {"copy", CopyMegabytes}, {"pieces", CopyPieces}};
+        {"trash", Trash},           {"by-content", TrashByContent}, {"by-name", TrashByName},
+        {"equal", TrashEqualNames}, {"copy", CopyMegabytes},        {"pieces", CopyPieces}};
     const auto chosen = all.find(sWhat);
     if (chosen == all.end() || nCount == 0 || argc > 4) {
         std::fputs(
-            "usage: opsrun trash|equal FILES [FOLDER]\n       opsrun copy MEGABYTES [FOLDER]\n"
+            "usage: opsrun trash|by-content|by-name|equal FILES [FOLDER]\n       opsrun copy MEGABYTES "
+            "[FOLDER]\n"
             "       opsrun pieces PIECES [FOLDER]\n"
             "Works in a folder of its own below FOLDER or the temporary one, with a trash of its own.\n",
             stderr);

@@ -10,7 +10,9 @@
 #include "World.h"
 #include "frmBrowse.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -26,12 +28,39 @@ class RandomUser final : public desktop::OperationDialogs,
 public:
     explicit RandomUser(World& world) : m_world(world) {}
 
-    /// What the operation since the last call said of files that it did not deal with.
-    std::size_t nNotDone = 0;
+    std::size_t nNotDone = 0; ///< files that the last operation did not deal with
+    bool bAfterAll = false;   ///< what was spared has gone to the trash after all
+    desktop::Consent consent = desktop::Consent::Cancel;
+    std::set<std::string> asked; ///< the files of which there was something to say before the answer
 
-    bool Confirm(const desktop::tOperation& /*operation*/) override { return m_world.Random(8) != 0; }
+    /// Another operation begins.
+    void Forget()
+    {
+        nNotDone = 0;
+        bAfterAll = false;
+        consent = desktop::Consent::Cancel;
+        asked.clear();
+    }
+
+    desktop::Consent Confirm(const desktop::tConfirmation& confirmation) override
+    {
+        for (const desktop::tConcern& concern : confirmation.concerns) {
+            if (concern.concern != desktop::Concern::SameFileStays) {
+                asked.insert(concern.paths.begin(), concern.paths.end());
+            }
+        }
+        using desktop::Consent;
+        constexpr Consent kAnswers[] = {Consent::WithCopy, Consent::WithCopy, Consent::WithCopy,
+                                        Consent::All,      Consent::All,      Consent::Cancel};
+        consent = kAnswers[m_world.Random(std::size(kAnswers))];
+        return consent;
+    }
+    bool AskRoom(const desktop::tOperation& /*operation*/, const desktop::tRoom& /*room*/) override
+    {
+        return m_world.Random(2) == 0;
+    }
     desktop::tReplaceAnswer AskReplace(const desktop::tFileFacts& /*source*/,
-                                       const desktop::tFileFacts& /*target*/) override
+                                       const desktop::tFileFacts& /*target*/, bool /*bIdentical*/) override
     {
         using Choice = desktop::tReplaceAnswer::Choice;
         constexpr Choice kChoices[] = {Choice::Skip, Choice::Skip, Choice::Replace, Choice::Replace,
@@ -43,10 +72,15 @@ public:
     {
         return m_world.Random(200) != 0;
     }
-    void Finished(const desktop::tOperation& /*operation*/,
+    bool Finished(const desktop::tOperation& /*operation*/,
                   const desktop::tOperationOutcome& outcome) override
     {
-        nNotDone = outcome.notDone.size();
+        nNotDone += outcome.notDone.size();
+        const bool bSpared = std::any_of(outcome.notDone.begin(), outcome.notDone.end(),
+                                         [](const auto& each) { return each.bSpared; });
+        const bool bNow = bSpared && m_world.Random(3) == 0;
+        bAfterAll = bAfterAll || bNow;
+        return bNow;
     }
 
     platform::ItemId SHBrowseForFolderA(const platform::BROWSEINFO& /*info*/) override

@@ -94,6 +94,54 @@ Groups World::Duplicates(Mode mode, bool bHidden) const
     return groups;
 }
 
+void World::Disturb()
+{
+    std::vector<fs::path> files;
+    for (const auto& entry : fs::recursive_directory_iterator(Tree())) {
+        if (entry.is_regular_file()) {
+            files.push_back(entry.path());
+        }
+    }
+    for (std::size_t n = 0; n < files.size(); ++n) {
+        const fs::path sOther = files[Random(files.size())];
+        std::error_code error; // what does not go is not done
+        switch (Random(40)) {
+        case 0:
+            std::ofstream(files[n], std::ios::app) << "more";
+            break;
+        case 1:
+            fs::remove(files[n]);
+            break;
+        case 2:
+            fs::remove(files[n]);
+            fs::create_hard_link(sOther, files[n], error);
+            break;
+        case 3: // same size, same time, other contents
+            if (const auto time = fs::last_write_time(files[n]); fs::file_size(files[n]) > 0) {
+                std::fstream(files[n], std::ios::in | std::ios::out) << 'X';
+                fs::last_write_time(files[n], time);
+            }
+            break;
+        default:
+            break;
+        }
+    }
+}
+
+std::map<std::string, std::set<std::string>> World::Holders() const
+{
+    std::map<std::string, std::set<std::string>> holders;
+    for (const char* pFolder : {"/home/tree", "/home/other"}) {
+        std::error_code error; // there may be no such folder yet
+        for (const auto& entry : fs::recursive_directory_iterator(m_sRoot + pFolder, error)) {
+            if (entry.is_regular_file()) {
+                holders[ContentOf(entry.path())].insert(entry.path().string());
+            }
+        }
+    }
+    return holders;
+}
+
 std::map<std::string, std::size_t> World::Contents() const
 {
     std::map<std::string, std::size_t> contents;

@@ -41,8 +41,14 @@ public:
     /// What a search of the tree has to find, worked out from the files themselves.
     [[nodiscard]] Groups Duplicates(Mode mode, bool bHidden) const;
 
+    /// What other programs do meanwhile: writes to a few files of the tree, removes some, names some twice.
+    void Disturb();
+
     /// Each content that there is, and how many files hold it, in the tree and in the trash.
     [[nodiscard]] std::map<std::string, std::size_t> Contents() const;
+
+    /// The files that are not in the trash, by what they hold.
+    [[nodiscard]] std::map<std::string, std::set<std::string>> Holders() const;
 
 private:
     std::string m_sRoot;

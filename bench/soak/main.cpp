@@ -16,6 +16,7 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -38,6 +39,9 @@ public:
         for (std::size_t n = 0; n < nTimes && m_bFine; ++n) {
             Resize();
             Search();
+            if (m_world.Random(2) == 0) {
+                m_world.Disturb();
+            }
             Act();
         }
         if (m_world.Random(3) == 0) {
@@ -125,6 +129,7 @@ private:
     {
         for (std::size_t n = 0; n < m_world.Random(5) && m_bFine; ++n) {
             const auto before = m_world.Contents();
+            const auto holders = m_world.Holders();
             // 1. Some rows.
             const auto& rules = m_main.mnuSelect.items;
             const platform::MenuItem& rule = *rules[m_world.Random(rules.size())];
@@ -135,11 +140,14 @@ private:
             platform::MenuItem* const kCommands[] = {&m_main.mnuFileDelete, &m_main.mnuFileMoveTo,
                                                      &m_main.mnuFileCopyTo, &m_main.mnuSearchSaveResults};
             platform::MenuItem* const pCommand = kCommands[m_world.Random(std::size(kCommands))];
-            m_user.nNotDone = 0;
+            m_user.Forget();
             pCommand->Click();
             ++nOperations;
             // 3. Everything is still there.
             CheckContents(before, m_world.Contents(), pCommand == &m_main.mnuFileCopyTo);
+            if (pCommand == &m_main.mnuFileDelete) {
+                CheckCopies(holders, m_world.Holders());
+            }
             CheckMarks();
             Expect(m_main.form.Enabled(), "the window takes no input after an operation");
         }
@@ -154,6 +162,20 @@ private:
             Expect(bCopied ? nNow >= nFiles : nNow == nFiles, "a file has been lost, or come from nowhere");
         }
         Expect(after.size() == before.size(), "a file holds what none held before");
+    }
+
+    /// What is held by no file outside the trash any more, the user has been asked about and has agreed to.
+    void CheckCopies(const std::map<std::string, std::set<std::string>>& before,
+                     const std::map<std::string, std::set<std::string>>& after)
+    {
+        for (const auto& [sContent, paths] : before) {
+            const bool bAgreed =
+                m_user.bAfterAll || (m_user.consent == desktop::Consent::All &&
+                                     std::any_of(paths.begin(), paths.end(), [&](const std::string& sPath) {
+                                         return m_user.asked.contains(sPath);
+                                     }));
+            Expect(after.contains(sContent) || bAgreed, "the last copy of a content has gone unasked");
+        }
     }
 
     void CheckMarks()

@@ -11,7 +11,7 @@
 namespace mainwindow {
 
 /// The program's window: the folders to compare above, the result rows below, and every command in its menus.
-class frmMain final : public dialogs::MainFormMembers
+class frmMain final : public dialogs::MainFormMembers, public platform::FileGroups
 {
 public:
     frmMain();
@@ -41,6 +41,9 @@ public:
     void CheckMenu() override;
 
     std::string sSelectedFolder() override;
+
+    /// What the rows of lvFiles say of these files.
+    platform::tFileGroups GroupsOf(std::span<const std::string> paths) override;
 
 private:
     /// Says in the first panel whether there are folders to search.

@@ -3,6 +3,7 @@
 #include "frmMain.h"
 #include "mBrowseForFolder.h"
 #include "mCommon.h"
+#include "mFileGroups.h"
 #include "mFileInfo.h"
 #include "mFileOperation.h"
 #include "mFindALLFiles.h"
@@ -37,6 +38,11 @@ struct tFileLists {
 };
 
 } // namespace
+
+platform::tFileGroups frmMain::GroupsOf(std::span<const std::string> paths)
+{
+    return results::GroupsOf(lvFiles, RowsComparedBy, paths);
+}
 
 void frmMain::mnuFileDelete_Click()
 {

@@ -70,19 +70,27 @@ StoredText ListItems::Head(std::string_view sHead)
     return m_heads.emplace_back(m_texts.Add(sHead));
 }
 
-std::optional<ListItem> ListItems::Add(std::string_view sKey, std::string_view sText, int nSmallIcon)
+std::uint32_t* ListItems::FindKey(std::string_view sKey, std::uint64_t nHash)
 {
-    // 1. Refuse a key that a row has.
-    const std::uint64_t nHash = HashBytes(sKey);
-    const auto isIt = [&](std::uint32_t n) {
+    return m_keys.Find(nHash, [&](std::uint32_t n) {
         const std::string_view sHead = m_rows[n].sHead.View();
         const std::string_view sTail = m_rows[n].KeyTail();
         return sKey.size() == sHead.size() + sTail.size() && sKey.starts_with(sHead) && sKey.ends_with(sTail);
-    };
-    if (m_keys.Find(nHash, isIt) != nullptr) {
+    });
+}
+
+std::optional<std::size_t> ListItems::Find(std::string_view sKey)
+{
+    const std::uint32_t* pRow = FindKey(sKey, HashBytes(sKey));
+    return pRow != nullptr ? std::optional<std::size_t>(*pRow + 1) : std::nullopt;
+}
+
+std::optional<ListItem> ListItems::Add(std::string_view sKey, std::string_view sText, int nSmallIcon)
+{
+    const std::uint64_t nHash = HashBytes(sKey);
+    if (FindKey(sKey, nHash) != nullptr) {
         return std::nullopt;
     }
-    // 2. Add the row.
     const std::size_t nRow = m_rows.size();
     m_keys.Insert(nHash, static_cast<std::uint32_t>(nRow));
     const bool bKeyEndsInText = sKey.ends_with(sText);

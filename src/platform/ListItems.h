@@ -63,6 +63,9 @@ public:
     /// Row `n`, counted from 1.
     [[nodiscard]] ListItem operator()(std::size_t n) { return {*this, n - 1}; }
 
+    /// The place, counted from 1, of the row with that key.
+    [[nodiscard]] std::optional<std::size_t> Find(std::string_view sKey);
+
     /// How many rows are selected.
     [[nodiscard]] std::size_t SelectedCount() const;
 
@@ -99,6 +102,7 @@ private:
     };
 
     StoredText Head(std::string_view sHead);
+    std::uint32_t* FindKey(std::string_view sKey, std::uint64_t nHash);
     void IndexKeys();
 
     /// Orders the rows by their texts; returns for each place the place its row had before.

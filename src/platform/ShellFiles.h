@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Control.h"
+#include "FileGroups.h"
 
 #include <string>
 
@@ -29,6 +30,10 @@ class ShellFiles
 {
 public:
     virtual ~ShellFiles() = default;
+
+    /// From now on the user is told, before files are deleted, what `groups` says of them. It is not owned
+    /// and must outlive its use.
+    virtual void UseGroups(FileGroups& groups) = 0;
 
     /// Carries a request out and returns when it is done. Asks the user before it deletes or replaces, shows
     /// its progress with a way to cancel, and says at the end what it has not done and why. Deletes only to a

@@ -15,6 +15,7 @@ Program::Program(int& argc, char* argv[], const std::function<void(platform::tSy
         replace(system);
     }
     platform::UseSystem(system);
+    platform::TheShellFiles().UseGroups(mainwindow::theMainForm());
     search::UseForms(mainwindow::theMainForm(), dialogs::theProgressForm());
     dialogs::UseMainForm(mainwindow::theMainForm());
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FileGroups.h"
 #include "Form.h"
 #include "ListView.h"
 #include "Menu.h"
@@ -19,6 +20,7 @@ public:
     platform::Form form; ///< `Enabled`: the user may act on the form
     platform::ListView lvFolders{form};
     platform::ListView lvFiles{form};
+    platform::ComparedBy RowsComparedBy = platform::ComparedBy::Content; ///< in the search that wrote lvFiles
     platform::StatusBar StatusBar1{2};
     platform::MenuItem mnuOptionsSearchContent;
     platform::MenuItem mnuOptionsSearchNameSize;

@@ -298,8 +298,11 @@ void FindDuplicatesByName()
     if (!BeginSearch()) {
         return;
     }
-    Search(
-        [] { return frmMain().mnuOptionsSearchNameSize.Checked() ? PairKey::NameAndSize : PairKey::Name; });
+    Search([] {
+        const bool bNameSize = frmMain().mnuOptionsSearchNameSize.Checked();
+        frmMain().RowsComparedBy = bNameSize ? platform::ComparedBy::NameAndSize : platform::ComparedBy::Name;
+        return bNameSize ? PairKey::NameAndSize : PairKey::Name;
+    });
     // The list gets the focus, if its form may have it by now, and its current row is selected.
     auto& list = frmMain().lvFiles;
     static_cast<void>(list.SetFocus());
@@ -314,6 +317,7 @@ void FindDuplicatesByContent()
     if (!BeginSearch()) {
         return;
     }
+    frmMain().RowsComparedBy = platform::ComparedBy::Content;
     Search([] { return PairKey::Size; });
     EndSearch();
 }

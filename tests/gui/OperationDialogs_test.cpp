@@ -14,6 +14,7 @@
 
 namespace {
 
+using desktop::Consent;
 using desktop::FileOperation;
 using support::Answers;
 using support::Child;
@@ -72,8 +73,43 @@ TEST_F(OperationDialogs, ConfirmTheSetOnce)
             EXPECT_EQ(dialog.parentWidget(), &window);
             QTest::keyClick(&dialog, each.key);
         });
-        EXPECT_EQ(dialogs.Confirm({FileOperation::Trash, each.nFiles, each.cyTotal, form.hWnd()}),
-                  each.key != Qt::Key_Escape);
+        const auto consent =
+            dialogs.Confirm({{FileOperation::Trash, each.nFiles, each.cyTotal, form.hWnd()}});
+        EXPECT_EQ(consent, each.key != Qt::Key_Escape ? Consent::All : Consent::Cancel);
+    }
+}
+
+TEST_F(OperationDialogs, ConfirmWithWhatThereIsToSay)
+{
+    const desktop::tOperation trash{FileOperation::Trash, 3, 3, form.hWnd()};
+    const desktop::tConcern concern{desktop::Concern::NoOtherCopy, {"/a\nb"}};
+    const struct {
+        std::size_t nWithCopy;
+        Answers::Answer answer;
+        Consent consent;
+    } cases[] = {
+        {2, Answers::Press(Qt::Key_Return), Consent::WithCopy},
+        {0, Answers::Press(Qt::Key_Return), Consent::Cancel},
+        {2, Answers::Click("all"), Consent::All},
+        {2, Answers::Press(Qt::Key_Escape), Consent::Cancel},
+    };
+    for (const auto& each : cases) {
+        answers.Expect("confirmOperation", [&](QDialog& dialog) {
+            EXPECT_EQ(Plain(Child<QLabel>(dialog, "text").text()),
+                      "Move 3 files (3 bytes) to the trash?\n\n"
+                      "\u201ca\\x0Ab\u201d has no other copy that stays.");
+            auto& names = Child<QPlainTextEdit>(dialog, "names");
+            EXPECT_FALSE(names.isVisible());
+            Answers::Click("unfold")(dialog);
+            EXPECT_TRUE(names.isVisible());
+            EXPECT_TRUE(Plain(names.toPlainText()).ends_with("stays.\n    /a\\x0Ab\n"));
+            each.answer(dialog);
+        });
+        EXPECT_EQ(dialogs.Confirm({trash, {}, each.nWithCopy, {concern}}), each.consent);
+    }
+    for (const auto key : {Qt::Key_Return, Qt::Key_Escape}) {
+        answers.Expect("askRoom", Answers::Press(key));
+        EXPECT_FALSE(dialogs.AskRoom(copy, {80, 16 << 20, 9 << 20}));
     }
 }
 
@@ -105,11 +141,12 @@ TEST_F(OperationDialogs, AskBeforeTheyReplace)
                 EXPECT_NE(sShown.find(pFact), std::string::npos) << sShown;
                 EXPECT_NE(sHeard.find(pFact), std::string::npos) << sHeard;
             }
+            EXPECT_EQ(sHeard.find("The files are identical.") != std::string::npos, each.bForAll);
             EXPECT_LE(dialog.width(), 800);
             Child<QCheckBox>(dialog, "forAll").setChecked(each.bForAll);
             each.answer(dialog);
         });
-        const auto answer = dialogs.AskReplace(source, target);
+        const auto answer = dialogs.AskReplace(source, target, each.bForAll);
         EXPECT_EQ(answer.choice, each.choice);
         EXPECT_EQ(answer.bForAll, each.bForAll);
     }
@@ -151,6 +188,10 @@ TEST_F(OperationDialogs, SayAtTheEndWhatWasNotDone)
         {1, {9'000, false, one}, "1 of 9001 files was not moved to the trash:"},
         {0, {7, true, {}}, "You cancelled. 7 of 9000 files were moved to the trash before."},
         {0, {0, false, {9'000, {"/x", "Why."}}}, "9000 files were not moved to the trash:"},
+        {0,
+         {6, false, {}, {}, 2, 1},
+         "6 of 9000 files were moved to the trash.\n"
+         "1 file was replaced at the destination and put into the trash.\n2 files were skipped."},
     };
     for (const auto& each : cases) {
         const std::size_t nNotDone = each.outcome.notDone.size();
@@ -158,16 +199,23 @@ TEST_F(OperationDialogs, SayAtTheEndWhatWasNotDone)
             EXPECT_EQ(Plain(Child<QLabel>(dialog, "text").text()), each.pText);
             if (nNotDone == 1) {
                 EXPECT_EQ(Child<QPlainTextEdit>(dialog, "notDone").toPlainText(),
-                          "/a\\x0Ab\n    The folder is read-only.\n");
+                          "The folder is read-only.\n    /a\\x0Ab\n");
             } else if (nNotDone > 1) {
                 Answers::Click("copy")(dialog);
-                EXPECT_EQ(QApplication::clipboard()->text().count(QStringLiteral("/x\n    Why.\n")), 9'000);
+                EXPECT_EQ(QApplication::clipboard()->text().count(QStringLiteral("    /x\n")), 9'000);
+                EXPECT_TRUE(
+                    Plain(QApplication::clipboard()->text()).starts_with("Why. (9000 files)\n    /x"));
             }
             QTest::keyClick(&dialog, nNotDone == 0 ? Qt::Key_Return : Qt::Key_Escape);
         });
         dialogs.Finished({FileOperation::Trash, 9'000, 1, form.hWnd(), each.nMissing}, each.outcome);
     }
     dialogs.Finished(copy, {4, false, {}}); // nothing to say
+
+    for (const char* pButton : {"close", "afterAll"}) {
+        answers.Expect("operationSummary", Answers::Click(pButton));
+        EXPECT_EQ(dialogs.Finished(copy, {3, false, {{"/x", "Why.", true}}}), pButton[0] == 'a');
+    }
 }
 
 } // namespace

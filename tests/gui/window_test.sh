@@ -178,6 +178,20 @@ key alt+f Down Down Right Up Return
 expect 'Choose Program comes up' has_keyboard 'Choose Program'
 xdotool windowactivate "$(xdotool search --onlyvisible --name '^Tallyfen$')"
 expect 'the main window can be used beside it' has_keyboard Tallyfen
+files_left() { [ "$(find "$HOME/Documents" -type f | wc -l)" = "$1" ]; }
+key ctrl+a
+expect 'Ctrl+A selects all rows' shows 10000 "$selected"
+key Delete
+expect 'Delete asks' has_keyboard 'Move to Trash'
+key Return
+expect 'where no copy would stay, Enter is no' has_keyboard Tallyfen
+files_left 3 || fail 'what was not agreed to stays'
+key Home Down shift+Down Delete
+expect 'Delete asks again' has_keyboard 'Move to Trash'
+key Return
+expect 'where a copy stays, Enter is yes' files_left 1
+[ "$(find "$XDG_DATA_HOME/Trash/files" -type f | wc -l)" = 2 ] || fail 'the others lie in the trash'
+expect 'the main window has the keyboard again' has_keyboard Tallyfen
 search_many
 key Escape alt+F4 space
 expect 'Cancel alone takes the progress window down' windows Progress 0

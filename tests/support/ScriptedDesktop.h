@@ -86,6 +86,7 @@ private:
     }
     platform::tVolumeLabel VolumeLabel(const std::string&) override { return label; }
 
+    void UseGroups(platform::FileGroups&) override {}
     int SHFileOperationA(const platform::SHFILEOPSTRUCT& request) override
     {
         sLog += "request " + std::to_string(request.wFunc) + " flags " + std::to_string(request.fFlags) +

@@ -16,17 +16,25 @@ using Choice = desktop::tReplaceAnswer::Choice;
 class ScriptedOperations final : public desktop::OperationDialogs
 {
 public:
-    bool Confirm(const desktop::tOperation& operation) override
+    desktop::Consent Confirm(const desktop::tConfirmation& asked) override
     {
+        const desktop::tOperation& operation = asked.operation;
+        confirmation = asked;
         shown.push_back("Confirm " + std::to_string(operation.nFiles) + ' ' +
                         std::to_string(operation.cyTotal));
         onConfirm();
+        return consent;
+    }
+    bool AskRoom(const desktop::tOperation&, const desktop::tRoom& asked) override
+    {
+        shown.push_back("AskRoom");
+        room = asked;
         return bConfirm;
     }
-    desktop::tReplaceAnswer AskReplace(const desktop::tFileFacts& source,
-                                       const desktop::tFileFacts& target) override
+    desktop::tReplaceAnswer AskReplace(const desktop::tFileFacts& source, const desktop::tFileFacts& target,
+                                       bool bIdentical) override
     {
-        shown.push_back("AskReplace");
+        shown.push_back(bIdentical ? "AskReplace identical" : "AskReplace");
         questions.emplace_back(source, target);
         return answer;
     }
@@ -35,14 +43,19 @@ public:
     {
         return !onProgress || onProgress(progress);
     }
-    void Finished(const desktop::tOperation& operation, const desktop::tOperationOutcome& result) override
+    bool Finished(const desktop::tOperation& operation, const desktop::tOperationOutcome& result) override
     {
         shown.push_back("Finished " + std::to_string(operation.nFiles) + " and " +
                         std::to_string(operation.nMissing));
         outcome = result;
+        return std::exchange(bAfterAll, false);
     }
 
-    bool bConfirm = true;
+    desktop::Consent consent = desktop::Consent::All;
+    bool bConfirm = true;   ///< a move or copy without the room for all of it
+    bool bAfterAll = false; ///< what was spared goes to the trash after all, once
+    desktop::tConfirmation confirmation;
+    desktop::tRoom room;
     std::function<void()> onConfirm = [] {};
     desktop::tReplaceAnswer answer;
     std::function<bool(const desktop::tOperationProgress&)> onProgress;

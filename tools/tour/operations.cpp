@@ -10,6 +10,7 @@
 #include <QHeaderView>
 #include <QPushButton>
 #include <QTest>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -109,11 +110,17 @@ void Replace(Stage& stage)
                     stage.Press(Qt::Key_Return);
                 });
         };
-        Meet(stage, choose, "replaceQuestion", [&] {
-            if (pPicture != nullptr) {
-                stage.Show(pPicture);
-            }
-            Press(stage, "replaceQuestion", pAnswer);
+        const auto answer = [&] {
+            Meet(stage, choose, "replaceQuestion", [&] {
+                if (pPicture != nullptr) {
+                    stage.Show(pPicture);
+                }
+                Press(stage, "replaceQuestion", pAnswer);
+            });
+        };
+        Meet(stage, answer, "operationSummary", [&] {
+            stage.Show(std::string("summary-") + pAnswer);
+            stage.Press(Qt::Key_Escape);
         });
     };
     copy("replace-question", "skip");
@@ -139,12 +146,75 @@ void CopyOntoItself(Stage& stage)
     });
 }
 
+void SelectBy(Stage& stage, const platform::MenuItem& rule)
+{
+    stage.Open(stage.main.mnuFile);
+    stage.Open(stage.main.mnuSelect);
+    stage.Choose(rule);
+}
+
+/// What is said of files of which no copy would stay, or might not; nothing of it is agreed to.
+void Decide(Stage& stage)
+{
+    const std::string sReport = stage.tree.Path("Documents/Old/report.odt");
+    const std::string sContent = ContentOf(sReport);
+    const auto time = fs::last_write_time(sReport);
+    const auto press = [&] { stage.Press(Qt::Key_Delete); };
+    const auto ask = [&](const char* pPicture, Qt::Key answer) {
+        Meet(stage, press, "confirmOperation", [&] {
+            stage.Show(pPicture);
+            stage.Press(answer);
+        });
+    };
+    SelectBy(stage, stage.main.mnuSelectAll);
+    ask("confirmation-no-copy", Qt::Key_Return);
+    stage.Expect(fs::exists(sReport), "where no copy stays, Enter is no");
+
+    SelectBy(stage, stage.main.mnuSelectDuplicatedFiles);
+    fs::last_write_time(sReport, time + std::chrono::hours(1));
+    ask("confirmation-changed", Qt::Key_Escape);
+    Meet(stage, press, "confirmOperation", [&] {
+        Press(stage, "confirmOperation", "unfold");
+        stage.Show("confirmation-names");
+        stage.Press(Qt::Key_Escape);
+    });
+
+    // Another file than the one found, that looks the same.
+    ClickRow(stage, "Documents/Old/report.odt");
+    std::ofstream(sReport) << std::string(sContent.size(), 'x');
+    fs::last_write_time(sReport, time);
+    Meet(
+        stage, [&] { ask("confirmation-one", Qt::Key_Return); }, "operationSummary",
+        [&] {
+            stage.Show("summary-spared");
+            stage.Press(Qt::Key_Escape);
+        });
+    stage.Expect(fs::exists(sReport), "what differs from the copy that stays does not go");
+    std::ofstream(sReport) << sContent;
+    fs::last_write_time(sReport, time);
+}
+
+/// After a search by name nothing is known of contents.
+void DecideByName(Stage& stage)
+{
+    stage.Open(stage.main.mnuOptions);
+    stage.Choose(stage.main.mnuOptionsSearchName);
+    stage.Search();
+    SelectBy(stage, stage.main.mnuSelectDuplicatedFiles);
+    Meet(
+        stage, [&] { stage.Press(Qt::Key_Delete); }, "confirmOperation",
+        [&] {
+            stage.Show("confirmation-by-name");
+            stage.Press(Qt::Key_Escape);
+        });
+    stage.Open(stage.main.mnuOptions);
+    stage.Choose(stage.main.mnuOptionsSearchContent);
+}
+
 void Delete(Stage& stage)
 {
     auto& main = stage.main;
-    stage.Open(main.mnuFile);
-    stage.Open(main.mnuSelect);
-    stage.Choose(main.mnuSelectDuplicatedFiles);
+    SelectBy(stage, main.mnuSelectDuplicatedFiles);
     std::vector<std::string> selected;
     for (std::size_t n = 1; n <= main.lvFiles.ListItems.Count(); ++n) {
         if (main.lvFiles.ListItems(n).Selected()) {
@@ -231,8 +301,14 @@ void LookAtOneFile(Stage& stage)
 std::vector<tScene> Operations()
 {
     return {
-        {"selection", SelectByRule}, {"replace", Replace}, {"copy onto itself", CopyOntoItself},
-        {"delete", Delete},          {"report", Report},   {"one file", LookAtOneFile},
+        {"selection", SelectByRule},
+        {"replace", Replace},
+        {"copy onto itself", CopyOntoItself},
+        {"moment of decision", Decide},
+        {"delete", Delete},
+        {"report", Report},
+        {"one file", LookAtOneFile},
+        {"decision by name", DecideByName},
     };
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "FileIdentity.h"
 
+#include "FileTime.h"
 #include "FolderEntry.h"
 #include "Reasons.h"
 
@@ -15,6 +16,12 @@ tLook Looked(int nResult, const Status& status)
 }
 
 } // namespace
+
+double DateOf(const tFileIdentity& identity)
+{
+    const auto stTime = platform::LocalTime({identity.nSeconds});
+    return stTime ? platform::DateValue(*stTime) : 0;
+}
 
 tFileIdentity tLook::Identity() const
 {

@@ -22,6 +22,9 @@ struct tFileIdentity {
     friend bool operator==(const tFileIdentity&, const tFileIdentity&) = default;
 };
 
+/// The time of its last write as rows show it: days since 30 December 1899 in local time; 0 if unknown.
+double DateOf(const tFileIdentity& identity);
+
 /// What was found under a name.
 struct tLook {
     int nError = 0; ///< the system's error number; then there is nothing in `status`

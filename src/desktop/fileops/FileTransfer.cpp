@@ -76,6 +76,7 @@ tEnding FileTransfer::Carry(const HeldFile& source, const tPlannedFile& file, co
     }
     if (ending.IsDone()) {
         target.done.push_back(file.sPath);
+        ending.bReplaced = job.replaced.has_value();
     }
     return ending;
 }
@@ -107,7 +108,8 @@ tEnding FileTransfer::Settle(tJob& job)
                                     ? "There is a folder of its name at the destination."
                                     : "There is something of its name at the destination that is no file.");
     }
-    switch (m_questions.Ask(job.file.sPath, source, job.file.sTarget, target)) {
+    const auto compares = [&] { return CompareWithTarget(job, target); };
+    switch (m_questions.Ask(job.file.sPath, source, job.file.sTarget, target, compares)) {
     case tReplaceAnswer::Choice::Replace:
         job.replaced = target.Identity();
         return {};
@@ -117,6 +119,21 @@ tEnding FileTransfer::Settle(tJob& job)
         break;
     }
     return {tEnding::Kind::Skipped, {}};
+}
+
+/// Whether the file and the one in its way, `target`, have the same contents.
+ContentComparison::Result FileTransfer::CompareWithTarget(const tJob& job, const tLook& target)
+{
+    if (target.status.st_size != job.source.Expected().cySize) {
+        return ContentComparison::Result::Different;
+    }
+    int nError = 0;
+    const Descriptor from = job.source.Entry().Open(O_RDONLY | O_NONBLOCK, nError);
+    const Descriptor to = job.target.Open(O_RDONLY | O_NONBLOCK, nError);
+    const bool bStill = IsStill(LookAt(from.Get()), job.source.Expected()).IsDone() &&
+                        IsStill(LookAt(to.Get()), target.Identity()).IsDone();
+    return bStill ? m_comparison.Compare(from.Get(), to.Get(), job.goOn)
+                  : ContentComparison::Result::Different;
 }
 
 /// Has a file given the target's name, the one that is to be replaced going to the trash.

@@ -54,6 +54,7 @@ private:
 
     tTargetFolder& Target(const tPlannedFile& file);
     tEnding Settle(tJob& job);
+    ContentComparison::Result CompareWithTarget(const tJob& job, const tLook& target);
     tRelocation Place(const tJob& job, const Names& names);
     tEnding Copy(const tJob& job);
     static tEnding Fill(const tJob& job, int hSource, const Status& status, const TemporaryFile& made);
@@ -63,6 +64,7 @@ private:
     TrashCan m_trash; ///< for what is replaced
     bool m_bMove;
     ReplaceQuestions m_questions;
+    ContentComparison m_comparison;
 };
 
 } // namespace desktop

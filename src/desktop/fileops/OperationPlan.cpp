@@ -38,6 +38,10 @@ std::optional<FileOperation> OperationOf(unsigned wFunc)
     }
 }
 
+constexpr const char* kInTrash =
+    "It lies in a trash already. Restore it from there, or empty the trash if it "
+    "is to be gone for good.";
+
 /// What bears the name, or why it must stay where it is.
 tEnding Found(const FolderEntry& entry, FileOperation operation, bool bInTrash, tLook& look)
 {
@@ -51,7 +55,7 @@ tEnding Found(const FolderEntry& entry, FileOperation operation, bool bInTrash, 
     // lost.
     if (ending.IsDone() && bInTrash && operation != FileOperation::Copy) {
         return tEnding::NotDone(operation == FileOperation::Trash
-                                    ? "It is in the trash already."
+                                    ? kInTrash
                                     : "It is in the trash. It can be restored from there.");
     }
     return ending;
@@ -74,6 +78,7 @@ bool ReadRequest(const platform::SHFILEOPSTRUCT& request, tOperationPlan& plan)
     plan.files.resize(from.size());
     for (std::size_t n = 0; n < from.size(); ++n) {
         plan.files[n].sPath = std::move(from[n]);
+        plan.files[n].nAsked = n;
         plan.files[n].sTarget = bTargets ? std::move(to[n]) : std::string();
     }
     return true;
@@ -97,6 +102,9 @@ bool LookAtFiles(tOperationPlan& plan, HeldFolders& folders, const LooksOn& look
         tLook look;
         tEnding ending = Found(FolderEntry(pFolder, NameOf(file.sPath)), operation.operation, bInTrash, look);
         if (!ending.IsDone()) {
+            if (bInTrash && operation.operation == FileOperation::Trash) {
+                plan.inTrash.push_back(file.sPath);
+            }
             plan.notDone.push_back({std::move(file.sPath), std::move(ending.sReason)});
             ++operation.nMissing;
             continue;

@@ -16,6 +16,7 @@ struct tPlannedFile {
     std::string sPath;
     std::string sTarget;    ///< where it goes; empty if into the trash
     tFileIdentity identity; ///< as it was when the operation began
+    std::size_t nAsked = 0; ///< its place among the files of the request
 };
 
 /// What a request comes to.
@@ -24,6 +25,7 @@ struct tOperationPlan {
     std::vector<tPlannedFile> files;
     std::vector<tNotDone>
         notDone; ///< what the request names that is no file any more, or must stay where it is
+    std::vector<std::string> inTrash; ///< those of them that lie in a trash
 };
 
 /// True if `request` can be carried out at all. `plan` then has what it asks for, and the files yet to be

@@ -18,8 +18,9 @@ constexpr std::chrono::milliseconds kGathering{200};
 
 } // namespace
 
-OperationRun::OperationRun(std::shared_ptr<OperationThread> pThread, tOperationPlan plan)
-    : m_pThread(std::move(pThread)), m_plan(std::move(plan))
+OperationRun::OperationRun(std::shared_ptr<OperationThread> pThread, tOperationPlan plan,
+                           platform::tFileGroups groups)
+    : m_pThread(std::move(pThread)), m_plan(std::move(plan)), m_groups(std::move(groups))
 {
 }
 
@@ -31,7 +32,40 @@ void OperationRun::LookAtFiles()
         return GoOn(sPath);
     };
     m_bCancelled = !desktop::LookAtFiles(m_plan, m_folders, looksOn);
+    if (m_plan.operation.operation != FileOperation::Trash) {
+        m_room = m_bCancelled ? std::nullopt : MissingRoom(m_plan, m_folders);
+    } else if (!m_bCancelled) {
+        m_progress.nFilesDone = m_plan.operation.nFiles;
+        m_progress.cyDone = m_plan.operation.cyTotal;
+        m_bCancelled = !m_consent.Look(m_plan, std::move(m_groups), m_folders,
+                                       [this](const std::string& sPath) { return GoOn(sPath); });
+        m_toTrash = m_consent.FilesFor(m_answer);
+    }
     m_progress = {};
+}
+
+tOperation OperationRun::Answered(Consent consent)
+{
+    m_answer = consent;
+    m_toTrash = m_consent.FilesFor(consent);
+    tOperation operation = m_plan.operation;
+    operation.nFiles = m_toTrash.size();
+    operation.cyTotal = 0;
+    for (const std::size_t n : m_toTrash) {
+        operation.cyTotal += m_plan.files[n].identity.cySize;
+    }
+    return operation;
+}
+
+tOperationPlan OperationRun::Spared() const
+{
+    tOperationPlan plan;
+    plan.operation.operation = FileOperation::Trash;
+    plan.operation.hwnd = m_plan.operation.hwnd;
+    for (const std::string& sPath : m_spared) {
+        plan.files.push_back({sPath, {}, {}});
+    }
+    return plan;
 }
 
 void OperationRun::CarryOut()
@@ -59,10 +93,16 @@ void OperationRun::End(const tPlannedFile& file, tEnding ending)
 {
     const bool bDone = ending.IsDone();
     const bool bCancelled = ending.kind == tEnding::Kind::Cancelled;
+    if (ending.bSpared) {
+        m_spared.push_back(file.sPath);
+    }
     m_pThread->Record([&](tOperationOutcome& outcome) {
         outcome.nFilesDone += bDone ? 1U : 0U;
+        outcome.nSkipped += ending.kind == tEnding::Kind::Skipped ? 1U : 0U;
+        outcome.nReplaced += bDone && ending.bReplaced ? 1U : 0U;
         if (!ending.sReason.empty()) {
-            (bDone ? outcome.remarks : outcome.notDone).push_back({file.sPath, std::move(ending.sReason)});
+            (bDone ? outcome.remarks : outcome.notDone)
+                .push_back({file.sPath, std::move(ending.sReason), ending.bSpared});
         }
     });
     m_bCancelled = m_bCancelled || bCancelled;
@@ -91,22 +131,23 @@ HeldFile OperationRun::Held(const tPlannedFile& file)
 
 void OperationRun::TrashAll()
 {
-    TrashCan trash;
-    for (std::size_t n = 0; n < m_plan.files.size() && !m_bCancelled;) {
-        n += TrashSome(trash, n);
+    CopyLook look(m_folders);
+    TrashCan trash(&look);
+    for (std::size_t n = 0; n < m_toTrash.size() && !m_bCancelled;) {
+        n += TrashSome(trash, look, n);
     }
 }
 
 /// Puts some files from the `nFirst`th on into the trash; how many have been dealt with.
-std::size_t OperationRun::TrashSome(TrashCan& trash, std::size_t nFirst)
+std::size_t OperationRun::TrashSome(TrashCan& trash, CopyLook& look, std::size_t nFirst)
 {
     const auto start = Clock::now();
     std::vector<HeldFile> held;
-    std::vector<const tPlannedFile*> files;
+    std::vector<std::size_t> places;
     std::size_t n = nFirst;
-    while (n < m_plan.files.size() && held.size() < kBatch &&
+    while (n < m_toTrash.size() && held.size() < kBatch &&
            (n == nFirst || Clock::now() - start < kGathering)) {
-        const tPlannedFile& file = m_plan.files[n++];
+        const tPlannedFile& file = m_plan.files[m_toTrash[n]];
         if (!GoOn(file.sPath)) {
             m_bCancelled = true;
             return n - nFirst;
@@ -115,24 +156,31 @@ std::size_t OperationRun::TrashSome(TrashCan& trash, std::size_t nFirst)
         tEnding ending = each.Hold();
         if (ending.IsDone()) {
             held.push_back(std::move(each));
-            files.push_back(&file);
+            places.push_back(m_toTrash[n]);
         } else {
             End(file, std::move(ending));
         }
+        ++n;
     }
+    const auto fileOf = [&](std::size_t nHeld) -> const tPlannedFile& { return m_plan.files[places[nHeld]]; };
     trash.Put(
-        held, [&](std::size_t nFile) { return GoOn(files[nFile]->sPath); },
-        [&](std::size_t nFile, tEnding ending) { End(*files[nFile], std::move(ending)); });
+        held,
+        [&](std::size_t nHeld) {
+            look.Begin(held[nHeld], m_consent.ToCompare(places[nHeld], m_answer),
+                       [&, nHeld](std::int64_t) { return GoOn(fileOf(nHeld).sPath); });
+            return GoOn(fileOf(nHeld).sPath);
+        },
+        [&](std::size_t nHeld, tEnding ending) { End(fileOf(nHeld), std::move(ending)); });
     return n - nFirst;
 }
 
 void OperationRun::TransferAll()
 {
-    FileTransfer transfer(
-        m_plan.operation.operation,
-        ReplaceQuestions([pThread = m_pThread](const tFileFacts& source, const tFileFacts& target) {
-            return pThread->Ask(source, target);
-        }));
+    FileTransfer transfer(m_plan.operation.operation,
+                          ReplaceQuestions([pThread = m_pThread](const tFileFacts& source,
+                                                                 const tFileFacts& target, bool bIdentical) {
+                              return pThread->Ask(source, target, bIdentical);
+                          }));
     for (const tPlannedFile& file : m_plan.files) {
         const ProgressCall goOn = [&](std::int64_t cyOfFile) { return GoOn(file.sPath, cyOfFile); };
         if (!goOn(0)) {

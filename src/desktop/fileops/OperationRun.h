@@ -1,15 +1,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "CopyLook.h"
 #include "FileTransfer.h"
+#include "FreeRoom.h"
 #include "HeldFolders.h"
 #include "OperationPlan.h"
 #include "OperationThread.h"
 #include "TrashCan.h"
+#include "TrashConsent.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_set>
+#include <vector>
 
 namespace desktop {
 
@@ -18,13 +23,26 @@ namespace desktop {
 class OperationRun
 {
 public:
-    OperationRun(std::shared_ptr<OperationThread> pThread, tOperationPlan plan);
+    /// `groups`: what the rows say of the files that were asked for.
+    OperationRun(std::shared_ptr<OperationThread> pThread, tOperationPlan plan, platform::tFileGroups groups);
 
     /// The plan as far as the files have been looked at. Not for another thread while this one works.
     [[nodiscard]] const tOperationPlan& Plan() const { return m_plan; }
 
     void LookAtFiles();
+
+    /// Once the files have been looked at: what is to be asked before they go to the trash; and what a move
+    /// or copy needs, if there is not that much room.
+    [[nodiscard]] tConfirmation Question() const { return m_consent.Question(); }
+    [[nodiscard]] const std::optional<tRoom>& Room() const { return m_room; }
+
+    /// The answer to the question. What it leaves to be done.
+    tOperation Answered(Consent consent);
+
     void CarryOut();
+
+    /// Once that has been done: a plan for the files that were spared.
+    [[nodiscard]] tOperationPlan Spared() const;
 
 private:
     bool GoOn(const std::string& sPath, std::int64_t cyOfFile = 0);
@@ -32,13 +50,19 @@ private:
     void Arrive(const FolderPtr& pFolder);
     HeldFile Held(const tPlannedFile& file);
     void TrashAll();
-    std::size_t TrashSome(TrashCan& trash, std::size_t nFirst);
+    std::size_t TrashSome(TrashCan& trash, CopyLook& look, std::size_t nFirst);
     void TransferAll();
     void NameAstray(const FileTransfer& transfer);
 
     std::shared_ptr<OperationThread> m_pThread;
     tOperationPlan m_plan;
+    platform::tFileGroups m_groups; ///< until the files have been looked at
     HeldFolders m_folders;
+    TrashConsent m_consent;
+    std::optional<tRoom> m_room;
+    Consent m_answer = Consent::All;
+    std::vector<std::size_t> m_toTrash; ///< places in the plan of the files that may go
+    std::vector<std::string> m_spared;
     std::unordered_set<std::string> m_cleared; ///< folders without leftovers
     tOperationProgress m_progress;
     bool m_bCancelled = false;

@@ -55,7 +55,8 @@ bool OperationThread::Serve(const Shows& shows, OperationDialogs& dialogs)
         if (m_pQuestion != nullptr) {
             lock.unlock();
             EndSignals::Wait(false);
-            m_pQuestion->answer = dialogs.AskReplace(m_pQuestion->source, m_pQuestion->target);
+            m_pQuestion->answer =
+                dialogs.AskReplace(m_pQuestion->source, m_pQuestion->target, m_pQuestion->bIdentical);
             EndSignals::Wait(true);
             lock.lock();
             m_pQuestion = nullptr;
@@ -101,9 +102,9 @@ bool OperationThread::Reached(const tOperationProgress& progress)
     return !m_bCancelled;
 }
 
-tReplaceAnswer OperationThread::Ask(const tFileFacts& source, const tFileFacts& target)
+tReplaceAnswer OperationThread::Ask(const tFileFacts& source, const tFileFacts& target, bool bIdentical)
 {
-    tQuestion question{source, target};
+    tQuestion question{source, target, bIdentical};
     std::unique_lock lock(m_mutex);
     if (m_bCancelled) {
         return {tReplaceAnswer::Choice::Cancel, true};

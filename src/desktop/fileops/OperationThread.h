@@ -32,7 +32,7 @@ public:
     bool Reached(const tOperationProgress& progress);
 
     /// For the work: asks the user.
-    tReplaceAnswer Ask(const tFileFacts& source, const tFileFacts& target);
+    tReplaceAnswer Ask(const tFileFacts& source, const tFileFacts& target, bool bIdentical);
 
     /// For the work: what has come of it, as long as it has not been left behind.
     void Record(const std::function<void(tOperationOutcome&)>& record);
@@ -45,6 +45,7 @@ private:
     struct tQuestion {
         const tFileFacts& source;
         const tFileFacts& target;
+        bool bIdentical;
         tReplaceAnswer answer{};
     };
 

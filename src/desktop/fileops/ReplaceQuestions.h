@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ContentComparison.h"
 #include "FileIdentity.h"
 #include "OperationDialogs.h"
 
@@ -14,13 +15,15 @@ namespace desktop {
 class ReplaceQuestions
 {
 public:
-    /// Asks about the source and the file that is there.
-    using Asks = std::function<tReplaceAnswer(const tFileFacts&, const tFileFacts&)>;
+    /// Asks about the source and the file that is there, and says whether they are the same to the byte.
+    using Asks = std::function<tReplaceAnswer(const tFileFacts&, const tFileFacts&, bool)>;
+    /// Compares the two; called only if the user is asked.
+    using Compares = std::function<ContentComparison::Result()>;
 
     explicit ReplaceQuestions(Asks asks) : m_asks(std::move(asks)) {}
 
     tReplaceAnswer::Choice Ask(const std::string& sSource, const tLook& source, const std::string& sTarget,
-                               const tLook& target);
+                               const tLook& target, const Compares& compares);
 
 private:
     Asks m_asks;

@@ -2,7 +2,6 @@
 
 #include "EndSignals.h"
 #include "FileIdentity.h"
-#include "OperationRun.h"
 
 #include <system_error>
 #include <utility>
@@ -26,45 +25,78 @@ int ShellFileOperations::SHFileOperationA(const platform::SHFILEOPSTRUCT& reques
     if (wanted.files.empty()) {
         return 0;
     }
-    const auto pThread = std::make_shared<OperationThread>(m_bEachStep);
-    const auto pRun = std::make_shared<OperationRun>(pThread, std::move(wanted));
-    tOperation soFar = pRun->Plan().operation;
+    platform::tFileGroups groups;
+    if (m_pGroups != nullptr && wanted.operation.operation == FileOperation::Trash) {
+        std::vector<std::string> paths;
+        for (const tPlannedFile& file : wanted.files) {
+            paths.push_back(file.sPath);
+        }
+        groups = m_pGroups->GroupsOf(paths);
+    }
     try {
-        bool bCancelled = false;
-        const auto looking = [&](const tOperationProgress& progress) {
-            soFar.nFiles = progress.nFilesDone;
-            soFar.cyTotal = progress.cyDone;
-            bCancelled = bCancelled || !m_dialogs.Looking(soFar);
-            return !bCancelled;
-        };
-        if (!OperationThread::Run(pThread, [pRun] { pRun->LookAtFiles(); }, looking, m_dialogs)) {
-            return NoAnswer(soFar, *pThread);
+        Result result = CarryOut(wanted, std::move(groups), true);
+        while (result == Result::SparedToo) {
+            result = CarryOut(wanted, {}, false);
         }
-        // Who chose a folder to move or copy to has confirmed by that.
-        const tOperation operation = pRun->Plan().operation;
-        const bool bConfirm = operation.operation == FileOperation::Trash && operation.nFiles > 0;
-        if (bCancelled || (bConfirm && !m_dialogs.Confirm(operation))) {
-            return 0;
-        }
-        m_dialogs.Started(operation);
-        const auto working = [&](const tOperationProgress& progress) { return m_dialogs.Progress(progress); };
-        bool bEnded = false;
-        {
-            const EndSignals signals;
-            bEnded = OperationThread::Run(pThread, [pRun] { pRun->CarryOut(); }, working, m_dialogs);
-        }
-        if (!bEnded) {
-            return NoAnswer(operation, *pThread);
-        }
-        m_dialogs.Finished(operation, pThread->Outcome());
-        return 0;
+        return result == Result::NoAnswer ? kTimeout : 0;
     } catch (const std::system_error&) {
         return kNoMemory; // there is no thread to be had
     }
 }
 
+/// Carries a plan out whose files have not been looked at. SparedToo: the user wants those that were spared
+/// to go after all, and `wanted` is the plan for them.
+ShellFileOperations::Result ShellFileOperations::CarryOut(tOperationPlan& wanted,
+                                                          platform::tFileGroups groups, bool bAsk)
+{
+    const auto pThread = std::make_shared<OperationThread>(m_bEachStep);
+    const auto pRun = std::make_shared<OperationRun>(pThread, std::move(wanted), std::move(groups));
+    tOperation soFar = pRun->Plan().operation;
+    bool bCancelled = false;
+    const auto looking = [&](const tOperationProgress& progress) {
+        soFar.nFiles = progress.nFilesDone;
+        soFar.cyTotal = progress.cyDone;
+        bCancelled = bCancelled || !m_dialogs.Looking(soFar);
+        return !bCancelled;
+    };
+    if (!OperationThread::Run(pThread, [pRun] { pRun->LookAtFiles(); }, looking, m_dialogs)) {
+        return NoAnswer(soFar, *pThread);
+    }
+    const auto agreed = bCancelled ? std::nullopt : bAsk ? Agreed(*pRun) : pRun->Plan().operation;
+    if (!agreed) {
+        return Result::Ended;
+    }
+    m_dialogs.Started(*agreed);
+    const auto working = [&](const tOperationProgress& progress) { return m_dialogs.Progress(progress); };
+    bool bEnded = false;
+    {
+        const EndSignals signals;
+        bEnded = OperationThread::Run(pThread, [pRun] { pRun->CarryOut(); }, working, m_dialogs);
+    }
+    if (!bEnded) {
+        return NoAnswer(*agreed, *pThread);
+    }
+    const bool bSparedToo = m_dialogs.Finished(*agreed, pThread->Outcome());
+    wanted = pRun->Spared();
+    return bSparedToo && !wanted.files.empty() ? Result::SparedToo : Result::Ended;
+}
+
+/// Asks the user. What he has agreed to; nothing if he does not want it.
+std::optional<tOperation> ShellFileOperations::Agreed(OperationRun& run)
+{
+    const tOperation& operation = run.Plan().operation;
+    if (operation.operation != FileOperation::Trash) {
+        // Who chose a folder to move or copy to has confirmed by that.
+        return !run.Room() || m_dialogs.AskRoom(operation, *run.Room()) ? std::optional(operation)
+                                                                        : std::nullopt;
+    }
+    const Consent consent = operation.nFiles > 0 ? m_dialogs.Confirm(run.Question()) : Consent::All;
+    return consent != Consent::Cancel ? std::optional(run.Answered(consent)) : std::nullopt;
+}
+
 /// The work has been left behind: names the file that it hangs at.
-int ShellFileOperations::NoAnswer(const tOperation& operation, const OperationThread& thread)
+ShellFileOperations::Result ShellFileOperations::NoAnswer(const tOperation& operation,
+                                                          const OperationThread& thread)
 {
     tOperationOutcome outcome = thread.Outcome();
     outcome.bCancelled = true;
@@ -72,7 +104,7 @@ int ShellFileOperations::NoAnswer(const tOperation& operation, const OperationTh
         {thread.Progress().sPath,
          "It was in hand when you cancelled, and the file system has not answered yet."});
     m_dialogs.Finished(operation, outcome);
-    return kTimeout;
+    return Result::NoAnswer;
 }
 
 long ShellFileOperations::SHGetFileInfoA(const std::string& sPath, unsigned /*dwFileAttributes*/,

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "OperationDialogs.h"
+#include "OperationRun.h"
 #include "OperationThread.h"
 #include "ShellFiles.h"
 
+#include <optional>
 #include <string>
 
 namespace desktop {
@@ -25,11 +27,18 @@ public:
     int SHFileOperationA(const platform::SHFILEOPSTRUCT& request) override;
     long SHGetFileInfoA(const std::string& sPath, unsigned dwFileAttributes, unsigned uFlags) override;
 
+    void UseGroups(platform::FileGroups& groups) override { m_pGroups = &groups; }
+
 private:
-    int NoAnswer(const tOperation& operation, const OperationThread& thread);
+    enum class Result { Ended, SparedToo, NoAnswer };
+
+    Result CarryOut(tOperationPlan& wanted, platform::tFileGroups groups, bool bAsk);
+    std::optional<tOperation> Agreed(OperationRun& run);
+    Result NoAnswer(const tOperation& operation, const OperationThread& thread);
 
     OperationDialogs& m_dialogs;
     bool m_bEachStep;
+    platform::FileGroups* m_pGroups = nullptr; ///< none: nothing is known of files but their paths
 };
 
 } // namespace desktop

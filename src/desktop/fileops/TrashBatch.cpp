@@ -130,6 +130,7 @@ TrashBatch::tResult TrashBatch::Go(std::size_t n, LastLook* pLastLook)
         const tEnding after = gone.ending.IsDone() && pLastLook != nullptr ? pLastLook->After() : tEnding();
         if (!after.IsDone()) {
             gone = GoBack(file, place, after.sReason);
+            gone.ending.bSpared = after.bSpared && gone.bBack;
         } else if (gone.ending.IsDone() && !HasNote(n)) {
             gone = GoBack(file, place, "The trash has lost the note of where it came from.");
         }

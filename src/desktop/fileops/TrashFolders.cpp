@@ -21,6 +21,7 @@ namespace desktop {
 namespace {
 
 constexpr const char* kNoTrash = "The volume that it is on has no trash.";
+constexpr const char* kNoHome = "You have no home folder that could hold a trash.";
 
 /// Folders of the system: what is mounted there is no volume of the user's, and no desktop shows a trash of
 /// it.
@@ -126,7 +127,7 @@ void TrashFolders::FindHome()
     }
     const std::string sData = DataHome();
     if (sData.empty()) {
-        m_home.sReason = "You have no home folder that could hold a trash.";
+        m_home.sReason = kNoHome;
         m_homeDevice = DeviceOf("/");
         return;
     }
@@ -182,8 +183,31 @@ TrashFolders::tTrash TrashFolders::OfVolume(const std::string& sTop) const
     return pTrash->Error() != 0 ? tTrash{nullptr, Reason(pTrash->Error(), Step::Trash)} : tTrash{pTrash, {}};
 }
 
-/// The mount that a folder is on, if it may have a trash.
-const tMount* TrashFolders::MountOf(const std::string& sFolder)
+std::string TrashFolders::WhyNone(const HeldFolder& folder)
+{
+    const std::string sData = DataHome();
+    if (folder.Look().status.st_dev == DeviceOf(sData.empty() ? "/" : sData + "/Trash")) {
+        return sData.empty() ? kNoHome : "";
+    }
+    const tMount* const pMount = MountOf(folder.Path());
+    if (pMount == nullptr) {
+        return kNoTrash;
+    }
+    const std::string sStart = pMount->sPoint == "/" ? "" : pMount->sPoint;
+    const bool bThere = LookAt(sStart + "/.Trash-" + std::to_string(geteuid())).nError == 0 ||
+                        LookAt(sStart + "/.Trash").nError == 0;
+    const bool bMayMake = faccessat(AT_FDCWD, pMount->sPoint.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+    return bThere || bMayMake ? "" : errno == EROFS ? Reason(EROFS, Step::Trash) : kNoTrash;
+}
+
+std::string TrashFolders::VolumeOf(const std::string& sFolder)
+{
+    const tMount* const pHolder = HolderOf(sFolder);
+    return pHolder != nullptr ? pHolder->sPoint : sFolder;
+}
+
+/// The mount that a folder is on.
+const tMount* TrashFolders::HolderOf(const std::string& sFolder)
 {
     if (m_mounts.empty()) {
         std::ifstream mountInfo(kMountInfo);
@@ -197,6 +221,13 @@ const tMount* TrashFolders::MountOf(const std::string& sFolder)
             pHolder = &mount;
         }
     }
+    return pHolder;
+}
+
+/// The same, if it may have a trash.
+const tMount* TrashFolders::MountOf(const std::string& sFolder)
+{
+    const tMount* const pHolder = HolderOf(sFolder);
     if (pHolder == nullptr || Has(kSystemPoints, pHolder->sPoint) || Has(kSystemTypes, pHolder->sType) ||
         std::any_of(kSystemFolders.begin(), kSystemFolders.end(),
                     [&](std::string_view sSystem) { return IsIn(pHolder->sPoint, sSystem); })) {

@@ -23,6 +23,13 @@ public:
     /// `bVolume`, not the home's.
     TrashPtr For(const HeldFolder& folder, bool bVolume, std::string& sReason);
 
+    /// Why what is in that folder cannot go to a trash, as far as that can be known without making one; empty
+    /// if it can.
+    std::string WhyNone(const HeldFolder& folder);
+
+    /// The top folder of the volume that a folder is on.
+    std::string VolumeOf(const std::string& sFolder);
+
 private:
     struct tTrash {
         TrashPtr pTrash;
@@ -31,6 +38,7 @@ private:
 
     void FindHome();
     tTrash OfVolume(const std::string& sTop) const;
+    const tMount* HolderOf(const std::string& sFolder);
     const tMount* MountOf(const std::string& sFolder);
 
     bool m_bHomeKnown = false;

@@ -9,6 +9,8 @@
 #include <QPlainTextEdit>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <string_view>
+#include <unordered_map>
 
 namespace desktop {
 namespace {
@@ -42,10 +44,21 @@ QString Share(std::size_t nPart, std::size_t nAll)
 QString Sentences(const tOperation& operation, const tOperationOutcome& outcome)
 {
     const std::size_t nAll = operation.nFiles + operation.nMissing;
+    const bool bAnySettled = outcome.nSkipped > 0 || outcome.nReplaced > 0;
+    const QString sShare =
+        QStringLiteral("%1 %2").arg(Share(outcome.nFilesDone, nAll), Done(operation.operation));
     QStringList sentences;
     if (outcome.bCancelled) {
-        sentences << QStringLiteral("You cancelled. %1 %2 before.")
-                         .arg(Share(outcome.nFilesDone, nAll), Done(operation.operation));
+        sentences << QStringLiteral("You cancelled. %1 before.").arg(sShare);
+    } else if (bAnySettled) {
+        sentences << sShare + QLatin1Char('.');
+    }
+    if (outcome.nReplaced > 0) {
+        sentences << QStringLiteral("%1 replaced at the destination and put into the trash.")
+                         .arg(Share(outcome.nReplaced, outcome.nReplaced));
+    }
+    if (outcome.nSkipped > 0) {
+        sentences << QStringLiteral("%1 skipped.").arg(Share(outcome.nSkipped, outcome.nSkipped));
     }
     if (!outcome.notDone.empty()) {
         sentences << QStringLiteral("%1 not %2:")
@@ -58,13 +71,43 @@ QString Sentences(const tOperation& operation, const tOperationOutcome& outcome)
     return sentences.join(QLatin1Char('\n'));
 }
 
-/// Each file with the reason below it.
-QString Lines(const std::vector<tNotDone>& notDone, std::size_t nMost)
+using NotDone = std::vector<tNotDone>;
+
+/// The files by their reasons, a reason where it first came.
+std::vector<std::vector<const tNotDone*>> ByReason(const NotDone& notDone)
+{
+    std::vector<std::vector<const tNotDone*>> groups;
+    std::unordered_map<std::string_view, std::size_t> places;
+    for (const tNotDone& each : notDone) {
+        const auto [place, bNew] = places.try_emplace(each.sReason, groups.size());
+        if (bNew) {
+            groups.emplace_back();
+        }
+        groups[place->second].push_back(&each);
+    }
+    return groups;
+}
+
+/// Each reason, the number of its files if there are several, and the files below it.
+QString Lines(const NotDone& notDone, std::size_t nMost)
 {
     QString sLines;
-    for (std::size_t n = 0; n < std::min(nMost, notDone.size()); ++n) {
-        sLines += ShownText(notDone[n].sPath) + QLatin1String("\n    ") + ShownText(notDone[n].sReason) +
-                  QLatin1Char('\n');
+    std::size_t nLeft = nMost;
+    for (const auto& files : ByReason(notDone)) {
+        if (nLeft == 0) {
+            break;
+        }
+        sLines += ShownText(files.front()->sReason);
+        if (files.size() > 1) {
+            sLines += QStringLiteral(" (%1)").arg(
+                CountText(static_cast<std::int64_t>(files.size()), "file", "files"));
+        }
+        sLines += QLatin1Char('\n');
+        const std::size_t nShown = std::min(nLeft, files.size());
+        for (std::size_t n = 0; n < nShown; ++n) {
+            sLines += QLatin1String("    ") + ShownText(files[n]->sPath) + QLatin1Char('\n');
+        }
+        nLeft -= nShown;
     }
     if (notDone.size() > nMost) {
         sLines += QStringLiteral("and %1 more\n")
@@ -73,12 +116,17 @@ QString Lines(const std::vector<tNotDone>& notDone, std::size_t nMost)
     return sLines;
 }
 
+std::int64_t SparedIn(const NotDone& notDone)
+{
+    return std::count_if(notDone.begin(), notDone.end(), [](const auto& each) { return each.bSpared; });
+}
+
 } // namespace
 
 bool OutcomeSummary::IsNeeded(const tOperationOutcome& outcome)
 {
-    return !outcome.notDone.empty() || !outcome.remarks.empty() ||
-           (outcome.bCancelled && outcome.nFilesDone > 0);
+    return !outcome.notDone.empty() || !outcome.remarks.empty() || outcome.nSkipped > 0 ||
+           outcome.nReplaced > 0 || (outcome.bCancelled && outcome.nFilesDone > 0);
 }
 
 OutcomeSummary::OutcomeSummary(QWidget* pOwner, const tOperation& operation, const tOperationOutcome& outcome)
@@ -114,6 +162,13 @@ OutcomeSummary::OutcomeSummary(QWidget* pOwner, const tOperation& operation, con
         pCopy->setAutoDefault(false);
         connect(pCopy, &QPushButton::clicked, this,
                 [lines] { QApplication::clipboard()->setText(Lines(lines, lines.size())); });
+    }
+    if (const std::int64_t nSpared = SparedIn(outcome.notDone); nSpared > 0) {
+        QPushButton* const pAfterAll = AddButton(
+            *pButtons, QStringLiteral("Move %1 to Trash &After All").arg(CountText(nSpared, "File", "Files")),
+            QDialogButtonBox::ActionRole, QStringLiteral("afterAll"));
+        pAfterAll->setAutoDefault(false);
+        connect(pAfterAll, &QPushButton::clicked, this, &OutcomeSummary::accept);
     }
     pLayout->addWidget(pButtons);
     if (auto* const pCopy = findChild<QPushButton*>(QStringLiteral("copy"))) {

@@ -1,5 +1,7 @@
 #include "QtOperationDialogs.h"
 
+#include "ConfirmationBox.h"
+#include "ConfirmationText.h"
 #include "OutcomeSummary.h"
 #include "Questions.h"
 #include "ReplaceQuestion.h"
@@ -13,30 +15,17 @@ namespace {
 /// What is done sooner needs no window.
 constexpr qint64 kMoment = 500; // ms
 
-tQuestion QuestionOf(const tOperation& operation)
+tQuestion RoomQuestion(const tOperation& operation, const tRoom& room)
 {
-    tQuestion question{.sName = QStringLiteral("confirmOperation"), .sTitle = {}, .sText = {}, .sYes = {}};
-    QString sText;
-    switch (operation.operation) {
-    case FileOperation::Move:
-        question.sTitle = QStringLiteral("Move Files");
-        question.sYes = QStringLiteral("&Move");
-        sText = QStringLiteral("Move %1 (%2) to the folder?");
-        break;
-    case FileOperation::Copy:
-        question.sTitle = QStringLiteral("Copy Files");
-        question.sYes = QStringLiteral("C&opy");
-        sText = QStringLiteral("Copy %1 (%2) to the folder?");
-        break;
-    default:
-        question.sTitle = QStringLiteral("Move to Trash");
-        question.sYes = QStringLiteral("&Move to Trash");
-        sText = QStringLiteral("Move %1 (%2) to the trash?");
-    }
-    question.sText = sText.arg(CountText(static_cast<std::int64_t>(operation.nFiles), "file", "files"),
-                               FullSize(operation.cyTotal));
-    question.bYesAtOnce = true;
-    return question;
+    const bool bMove = operation.operation == FileOperation::Move;
+    return {.sName = QStringLiteral("askRoom"),
+            .sTitle = bMove ? QStringLiteral("Move Files") : QStringLiteral("Copy Files"),
+            .sText = QStringLiteral("There is not enough room for all of them: %1, %2; %3 are free there.\n\n"
+                                    "Those that still fit can be %4; the others stay where they are.")
+                         .arg(CountText(static_cast<std::int64_t>(room.nFiles), "file", "files"),
+                              ShortSize(room.cyNeeded), ShortSize(room.cyFree),
+                              bMove ? QStringLiteral("moved") : QStringLiteral("copied")),
+            .sYes = bMove ? QStringLiteral("&Move What Fits") : QStringLiteral("C&opy What Fits")};
 }
 
 } // namespace
@@ -59,17 +48,33 @@ bool QtOperationDialogs::Looking(const tOperation& soFar)
     return GoOn(progress);
 }
 
-bool QtOperationDialogs::Confirm(const tOperation& operation)
+Consent QtOperationDialogs::Confirm(const tConfirmation& confirmation)
 {
     delete m_pWindow;
-    return AskYesNo(OwnerOf(operation.hwnd), QuestionOf(operation));
+    QWidget* const pOwner = OwnerOf(confirmation.operation.hwnd);
+    if (!confirmation.concerns.empty()) {
+        return ConfirmationBox(pOwner, confirmation).Answer();
+    }
+    const tQuestion question{.sName = QStringLiteral("confirmOperation"),
+                             .sTitle = QStringLiteral("Move to Trash"),
+                             .sText = ConfirmationText(confirmation).Question(),
+                             .sYes = QStringLiteral("&Move to Trash"),
+                             .bYesAtOnce = true};
+    return AskYesNo(pOwner, question) ? Consent::All : Consent::Cancel;
 }
 
-tReplaceAnswer QtOperationDialogs::AskReplace(const tFileFacts& source, const tFileFacts& target)
+bool QtOperationDialogs::AskRoom(const tOperation& operation, const tRoom& room)
+{
+    delete m_pWindow;
+    return AskYesNo(OwnerOf(operation.hwnd), RoomQuestion(operation, room));
+}
+
+tReplaceAnswer QtOperationDialogs::AskReplace(const tFileFacts& source, const tFileFacts& target,
+                                              bool bIdentical)
 {
     ProgressWindow* const pWindow = m_pWindow;
     const bool bOverProgress = pWindow != nullptr && pWindow->isVisible();
-    ReplaceQuestion question(bOverProgress ? pWindow : OwnerOf(m_hwnd), source, target);
+    ReplaceQuestion question(bOverProgress ? pWindow : OwnerOf(m_hwnd), source, target, bIdentical);
     const tReplaceAnswer answer = question.Answer();
     m_sinceStart.restart(); // the wait was for the user
     return answer;
@@ -121,13 +126,12 @@ void QtOperationDialogs::Look()
     QApplication::processEvents();
 }
 
-void QtOperationDialogs::Finished(const tOperation& operation, const tOperationOutcome& outcome)
+bool QtOperationDialogs::Finished(const tOperation& operation, const tOperationOutcome& outcome)
 {
     delete m_pWindow;
     m_hwnd = nullptr;
-    if (OutcomeSummary::IsNeeded(outcome)) {
-        OutcomeSummary(OwnerOf(operation.hwnd), operation, outcome).Ask();
-    }
+    return OutcomeSummary::IsNeeded(outcome) &&
+           OutcomeSummary(OwnerOf(operation.hwnd), operation, outcome).Ask();
 }
 
 } // namespace desktop

@@ -21,11 +21,12 @@ public:
     ~QtOperationDialogs() override;
 
     bool Looking(const tOperation& soFar) override;
-    bool Confirm(const tOperation& operation) override;
-    tReplaceAnswer AskReplace(const tFileFacts& source, const tFileFacts& target) override;
+    Consent Confirm(const tConfirmation& confirmation) override;
+    bool AskRoom(const tOperation& operation, const tRoom& room) override;
+    tReplaceAnswer AskReplace(const tFileFacts& source, const tFileFacts& target, bool bIdentical) override;
     void Started(const tOperation& operation) override;
     bool Progress(const tOperationProgress& progress) override;
-    void Finished(const tOperation& operation, const tOperationOutcome& outcome) override;
+    bool Finished(const tOperation& operation, const tOperationOutcome& outcome) override;
 
 private:
     void Open(const tOperation& operation, ProgressWindow::Phase phase);

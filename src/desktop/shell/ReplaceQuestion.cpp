@@ -57,14 +57,16 @@ QString Compared(T source, T target, const char* pLess, const char* pMore, const
 
 } // namespace
 
-ReplaceQuestion::ReplaceQuestion(QWidget* pOwner, const tFileFacts& source, const tFileFacts& target)
+ReplaceQuestion::ReplaceQuestion(QWidget* pOwner, const tFileFacts& source, const tFileFacts& target,
+                                 bool bIdentical)
     : ShellDialog(pOwner, QStringLiteral("replaceQuestion"), QStringLiteral("Replace File")),
       m_pForAll(new QCheckBox(QStringLiteral("Do the same for &all further files")))
 {
     m_pForAll->setObjectName(QStringLiteral("forAll"));
     auto* const pText =
-        Line(Breakable(QStringLiteral("A file named \u201c%1\u201d is already there. Replace it?")
-                           .arg(ShownText(target.sPath.substr(target.sPath.rfind('/') + 1)))));
+        Line(Breakable(QStringLiteral("A file named \u201c%1\u201d is already there. Replace it?%2")
+                           .arg(ShownText(target.sPath.substr(target.sPath.rfind('/') + 1)),
+                                QLatin1String(bIdentical ? "\nThe files are identical." : ""))));
     pText->setWordWrap(true);
     const QString sThere = QStringLiteral("File that is there");
     const QString sWouldReplace = QStringLiteral("File that would replace it");

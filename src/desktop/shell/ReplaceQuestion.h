@@ -11,7 +11,7 @@ namespace desktop {
 class ReplaceQuestion final : public ShellDialog
 {
 public:
-    ReplaceQuestion(QWidget* pOwner, const tFileFacts& source, const tFileFacts& target);
+    ReplaceQuestion(QWidget* pOwner, const tFileFacts& source, const tFileFacts& target, bool bIdentical);
 
     /// Asks, and returns the answer.
     tReplaceAnswer Answer();

@@ -68,12 +68,12 @@ TEST_F(Trash, AsksOnceAndFirst)
 {
     const std::vector<std::string> paths{tree.File("a", "12345"), tree.File("b", "123"),
                                          tree.sRoot + "/gone"};
-    user.bConfirm = false;
+    user.consent = desktop::Consent::Cancel;
     user.onConfirm = [&] { EXPECT_TRUE(fs::exists(paths[0]) && !fs::exists(HomeTrash())); };
     Run(FO_DELETE, paths);
     Run(FO_DELETE, {});
     EXPECT_EQ(Contents(tree.sRoot).size(), 2U);
-    user.bConfirm = true;
+    user.consent = desktop::Consent::All;
     EXPECT_EQ(Run(FO_DELETE, paths), (Reasons{{"gone", "It is no longer there."}}));
     EXPECT_EQ(user.shown,
               (std::vector<std::string>{"Confirm 2 8", "Confirm 2 8", "Started", "Finished 2 and 1"}));
@@ -146,13 +146,15 @@ TEST_F(Trash, ReplacesNothingThatHasLostItsNote)
 
 TEST_F(Trash, LeavesWhatIsInATrash)
 {
+    const char* const kInTrash =
+        "It lies in a trash already. Restore it from there, or empty the trash if it is "
+        "to be gone for good.";
     for (const char* pTrash : {"/share/Trash", "/.Trash/7", "/.Trash-7", "/u/.local/share/Trash"}) {
         const std::string sTrash = Home() + pTrash;
         fs::create_directories(sTrash + "/info");
         const std::string sNote = sTrash + "/info/a.trashinfo";
         std::ofstream(sNote) << "note";
-        EXPECT_EQ(Run(FO_DELETE, {sNote}), (Reasons{{"a.trashinfo", "It is in the trash already."}}))
-            << pTrash;
+        EXPECT_EQ(Run(FO_DELETE, {sNote}), (Reasons{{"a.trashinfo", kInTrash}})) << pTrash;
         EXPECT_TRUE(fs::exists(sNote));
     }
 }

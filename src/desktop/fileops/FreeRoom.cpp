@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#include "FreeRoom.h"
+
+#include "FileSystem.h"
+#include "Retried.h"
+
+#include <sys/statvfs.h>
+
+namespace desktop {
+
+std::optional<tRoom> MissingRoom(const tOperationPlan& plan, HeldFolders& folders)
+{
+    if (plan.files.empty()) {
+        return std::nullopt;
+    }
+    const std::string& sTarget = plan.files.front().sTarget;
+    const std::string sFolder = sTarget.substr(0, sTarget.rfind(platform::kSeparator) + 1);
+    const FolderPtr pFolder = folders.Get(sFolder);
+    struct statvfs volume = {};
+    const Descriptor folder = Reopened(pFolder->Get());
+    if (!folder.IsOpen() || Retried([&] { return fstatvfs(folder.Get(), &volume); }) != 0) {
+        return std::nullopt; // each file will say why
+    }
+    tRoom room;
+    room.cyFree = static_cast<std::int64_t>(volume.f_bavail) * static_cast<std::int64_t>(volume.f_frsize);
+    for (const tPlannedFile& file : plan.files) {
+        // Within a volume a move needs none.
+        const bool bRenames = plan.operation.operation == FileOperation::Move &&
+                              file.identity.nDevice == pFolder->Look().status.st_dev;
+        if (!bRenames && file.sPath != file.sTarget) {
+            ++room.nFiles;
+            room.cyNeeded += file.identity.cySize;
+        }
+    }
+    return room.cyNeeded > room.cyFree ? std::optional(room) : std::nullopt;
+}
+
+} // namespace desktop
