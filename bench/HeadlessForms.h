@@ -6,6 +6,7 @@
 #include "MessageBoxes.h"
 #include "PacedEventLoop.h"
 #include "Screen.h"
+#include "System.h"
 
 #include <chrono>
 #include <iostream>
