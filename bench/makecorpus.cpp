@@ -174,6 +174,16 @@ void makeSmall(Tree& tree, std::uint64_t n)
     });
 }
 
+// As small ones, but each fits a block of the disk: what counts is how many there are.
+void makeMillion(Tree& tree, std::uint64_t n)
+{
+    Contents contents(17, 30, 2'048, 4'096);
+    spread(tree, n, 50, [&](const std::string& folder, std::uint64_t i) {
+        const Original what = contents.next();
+        tree.random(folder + numbered("item-", i, 7) + ".dat", what.seed, what.size);
+    });
+}
+
 void makeLarge(Tree& tree, std::uint64_t n)
 {
     Contents contents(12, 30, 1'000'000, kLargestSize);
@@ -189,6 +199,16 @@ void makeOneSize(Tree& tree, std::uint64_t n)
     spread(tree, n, 1000, [&](const std::string& folder, std::uint64_t i) {
         tree.random(folder + numbered("page-", i, 6) + ".dat", random(), 4096);
     });
+}
+
+void makeOneFolder(Tree& tree, std::uint64_t n)
+{
+    Contents contents(18, 30, 10, 1'000);
+    const std::string folder = tree.folder("all");
+    for (std::uint64_t i = 0; i < n; ++i) {
+        const Original what = contents.next();
+        tree.random(folder + numbered("item-", i, 6) + ".dat", what.seed, what.size);
+    }
 }
 
 void makeOneName(Tree& tree, std::uint64_t n)
@@ -258,9 +278,11 @@ struct Corpus {
 
 constexpr Corpus kCorpora[] = {
     {"small", 50'000, makeSmall, "files of 0.1-16 KB, 30 % copies"},
+    {"million", 1'000'000, makeMillion, "files of 2-4 KB, 30 % copies"},
     {"large", 150, makeLarge, "files of 1-10 MB, 30 % copies"},
     {"one-size", 20'000, makeOneSize, "4096 bytes each, all different"},
     {"one-name", 20'000, makeOneName, "a folder each, one file name"},
+    {"one-folder", 200'000, makeOneFolder, "files of up to 1 KB in one folder, 30 % copies"},
     {"empty", 50'000, makeEmpty, "nothing in any of them"},
     {"deep", 200, makeDeep, "a chain of N folders, 10 files in each, 30 % copies"},
     {"hostile-name", 50'000, makeHostileName, "one file name, every size different"},
@@ -273,7 +295,7 @@ int usage()
 {
     std::fputs("usage: makecorpus version | makecorpus CORPUS FOLDER [N]\n", stderr);
     for (const Corpus& corpus : kCorpora) {
-        std::fprintf(stderr, "  %-20s %6llu  %s\n", corpus.name.data(),
+        std::fprintf(stderr, "  %-20s %7llu  %s\n", corpus.name.data(),
                      static_cast<unsigned long long>(corpus.defaultCount), corpus.what.data());
     }
     return 64;

@@ -11,6 +11,7 @@
 #include <fstream>
 #include <functional>
 #include <gio/gio.h>
+#include <map>
 #include <string>
 #include <string_view>
 #include <unistd.h>
@@ -24,6 +25,7 @@ constexpr int kUsage = 64;
 constexpr int kFailed = 1;
 constexpr int kRounds = 5;
 constexpr std::size_t kFileMegabytes = 512;
+constexpr std::size_t kPiece = 4096;
 
 /// A user who agrees to everything.
 class Consent final : public desktop::OperationDialogs
@@ -116,15 +118,49 @@ void Command(const std::string& sCommand)
     }
 }
 
-void Trash(const std::string& sRoot, std::size_t nFiles)
+platform::SHFILEOPSTRUCT ToTrash(const std::vector<std::string>& paths)
 {
     platform::SHFILEOPSTRUCT request;
     request.wFunc = platform::FO_DELETE;
     request.fFlags = platform::FOF_ALLOWUNDO;
+    for (const std::string& sPath : paths) {
+        request.pFrom += sPath + '\0';
+    }
+    return request;
+}
+
+/// Empties the trash and makes the files anew.
+void Make(const std::string& sRoot, const std::vector<std::string>& paths)
+{
+    fs::remove_all(sRoot + "/share");
+    for (const std::string& sPath : paths) {
+        fs::create_directories(fs::path(sPath).parent_path());
+        std::ofstream(sPath) << sPath;
+    }
+}
+
+/// Files of one name, each in a folder of its own, against files of names of their own.
+void TrashEqualNames(const std::string& sRoot, std::size_t nFiles)
+{
+    std::vector<std::string> equal;
+    std::vector<std::string> different;
+    for (std::size_t n = 0; n < nFiles; ++n) {
+        const std::string sFolder = sRoot + "/from/" + std::to_string(n);
+        equal.push_back(sFolder + "/equal.txt");
+        different.push_back(sFolder + '/' + std::to_string(n) + ".txt");
+    }
+    auto both = equal;
+    both.insert(both.end(), different.begin(), different.end());
+    Compare({{"equal names", [&] { Carry(ToTrash(equal)); }},
+             {"different names", [&] { Carry(ToTrash(different)); }}},
+            [&] { Make(sRoot, both); });
+}
+
+void Trash(const std::string& sRoot, std::size_t nFiles)
+{
     std::vector<std::string> paths;
     for (std::size_t n = 0; n < nFiles; ++n) {
         paths.push_back(sRoot + "/from/" + std::to_string(n) + ".txt");
-        request.pFrom += paths.back() + '\0';
     }
     const auto bare = [&] {
         for (const std::string& sPath : paths) {
@@ -136,27 +172,18 @@ void Trash(const std::string& sRoot, std::size_t nFiles)
             g_object_unref(pFile);
         }
     };
-    Compare({{"ours", [&] { Carry(request); }}, {"g_file_trash", bare}}, [&] {
-        fs::remove_all(sRoot + "/share");
-        fs::create_directories(sRoot + "/from");
-        for (const std::string& sPath : paths) {
-            std::ofstream(sPath) << sPath;
-        }
-    });
+    Compare({{"ours", [&] { Carry(ToTrash(paths)); }}, {"g_file_trash", bare}}, [&] { Make(sRoot, paths); });
 }
 
-void Copy(const std::string& sRoot, std::size_t nMegabytes)
+/// The files of `sRoot`/from, which `names` lists.
+void Copy(const std::string& sRoot, const std::vector<std::string>& names)
 {
     platform::SHFILEOPSTRUCT request;
     request.wFunc = platform::FO_COPY;
     request.fFlags = platform::FOF_MULTIDESTFILES;
     std::string sCopy = "cp -p";
-    fs::create_directories(sRoot + "/from");
-    for (std::size_t nMade = 0; nMade < nMegabytes; nMade += kFileMegabytes) {
-        const std::string sName = std::to_string(nMade);
+    for (const std::string& sName : names) {
         const std::string sPath = (fs::path(sRoot) / "from" / sName).string();
-        Command("head -c " + std::to_string(std::min(kFileMegabytes, nMegabytes - nMade)) +
-                "M /dev/urandom >" + sPath);
         request.pFrom += sPath + '\0';
         request.pTo += (fs::path(sRoot) / "to" / sName).string() + '\0';
         sCopy += ' ' + sPath;
@@ -174,15 +201,44 @@ void Copy(const std::string& sRoot, std::size_t nMegabytes)
     std::printf("longest time without a word of progress, in any round: %.3f s\n", dLongest);
 }
 
+void CopyMegabytes(const std::string& sRoot, std::size_t nMegabytes)
+{
+    fs::create_directories(sRoot + "/from");
+    std::vector<std::string> names;
+    for (std::size_t nMade = 0; nMade < nMegabytes; nMade += kFileMegabytes) {
+        names.push_back(std::to_string(nMade));
+        Command("head -c " + std::to_string(std::min(kFileMegabytes, nMegabytes - nMade)) +
+                "M /dev/urandom >" + sRoot + "/from/" + names.back());
+    }
+    Copy(sRoot, names);
+}
+
+/// One file of so many pieces with holes between them.
+void CopyPieces(const std::string& sRoot, std::size_t nPieces)
+{
+    fs::create_directories(sRoot + "/from");
+    std::ofstream file(sRoot + "/from/pieces");
+    const std::string sPiece(kPiece, 'x');
+    for (std::size_t n = 0; n < nPieces; ++n) {
+        file.seekp(static_cast<std::streamoff>(2 * n * kPiece)) << sPiece;
+    }
+    file.close();
+    Copy(sRoot, {"pieces"});
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
 {
     const std::string_view sWhat = argc > 1 ? argv[1] : "";
     const std::size_t nCount = argc > 2 ? std::strtoul(argv[2], nullptr, 10) : 0;
-    if ((sWhat != "trash" && sWhat != "copy") || nCount == 0 || argc > 4) {
+    const std::map<std::string_view, void (*)(const std::string&, std::size_t)> all{
+        {"trash", Trash}, {"equal", TrashEqualNames}, {"copy", CopyMegabytes}, {"pieces", CopyPieces}};
+    const auto chosen = all.find(sWhat);
+    if (chosen == all.end() || nCount == 0 || argc > 4) {
         std::fputs(
-            "usage: opsrun trash FILES [FOLDER]\n       opsrun copy MEGABYTES [FOLDER]\n"
+            "usage: opsrun trash|equal FILES [FOLDER]\n       opsrun copy MEGABYTES [FOLDER]\n"
+            "       opsrun pieces PIECES [FOLDER]\n"
             "Works in a folder of its own below FOLDER or the temporary one, with a trash of its own.\n",
             stderr);
         return kUsage;
@@ -196,7 +252,7 @@ int main(int argc, char* argv[])
     setenv("XDG_DATA_HOME", (sRoot + "/share").c_str(), 1);
     unsetenv("DBUS_SESSION_BUS_ADDRESS");
     unsetenv("DISPLAY");
-    sWhat == "trash" ? Trash(sRoot, nCount) : Copy(sRoot, nCount);
+    chosen->second(sRoot, nCount);
     fs::remove_all(sRoot);
     return 0;
 }

@@ -1,5 +1,6 @@
 // One search over the folders named on the command line, without a window.
 
+#include "Escaped.h"
 #include "HeadlessForms.h"
 #include "PosixFiles.h"
 #include "SearchWorkers.h"
@@ -29,6 +30,7 @@ struct tOptions {
     bool bContent = true;
     bool bNameSize = false;
     bool bHidden = false;
+    bool bPrint = false;
     std::size_t nWorkers = 0; ///< 0: as many as the program would have
     std::string sRowsFile;
     std::vector<std::string> folders;
@@ -64,7 +66,8 @@ private:
 
 int Usage()
 {
-    std::cerr << "usage: searchrun [--content | --name | --namesize] [--hidden] [--workers N] [--rows FILE] "
+    std::cerr << "usage: searchrun [--content | --name | --namesize] [--hidden] [--workers N] [--print] "
+                 "[--rows FILE] "
                  "FOLDER...\n";
     return kUsage;
 }
@@ -83,6 +86,8 @@ bool ReadOptions(const std::vector<std::string_view>& arguments, tOptions& optio
             options.bNameSize = sArgument == "--namesize";
         } else if (sArgument == "--hidden") {
             options.bHidden = true;
+        } else if (sArgument == "--print") {
+            options.bPrint = true;
         } else if (sArgument == "--workers" && n + 1 < arguments.size()) {
             options.nWorkers = std::strtoul(std::string(arguments[++n]).c_str(), nullptr, 10);
         } else if (sArgument == "--rows" && n + 1 < arguments.size()) {
@@ -102,11 +107,21 @@ bool AddFolders(const std::vector<std::string>& folders, platform::FileSystem& f
         if (const auto sCanonical = files.CanonicalFolder(sFolder)) {
             form.lvFolders.ListItems.Add(*sCanonical, *sCanonical, 1);
         } else {
-            std::cerr << "searchrun: cannot open " << sFolder << '\n';
+            std::cerr << "searchrun: cannot open " << platform::Escaped(sFolder) << '\n';
             bAll = false;
         }
     }
     return bAll;
+}
+
+/// Each group as lines that no name can forge, with an empty one behind it.
+void PrintRows(platform::ListItems& rows)
+{
+    for (std::size_t n = 1; n <= rows.Count(); ++n) {
+        std::cout << platform::Escaped(rows(n).Key()) << '\n';
+        std::cout << (rows(n).SmallIcon() == search::kMarkLast ? "\n" : "");
+    }
+    std::cout.flush();
 }
 
 bool WriteRows(const std::string& sFile, platform::ListItems& rows)
@@ -148,6 +163,9 @@ int main(int argc, char** argv)
     std::size_t nGroups = 0;
     for (std::size_t n = 1; n <= rows.Count(); ++n) {
         nGroups += rows(n).SmallIcon() == search::kMarkFirst ? 1U : 0U;
+    }
+    if (options.bPrint) {
+        PrintRows(rows);
     }
     // Each file asked for has been read once, unless it could not be.
     std::size_t nReads = 0;

@@ -1,9 +1,11 @@
 // One figure of the program on its real windows, off the screen unless told otherwise by QT_QPA_PLATFORM:
-//   windowrun --search FOLDER   how long a search by content takes from the key to its end, and how often the
-//                               progress window was painted meanwhile
+//   windowrun --search FOLDER   how long a search by content takes from the key to its end, how often the
+//                               progress window was painted meanwhile, and the longest time that the window
+//                               had no look at its events
 //   windowrun --end FOLDER      how long it takes from the last comparison until the list has been painted
-//   windowrun --cancel FOLDER   how long it takes from a click on Cancel, at many moments of the search, to
-//                               a main window that can be used
+//   windowrun --cancel FOLDER [COMMAND]
+//                               how long it takes from a click on Cancel, at random moments of the search, to
+//                               a main window that can be used; the shell runs COMMAND before each search
 //   windowrun --start           the time, in seconds since 1970, at which the window had been painted
 // bench/windowfigures makes a report of them.
 
@@ -20,10 +22,12 @@
 #include <QTreeView>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <random>
 #include <string_view>
 #include <thread>
 #include <vector>
@@ -99,6 +103,40 @@ public:
     bool bMet = false; ///< there was something to cancel
 };
 
+/// Knocks every few milliseconds, from outside, and notes the longest that the window took to answer.
+class Knocks final : public QObject
+{
+public:
+    Knocks()
+    {
+        m_visitor = std::jthread([this](const std::stop_token& stop) {
+            while (!stop.stop_requested()) {
+                if (!m_bKnocked.exchange(true)) {
+                    m_when = Clock::now();
+                    QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+                }
+                std::this_thread::sleep_for(std::chrono::milliseconds(5));
+            }
+        });
+    }
+
+    bool event(QEvent* pEvent) override
+    {
+        if (pEvent->type() == QEvent::User) {
+            longest = std::max(longest, Clock::now() - m_when);
+            m_bKnocked = false;
+        }
+        return QObject::event(pEvent);
+    }
+
+    Clock::duration longest{};
+
+private:
+    std::atomic<bool> m_bKnocked = false;
+    Clock::time_point m_when;
+    std::jthread m_visitor; ///< the last, so that it is the first to go
+};
+
 void ShowWindow()
 {
     mainwindow::Main();
@@ -128,9 +166,12 @@ void PaintList(Paints& paints)
 
 void MeasureSearch(Paints& paints)
 {
+    const Knocks knocks;
     const double dSeconds = Seconds(Search());
-    std::printf("search=%.3f repaints_per_second=%.1f rows=%zu\n", dSeconds, paints.nOfProgress / dSeconds,
-                mainwindow::theMainForm().lvFiles.ListItems.Count());
+    QApplication::processEvents();
+    std::printf("search=%.3f repaints_per_second=%.1f rows=%zu longest_ms=%.1f\n", dSeconds,
+                paints.nOfProgress / dSeconds, mainwindow::theMainForm().lvFiles.ListItems.Count(),
+                1000 * Seconds(knocks.longest));
 }
 
 void MeasureEnd(Paints& paints, const NotedEvents& events)
@@ -140,18 +181,30 @@ void MeasureEnd(Paints& paints, const NotedEvents& events)
     std::printf("end=%.3f\n", Seconds(Clock::now() - events.Last()));
 }
 
-void MeasureCancel(Paints& paints)
+void RunInShell(const char* pCommand)
 {
-    constexpr int kMoments = 60;
+    if (std::system(pCommand) != 0) {
+        std::fprintf(stderr, "windowrun: the command fails\n");
+        std::exit(1);
+    }
+}
+
+void MeasureCancel(Paints& paints, const char* pCommand)
+{
+    constexpr std::size_t kMoments = 100;
+    RunInShell(pCommand);
     const auto whole = Search();
     PaintList(paints);
     std::vector<double> waits;
-    for (int n = 0; n < kMoments; ++n) {
+    std::mt19937 random(1);
+    for (std::size_t n = 0; n < 4 * kMoments && waits.size() < kMoments; ++n) {
+        const auto moment = whole * (random() % 1000) / 1000;
         Clock::time_point clicked;
+        RunInShell(pCommand);
         Click click;
         // The click comes from outside, whatever the program is at.
         std::thread visitor([&, began = Clock::now()] {
-            std::this_thread::sleep_until(began + whole * n / kMoments);
+            std::this_thread::sleep_until(began + moment);
             clicked = Clock::now();
             QCoreApplication::postEvent(&click, new QEvent(QEvent::User));
         });
@@ -177,8 +230,11 @@ int main(int argc, char** argv)
     const std::string_view sMode = argc > 1 ? argv[1] : "";
     const std::vector<std::string_view> modes = {"--search", "--end", "--cancel"};
     const bool bSearches = std::find(modes.begin(), modes.end(), sMode) != modes.end();
-    if (argc != (bSearches ? 3 : 2) || (!bSearches && sMode != "--start")) {
-        std::fprintf(stderr, "usage: windowrun --search FOLDER | --end FOLDER | --cancel FOLDER | --start\n");
+    const bool bCommand = sMode == "--cancel" && argc == 4;
+    if ((argc != (bSearches ? 3 : 2) && !bCommand) || (!bSearches && sMode != "--start")) {
+        std::fprintf(
+            stderr,
+            "usage: windowrun --search FOLDER | --end FOLDER | --cancel FOLDER [COMMAND] | --start\n");
         return 64;
     }
     NotedEvents events;
@@ -203,7 +259,7 @@ int main(int argc, char** argv)
     } else if (sMode == "--end") {
         MeasureEnd(paints, events);
     } else {
-        MeasureCancel(paints);
+        MeasureCancel(paints, bCommand ? argv[3] : ":");
     }
     return 0;
 }

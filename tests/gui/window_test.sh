@@ -53,6 +53,12 @@ shows() {
     picture | convert - -alpha off -depth 8 -format %c histogram:info:- |
         awk -v wanted="$1" -v colour="$2" 'index($0, colour) && $1 + 0 >= wanted { found = 1 } END { exit !found }'
 }
+# painted TITLE: more than an empty frame
+painted() {
+    local window
+    window=$(xdotool search --onlyvisible --name "^$1\$") &&
+        [ "$(import -silent -window "$window" miff:- | convert - -format %k info:-)" -gt 20 ]
+}
 readonly mark='#0000FF' selected='#308CC6'
 
 # start_server SIZE: on a display that is free
@@ -65,8 +71,9 @@ start_server() {
     export DISPLAY=:$number
 }
 
+# start_program [NAME=VALUE...]
 start_program() {
-    XDG_DATA_DIRS=$place/none "$program" 2>"$place/complaints" & # no application is installed
+    env XDG_DATA_DIRS="$place/none" "$@" "$program" 2>"$place/complaints" & # no application is installed
     running=$!
     started+=("$running")
     expect 'the window comes up' windows Tallyfen 1
@@ -95,6 +102,18 @@ search_documents() {
     expect 'the main window has the keyboard again' has_keyboard Tallyfen
     key F3
     expect 'F3 searches, and the marks of a group show' shows 100 "$mark"
+}
+
+# search_many: begins a search of the folder that can be watched
+search_many() {
+    expect 'the window has the keyboard' has_keyboard Tallyfen
+    key F2
+    expect 'F2 opens the Add Folder window' has_keyboard 'Browse for Folder'
+    text Man
+    key Return Escape
+    expect 'the main window has the keyboard again' has_keyboard Tallyfen
+    key F3
+    expect 'F3 searches' has_keyboard Progress
 }
 
 if [ "$mode" = wayland ]; then
@@ -159,13 +178,7 @@ key alt+f Down Down Right Up Return
 expect 'Choose Program comes up' has_keyboard 'Choose Program'
 xdotool windowactivate "$(xdotool search --onlyvisible --name '^Tallyfen$')"
 expect 'the main window can be used beside it' has_keyboard Tallyfen
-key F2
-expect 'F2 opens the Add Folder window' has_keyboard 'Browse for Folder'
-text Man
-key Return Escape
-expect 'the main window has the keyboard again' has_keyboard Tallyfen
-key F3
-expect 'F3 searches' has_keyboard Progress
+search_many
 key Escape alt+F4 space
 expect 'Cancel alone takes the progress window down' windows Progress 0
 expect 'the main window has the keyboard again' has_keyboard Tallyfen
@@ -177,6 +190,16 @@ for name in 'Choose Program' '.* Properties'; do
     key Escape
     expect "Escape closes $name" windows "$name" 0
 done
+end_program
+
+scene='with a disk that hangs'
+start_program LD_PRELOAD="$(dirname "$program")/bench/libslowdisk.so" SLOWDISK_STUCK=Many
+search_many
+expect 'the progress window says what it does' painted Progress
+key space
+expect 'Cancel takes the progress window down' windows Progress 0
+expect 'the main window has the keyboard again' has_keyboard Tallyfen
+key alt+F4
 end_program
 
 scene='without a window manager and a session bus'

@@ -163,7 +163,7 @@ tEnding FileTransfer::Copy(const tJob& job)
     if (!ending.IsDone()) {
         return ending;
     }
-    if (m_bMove && IsOpenForWriting(source.Get())) {
+    if (m_bMove && WriteLease(source.Get()).IsOpenForWriting()) {
         return tEnding::NotDone(kOpenForWriting);
     }
     TemporaryFile made(job.target.Folder());

@@ -69,7 +69,8 @@ int ShellFileOperations::NoAnswer(const tOperation& operation, const OperationTh
     tOperationOutcome outcome = thread.Outcome();
     outcome.bCancelled = true;
     outcome.notDone.push_back(
-        {thread.Progress().sPath, "The file system does not answer. What has become of it is not known."});
+        {thread.Progress().sPath,
+         "It was in hand when you cancelled, and the file system has not answered yet."});
     m_dialogs.Finished(operation, outcome);
     return kTimeout;
 }

@@ -90,13 +90,13 @@ bool IsTouched(int h, const Status& before)
 }
 
 /// What speaks against removing the file that has been set aside; empty if nothing.
-std::string WhyNot(const SetAside& aside, const HeldFile& file, int hSource)
+std::string WhyNot(const SetAside& aside, const HeldFile& file, int hSource, const WriteLease& lease)
 {
     const tLook set = LookAt(hSource);
     if (!aside.Look().IsSameFileAs(LookAt(file.Get()))) {
         return "Something else took its place in that moment.";
     }
-    if (IsOpenForWriting(hSource)) {
+    if (lease.IsOpenForWriting()) {
         return kOpenForWriting;
     }
     // Behind the question who may still write, so that what was written before is seen.
@@ -115,18 +115,23 @@ tEnding RemoveSource(const HeldFile& file, int hSource, const Status& before,
     if (!ending.IsDone()) {
         return ending;
     }
+    // Held over the rename, which changes the time of change itself and so hides what is written in that
+    // moment.
+    const WriteLease lease(hSource);
+    if (lease.IsOpenForWriting()) {
+        return tEnding::NotDone(kOpenForWriting);
+    }
     if (IsTouched(hSource, before)) {
         return tEnding::NotDone(kChanged);
     }
-    // What is written from here on shows in the times, unless they are set back before the file has been set
-    // aside.
     SetAside aside(file.Entry());
     int nError = aside.Begin();
     if (nError != 0) {
         return tEnding::NotDone(Reason(nError, Step::Remove));
     }
-    std::string sWhyNot = WhyNot(aside, file, hSource);
+    std::string sWhyNot = WhyNot(aside, file, hSource, lease);
     sWhyNot = sWhyNot.empty() ? lastLook() : sWhyNot;
+    sWhyNot = sWhyNot.empty() && lease.IsOpenForWriting() ? kOpenForWriting : sWhyNot;
     if (sWhyNot.empty()) {
         nError = aside.Remove();
         if (nError == 0) {

@@ -143,11 +143,16 @@ TrashBatch::tResult TrashBatch::Go(std::size_t n, LastLook* pLastLook)
     return {std::move(gone.ending), next};
 }
 
-void TrashBatch::Drop(std::size_t n) const
+void TrashBatch::Drop(std::size_t n)
 {
     const tLook note = LookAt(m_trash.Info().Get(), NoteName(m_notes[n].sName));
-    if (note.IsSameFileAs(m_made[n])) {
-        m_trash.RemoveNote(m_notes[n].sName);
+    if (note.nError == ENOENT || !m_journal) {
+        return;
+    }
+    const bool bOurs = note.IsSameFileAs(m_made[n]);
+    const bool bUnknown = note.nError != 0 || m_made[n].nError != 0;
+    if (bOurs ? !m_trash.RemoveNote(m_notes[n].sName) : bUnknown) {
+        m_journal->Keep();
     }
 }
 

@@ -46,7 +46,7 @@ public:
     [[nodiscard]] const std::string& NameOf(std::size_t n) const { return m_notes[n].sName; }
 
     /// Removes the note of the `n`th file, which stays.
-    void Drop(std::size_t n) const;
+    void Drop(std::size_t n);
 
 private:
     tResult MakeNote(std::size_t n, bool bSync);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "TrashFolder.h"
 
+#include "Leftovers.h"
 #include "MountTable.h"
 #include "Retried.h"
 #include "TrashJournal.h"
@@ -17,6 +18,9 @@ TrashFolder::TrashFolder(FolderPtr pRoot, std::string sTop)
     : m_pRoot(std::move(pRoot)), m_pFiles(Folder("files")), m_pInfo(Folder("info")), m_sTop(std::move(sTop))
 {
     if (m_nError == 0) {
+        // Where there is no renaming without replacing, a dead run may have left some on their way.
+        std::vector<tNotDone> left;
+        ClearLeftovers(*m_pFiles, left);
         TrashJournal::ClearOldOnes(*this);
     }
 }
@@ -60,9 +64,10 @@ std::string TrashFolder::FreeName(const std::string& sName)
     return sFree;
 }
 
-void TrashFolder::RemoveNote(const std::string& sNameInTrash) const
+bool TrashFolder::RemoveNote(const std::string& sNameInTrash) const
 {
-    Retried([&] { return unlinkat(m_pInfo->Get(), NoteName(sNameInTrash).c_str(), 0); });
+    return Retried([&] { return unlinkat(m_pInfo->Get(), NoteName(sNameInTrash).c_str(), 0); }) == 0 ||
+           errno == ENOENT;
 }
 
 } // namespace desktop

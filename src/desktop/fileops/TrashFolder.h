@@ -39,7 +39,8 @@ public:
     std::string FreeName(const std::string& sName);
 
     /// Removes the note of this name in the trash, which has no file.
-    void RemoveNote(const std::string& sNameInTrash) const;
+    /// False if it is still there.
+    bool RemoveNote(const std::string& sNameInTrash) const;
 
 private:
     FolderPtr Folder(const char* pName);

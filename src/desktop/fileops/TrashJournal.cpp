@@ -39,13 +39,18 @@ bool IsOfText(int h, const std::string& sText)
             std::all_of(sFound.begin(), sFound.end(), [](char c) { return c == 0; }));
 }
 
-void RemoveIfWithoutFile(const TrashFolder& trash, const tPendingNote& note)
+/// Removes a note without a file. False if it may be there still.
+bool RemoveIfWithoutFile(const TrashFolder& trash, const tPendingNote& note)
 {
-    const Descriptor open = Inherited(trash.Info().Get(), NoteName(note.sName));
-    if (open.IsOpen() && IsOfText(open.Get(), note.sText) &&
-        LookAt(trash.Files()->Get(), note.sName).nError == ENOENT) {
-        trash.RemoveNote(note.sName);
+    const tLook file = LookAt(trash.Files()->Get(), note.sName);
+    if (file.nError != ENOENT) {
+        return file.nError == 0;
     }
+    const Descriptor open = Inherited(trash.Info().Get(), NoteName(note.sName));
+    if (!open.IsOpen()) {
+        return LookAt(trash.Info().Get(), NoteName(note.sName)).nError == ENOENT;
+    }
+    return !IsOfText(open.Get(), note.sText) || trash.RemoveNote(note.sName);
 }
 
 /// Takes a text that a NUL ends from the front of `sText`; false if there is none.
@@ -86,6 +91,10 @@ TrashJournal::TrashJournal(const TrashFolder& trash, const std::vector<tPendingN
         sText.append(note.sName).append(1, '\0').append(note.sText).append(1, '\0');
     }
     m_nError = WriteAll(m_file.Get(), sText);
+    // On the disk before the first note can get there.
+    if (m_nError == 0 && Retried([&] { return fsync(m_file.Get()); }) != 0) {
+        m_nError = errno;
+    }
 }
 
 TrashJournal::~TrashJournal()
@@ -106,10 +115,13 @@ void TrashJournal::ClearOldOnes(const TrashFolder& trash)
         const std::string sText = TextOf(file.Get());
         std::string_view sRest = sText;
         tPendingNote note;
+        bool bAll = true;
         while (Take(sRest, note.sName) && Take(sRest, note.sText)) {
-            RemoveIfWithoutFile(trash, note);
+            bAll = RemoveIfWithoutFile(trash, note) && bAll;
         }
-        Retried([&] { return unlinkat(trash.Root().Get(), sName.c_str(), 0); });
+        if (bAll) {
+            Retried([&] { return unlinkat(trash.Root().Get(), sName.c_str(), 0); });
+        }
     }
 }
 

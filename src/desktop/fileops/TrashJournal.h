@@ -30,6 +30,9 @@ public:
     /// The system's error number if that failed, otherwise 0.
     [[nodiscard]] int Error() const { return m_nError; }
 
+    /// Leaves them on record, for a later run to remove.
+    void Keep() { m_sName.clear(); }
+
     /// An open file of the trash's volume, by which it can be synced.
     [[nodiscard]] int Get() const { return m_file.Get(); }
 

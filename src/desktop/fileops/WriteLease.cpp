@@ -8,17 +8,26 @@
 
 namespace desktop {
 
-bool IsOpenForWriting(int h)
+WriteLease::WriteLease(int h) : m_h(h)
 {
     // Whoever opens the file while the lease lasts has the system send this signal, which would end the
     // program.
     static const auto before = std::signal(SIGIO, SIG_IGN);
     static_cast<void>(before);
-    if (Retried([&] { return fcntl(h, F_SETLEASE, F_RDLCK); }) != 0) {
-        return errno == EAGAIN;
+    m_bHeld = Retried([&] { return fcntl(h, F_SETLEASE, F_RDLCK); }) == 0;
+    m_bRefused = !m_bHeld && errno == EAGAIN;
+}
+
+WriteLease::~WriteLease()
+{
+    if (m_bHeld) {
+        Retried([&] { return fcntl(m_h, F_SETLEASE, F_UNLCK); });
     }
-    Retried([&] { return fcntl(h, F_SETLEASE, F_UNLCK); });
-    return false;
+}
+
+bool WriteLease::IsOpenForWriting() const
+{
+    return m_bRefused || (m_bHeld && fcntl(m_h, F_GETLEASE) != F_RDLCK);
 }
 
 } // namespace desktop

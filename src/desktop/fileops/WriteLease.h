@@ -3,9 +3,25 @@
 
 namespace desktop {
 
-/// True if somebody has the file open or mapped for writing, who could write to it without any further trace.
-/// `h` is open for reading only. False also where the system does not tell: of files of others, and on some
-/// file systems.
-bool IsOpenForWriting(int h);
+/// Finds out who may write to a file without any further trace, by a lease for reading. While this lives,
+/// whoever opens the file for writing waits; so it is only for moments. It sees nothing of files of others,
+/// and nothing on some file systems.
+class WriteLease
+{
+public:
+    /// `h` is open for reading only, and must outlive it.
+    explicit WriteLease(int h);
+    WriteLease(const WriteLease&) = delete;
+    WriteLease& operator=(const WriteLease&) = delete;
+    ~WriteLease();
+
+    /// True if somebody has the file open or mapped for writing, or is about to open it.
+    [[nodiscard]] bool IsOpenForWriting() const;
+
+private:
+    int m_h;
+    bool m_bHeld = false;
+    bool m_bRefused = false;
+};
 
 } // namespace desktop

@@ -61,13 +61,13 @@ TEST_F(Mounts, AVolumeHasATrashOfItsOwnUntilItIsFull)
     const std::string sTrash = sVolume + "/.Trash-" + std::to_string(geteuid());
     std::ofstream(sVolume + "/a") << "a";
     EXPECT_EQ(Run(FO_DELETE, {sVolume + "/a"}), Reasons());
-    EXPECT_EQ(Restorable(sTrash), (Bin{{"a", "a"}}));
+    EXPECT_EQ(Restorable(sTrash), (Bin{{sVolume + "/a", "a"}}));
     fs::create_directory(sVolume + "/sub");
     std::ofstream(sVolume + "/sub/lost") << "new";
     std::ofstream(sTrash + "/files/lost") << "lost";
     EXPECT_EQ(Run(FO_DELETE, {sVolume + "/sub/lost"}), Reasons());
     EXPECT_EQ(Content(sTrash + "/files/lost"), "lost");
-    EXPECT_EQ(Restorable(sTrash), (Bin{{"a", "a"}, {"sub/lost", "new"}}));
+    EXPECT_EQ(Restorable(sTrash), (Bin{{sVolume + "/a", "a"}, {sVolume + "/sub/lost", "new"}}));
     EXPECT_EQ(Run(FO_COPY, {tree.File("b")}, sTrash + "/files"),
               (Reasons{{"b", "The destination is inside the trash."}}));
 
@@ -96,7 +96,7 @@ TEST_F(Mounts, AVolumeHasATrashOfItsOwnUntilItIsFull)
     for (const std::string& sPath : paths) {
         const std::string sName = fs::path(sPath).filename();
         EXPECT_EQ(Content(sPath) == sName, reasons.contains(sName)) << sName;
-        EXPECT_NE(bin.contains({sName, sName}), reasons.contains(sName)) << sName;
+        EXPECT_NE(bin.contains({sPath, sName}), reasons.contains(sName)) << sName;
     }
 }
 

@@ -1,12 +1,13 @@
 #pragma once
 
-#include "FileFaults.h"
 #include "FileIdentity.h"
+#include "FileWorld.h"
 #include "ScriptedOperations.h"
+#include "ShellFileOperations.h"
+#include "Supervisor.h"
 #include "TempTree.h"
 
 #include <fcntl.h>
-#include <glib.h>
 #include <set>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -17,7 +18,6 @@ using support::Choice;
 using support::Content;
 using support::TempTree;
 using support::Unprivileged;
-namespace faults = support::faults;
 namespace fs = std::filesystem;
 
 using Reasons = std::map<std::string, std::string>;
@@ -53,6 +53,12 @@ inline std::string Home()
     return std::getenv("HOME");
 }
 
+/// A folder on another volume, if there is one.
+inline std::string OtherVolume()
+{
+    return std::getenv("OTHER_VOLUME");
+}
+
 inline std::string HomeTrash()
 {
     return Home() + "/share/Trash";
@@ -61,17 +67,11 @@ inline std::string HomeTrash()
 /// What can be restored from a trash: pairs of the path noted and the content.
 inline Bin Restorable(const std::string& sTrash = HomeTrash())
 {
-    const std::string sStart = "[Trash Info]\nPath=";
     Bin restorable;
-    const auto files = Contents(sTrash + "/files");
-    for (const auto& [sInfo, sNote] : Contents(sTrash + "/info")) {
-        const auto file = files.find(sInfo.substr(0, sInfo.rfind('.')));
-        const std::size_t nEnd = sNote.find("\nDeletionDate=2");
-        if (file != files.end() && sNote.starts_with(sStart) && nEnd != std::string::npos) {
-            const std::string sPath = sNote.substr(sStart.size(), nEnd - sStart.size());
-            char* pPath = g_uri_unescape_string(sPath.c_str(), nullptr);
-            restorable.emplace(pPath != nullptr ? pPath : "", file->second);
-            g_free(pPath);
+    for (const auto& [sName, sContent] : Contents(sTrash + "/files")) {
+        const std::string sHome = support::HomeOf(sTrash + "/files/" + sName);
+        if (!sHome.empty()) {
+            restorable.emplace(sHome, sContent);
         }
     }
     return restorable;
@@ -107,5 +107,25 @@ protected:
     TempTree other; ///< on another volume, if there is one
     support::ScriptedOperations user;
 };
+
+/// Operations whose calls are watched, each on files of its own.
+class Watched : public ::testing::TestWithParam<support::tScenario>
+{
+protected:
+    TempTree tree{Home()};
+    TempTree other{OtherVolume()};
+    support::FileWorld world{tree.sRoot, other.sRoot, HomeTrash()};
+};
+
+inline const auto kScenarios = ::testing::Values(
+    support::tScenario{"delete", platform::FO_DELETE}, support::tScenario{"move", platform::FO_MOVE},
+    support::tScenario{"move replacing", platform::FO_MOVE, false, false, true},
+    support::tScenario{"move to another volume", platform::FO_MOVE, false, true},
+    support::tScenario{"move to another volume plainly", platform::FO_MOVE, false, true, false, true},
+    support::tScenario{"move from another volume replacing", platform::FO_MOVE, true, false, true},
+    support::tScenario{"move from another volume replacing plainly", platform::FO_MOVE, true, false, true,
+                       true},
+    support::tScenario{"copy", platform::FO_COPY, false, true},
+    support::tScenario{"copy replacing", platform::FO_COPY, false, false, true});
 
 } // namespace fileops_test

@@ -25,6 +25,45 @@ TEST_F(Trash, KeepsFilesOfAnyNameWithTheWayBack)
     EXPECT_EQ(Contents(tree.sRoot), Reasons());
 }
 
+TEST_F(Trash, OtherProgramsKnowTheWayBack)
+{
+    const struct {
+        const char* pProgram;
+        const char* pIsThere;
+        const char* pList;
+        const char* pRestore; ///< everything
+    } cases[] = {{"trash-cli", "command -v trash-restore", "trash-list",
+                  "for n in 1 2 3 4; do echo 0 | trash-restore; done"},
+                 {"gvfs", "test -x /usr/libexec/gvfsd-trash && command -v dbus-run-session",
+                  "GIO_USE_VFS= dbus-run-session gio list -a trash::orig-path trash:///",
+                  "GIO_USE_VFS= dbus-run-session sh -c 'gio trash --list | cut -f 1 | xargs -n 1 gio trash "
+                  "--restore'"}};
+    std::string sMissing;
+    setenv("LC_ALL", "C.UTF-8", 1);
+    for (const auto& each : cases) {
+        if (!Shell(each.pIsThere)) {
+            sMissing += each.pProgram + std::string(" is not installed. ");
+            continue;
+        }
+        std::vector<std::string> paths;
+        for (const char* pName : {"a.b.c", "we ird%25", "1/same", "2/same"}) {
+            paths.push_back(tree.File(pName, pName));
+        }
+        EXPECT_EQ(Run(FO_DELETE, paths), Reasons());
+        std::system((std::string(each.pList) + " >" + Home() + "/list 2>/dev/null").c_str());
+        const std::string sList = Content(Home() + "/list");
+        EXPECT_TRUE(Shell("cd " + tree.sRoot + " && " + each.pRestore)) << each.pProgram;
+        for (const std::string& sPath : paths) {
+            EXPECT_NE(sList.find(sPath), sList.npos) << each.pProgram << ": " << sList;
+            EXPECT_EQ(Content(sPath), sPath.substr(tree.sRoot.size() + 1)) << each.pProgram;
+        }
+    }
+    unsetenv("LC_ALL");
+    if (!sMissing.empty()) {
+        GTEST_SKIP() << sMissing;
+    }
+}
+
 TEST_F(Trash, AsksOnceAndFirst)
 {
     const std::vector<std::string> paths{tree.File("a", "12345"), tree.File("b", "123"),

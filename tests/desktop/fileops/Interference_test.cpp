@@ -1,0 +1,398 @@
+// SPDX-License-Identifier: MIT
+// Between any two calls of an operation a second program acts on the same files: nothing is lost, nothing
+// else is touched, nothing is claimed that is not so.
+
+#include "Operations.h"
+
+#include <csignal>
+#include <sys/mman.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+
+namespace {
+
+using namespace fileops_test;
+using support::FileWorld;
+
+/// The other program: what it knows to do, and what it has open.
+class Intruder
+{
+public:
+    explicit Intruder(FileWorld& world) : m_world(world) {}
+    Intruder& operator=(Intruder&&) = delete;
+    ~Intruder()
+    {
+        if (m_pMapped != nullptr) {
+            munmap(m_pMapped, kSize);
+        }
+        close(m_h);
+    }
+
+    /// Carries out commands such as "mv from/a from/b; put from/a text" until one fails: false if the last
+    /// did. A text stands for a content, its last word being the file's name; an underscore is a space.
+    bool Do(const std::string& sCommands)
+    {
+        std::istringstream commands(sCommands);
+        std::string sCommand;
+        bool bDone = true;
+        while (bDone && std::getline(commands >> std::ws, sCommand, ';')) {
+            std::istringstream words(sCommand);
+            std::string sName;
+            std::string sPath;
+            std::string sSecond;
+            words >> sName >> sPath >> sSecond;
+            std::replace(sSecond.begin(), sSecond.end(), '_', ' ');
+            bDone = m_commands.at(sName)(Path(sPath), sSecond);
+        }
+        return bDone;
+    }
+
+    void WriteIfOpen(const std::string& sText)
+    {
+        if (m_h >= 0) {
+            Edit(m_h, sText);
+        }
+    }
+
+private:
+    using Command = std::function<bool(const std::string& sPath, const std::string& sSecond)>;
+    static constexpr std::size_t kSize = 5000;
+
+    std::string Path(const std::string& sPath) const
+    {
+        const std::pair<std::string, std::string> places[] = {{"from", m_world.sFrom},
+                                                              {"to", m_world.sTo},
+                                                              {"private", m_world.sPrivate},
+                                                              {"trash", m_world.sTrash}};
+        for (const auto& [sShort, sFull] : places) {
+            if (sPath.starts_with(sShort)) {
+                return sFull + sPath.substr(sShort.size());
+            }
+        }
+        return sPath;
+    }
+    /// Nobody is to answer for it any more.
+    void Forget(const std::string& sPath)
+    {
+        if (!fs::is_symlink(sPath) && fs::is_regular_file(sPath)) {
+            m_world.required.erase(Content(sPath));
+        }
+    }
+    void Know(const std::string& sContent)
+    {
+        m_world.required.insert(sContent);
+        m_world.known.insert(sContent);
+    }
+    bool Make(const std::string& sPath, const std::string& sText)
+    {
+        const int h = open(sPath.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+        const std::string sContent = FileWorld::Content(sText);
+        const bool bMade = h >= 0 && write(h, sContent.data(), sContent.size()) > 0;
+        if (bMade) {
+            Know(sContent);
+        }
+        close(h);
+        return bMade;
+    }
+    bool Rename(const std::string& sFrom, const std::string& sTo)
+    {
+        return renameat2(AT_FDCWD, sFrom.c_str(), AT_FDCWD, sTo.c_str(), RENAME_NOREPLACE) == 0;
+    }
+    bool Edit(int h, const std::string& sText)
+    {
+        std::string sBefore(4 * kSize, '\0');
+        sBefore.resize(
+            static_cast<std::size_t>(std::max<ssize_t>(0, pread(h, sBefore.data(), sBefore.size(), 0))));
+        m_world.required.erase(sBefore);
+        const std::string sContent = sText.empty() ? sBefore + "more$" : FileWorld::Content(sText);
+        Know(sContent);
+        return pwrite(h, sContent.data(), sContent.size(), 0) > 0;
+    }
+    /// As file managers do.
+    bool Trash(const std::string& sPath)
+    {
+        const std::string sName = '/' + fs::path(sPath).filename().string();
+        const std::string sNote = m_world.sTrash + "/info" + sName + ".trashinfo";
+        fs::create_directories(m_world.sTrash + "/files");
+        fs::create_directories(m_world.sTrash + "/info");
+        std::ofstream(sNote) << "[Trash Info]\nPath=" << sPath << "\nDeletionDate=2026-01-01T00:00:00\n";
+        return Rename(sPath, m_world.sTrash + "/files" + sName) || (::unlink(sNote.c_str()), false);
+    }
+
+    FileWorld& m_world;
+    int m_h = -1;
+    char* m_pMapped = nullptr;
+    const std::map<std::string, Command> m_commands{
+        {"mv", [&](auto& sPath, auto& sTo) { return Rename(sPath, Path(sTo)); }},
+        {"make", [&](auto& sPath, auto& sText) { return Make(sPath, sText); }},
+        {"put", // as programs save
+         [&](auto& sPath, auto& sText) {
+             Forget(sPath);
+             const std::string sNew = fs::path(sPath).parent_path() / "new";
+             return Make(sNew, sText) && ::rename(sNew.c_str(), sPath.c_str()) == 0;
+         }},
+        {"rm",
+         [&](auto& sPath, auto&) {
+             Forget(sPath);
+             return ::unlink(sPath.c_str()) == 0;
+         }},
+        {"rmdir", [&](auto& sPath, auto&) { return rmdir(sPath.c_str()) == 0; }},
+        {"ln", [&](auto& sPath, auto& sTo) { return link(sPath.c_str(), Path(sTo).c_str()) == 0; }},
+        {"symlink", [&](auto& sPath, auto& sTo) { return symlink(sPath.c_str(), Path(sTo).c_str()) == 0; }},
+        {"mkdir", [&](auto& sPath, auto&) { return mkdir(sPath.c_str(), 0700) == 0; }},
+        {"mkfifo",
+         [&](auto& sPath, auto&) {
+             ::unlink(sPath.c_str());
+             return mkfifo(sPath.c_str(), 0600) == 0;
+         }},
+        {"endless", [&](auto& sPath, auto&) { return truncate(sPath.c_str(), 200'000'000'000) == 0; }},
+        {"trash", [&](auto& sPath, auto&) { return Trash(sPath); }},
+        {"forge",
+         [&](auto& sPath, auto&) {
+             return !!(std::ofstream(sPath)
+                       << "[Trash Info]\nPath=/etc/a\nDeletionDate=2026-01-01T00:00:00\n");
+         }},
+        {"open", // waits for nobody
+         [&](auto& sPath, auto&) {
+             m_h = open(sPath.c_str(), O_RDWR | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC);
+             return m_h >= 0;
+         }},
+        {"write", [&](auto&, auto& sText) { return Edit(m_h, sText); }},
+        {"close", [&](auto&, auto&) { return close(std::exchange(m_h, -1)) == 0; }},
+        {"map",
+         [&](auto&, auto&) {
+             void* p = mmap(nullptr, kSize, PROT_READ | PROT_WRITE, MAP_SHARED, m_h, 0);
+             m_pMapped = static_cast<char*>(p);
+             m_pMapped[kSize - 2] = '.'; // it is dirty from now on
+             return true;
+         }},
+        {"poke",
+         [&](auto& sPath, auto& sText) {
+             Forget(sPath);
+             Know(FileWorld::Content(sText));
+             FileWorld::Content(sText).copy(m_pMapped, kSize);
+             return true;
+         }},
+        {"wait", [&](auto&, auto&) { return usleep(5000) == 0; }}, // until the system's clock has moved on
+        {"redate", [&](auto& sPath, auto&) { return FileWorld::SetOldTime(sPath); }},
+        {"each", // file of a folder
+         [&](auto& sFolder, auto& sCommand) {
+             bool bAny = false;
+             std::error_code error;
+             for (const auto& each : fs::directory_iterator(sFolder, error)) {
+                 bAny = m_commands.at(sCommand)(each.path().string(), "") || bAny;
+             }
+             return bAny;
+         }},
+        {"spoil", // what lies in a folder already
+         [&](auto& sFolder, auto&) {
+             for (const auto& each : m_world.Find()) {
+                 if (each.sPath.starts_with(sFolder)) {
+                     m_world.required.erase(each.sContent);
+                 }
+             }
+             return fs::exists(sFolder);
+         }}};
+};
+
+enum class Side { Source, Target, Trash };
+
+struct tInterference {
+    const char* pName;
+    Side side;
+    const char* pCommands;
+    const char* pBefore = ""; ///< what it does before the operation begins
+};
+
+const tInterference kInterferences[] = {
+    {"replaces the source", Side::Source, "put from/a theirs_a"},
+    {"saves the source, keeping a backup", Side::Source, "mv from/a from/a~; put from/a theirs_a"},
+    {"renames the source", Side::Source, "mv from/a from/a.moved"},
+    {"removes the source", Side::Source, "rm from/a"},
+    {"swaps the source for a symbolic link", Side::Source,
+     "mv from/a from/a.moved; symlink private/a from/a"},
+    {"swaps the source for another file", Side::Source, "mv from/a from/a.moved; ln from/c from/a"},
+    {"swaps the source for a FIFO", Side::Source, "mv from/a from/a.moved; mkfifo from/a"},
+    {"swaps the source for a folder", Side::Source, "mv from/a from/a.moved; mkdir from/a"},
+    {"gives the source a second name", Side::Source, "ln from/a from/a.second"},
+    {"puts a file where the source was", Side::Source, "make from/a theirs_a"},
+    {"grows the source", Side::Source, "open from/a; write from/a"},
+    {"rewrites the source", Side::Source, "open from/a; write from/a mine_edited_a; close from/a"},
+    {"rewrites the source and sets its time back", Side::Source,
+     "open from/a; wait from/a; write from/a mine_edited_a; redate from/a; close from/a"},
+    {"writes through a descriptor", Side::Source, "write from/a mine_written_a", "open from/a"},
+    {"writes through a mapping", Side::Source, "poke from/a mine_mapped_a", "open from/a; map from/a"},
+    {"opens the source and writes at the end", Side::Source, "open from/a"},
+    {"swaps the source's folder for a link", Side::Source, "mv from from.moved; symlink private from"},
+    {"swaps the source's folder for another", Side::Source,
+     "mv from from.moved; mkdir from; put from/a theirs_a; put from/b theirs_b"},
+    {"renames the source's folder", Side::Source, "mv from from.moved"},
+    {"trashes the source's folder", Side::Source, "trash from"},
+    {"renames the destination", Side::Target, "mv to to.moved"},
+    {"trashes the destination", Side::Target, "trash to"},
+    {"swaps the destination for a link", Side::Target, "mv to to.moved; symlink private to"},
+    {"swaps the destination for another folder", Side::Target, "mv to to.moved; mkdir to"},
+    {"removes the destination", Side::Target, "rmdir to"},
+    {"saves a file under the final name", Side::Target, "put to/a other_a"},
+    {"makes a file of the final name", Side::Target, "make to/a other_a"},
+    {"makes a folder of the final name", Side::Target, "mkdir to/a"},
+    {"makes a link of the final name", Side::Target, "symlink private/a to/a"},
+    {"edits the file of the final name", Side::Target, "open to/a; write to/a"},
+    {"renames the file of the final name", Side::Target, "mv to/a to/a.moved"},
+    {"removes the file of the final name", Side::Target, "rm to/a"},
+    {"removes the notes", Side::Trash, "spoil trash; each trash/info rm"},
+    {"forges the notes", Side::Trash, "spoil trash; each trash/info forge"},
+    {"makes FIFOs of the notes", Side::Trash, "spoil trash; each trash/info mkfifo"},
+    {"makes the notes endless", Side::Trash, "spoil trash; each trash/info endless"},
+    {"takes the next name in the trash", Side::Trash, "make trash/files/a stray"},
+    {"makes a link of the trash's files", Side::Trash,
+     "spoil trash; mv trash/files trash/files.moved; symlink private trash/files"},
+    {"makes a link of the trash's notes", Side::Trash,
+     "spoil trash; mv trash/info trash/info.moved; symlink private trash/info"},
+    {"renames the trash", Side::Trash, "mv trash trash.moved"},
+    {"restores from the trash", Side::Trash, "mv trash/files/a from/a; rm trash/info/a.trashinfo"},
+    {"empties the trash", Side::Trash, "each trash/files rm; each trash/info rm"},
+};
+
+class Interference : public Watched
+{
+protected:
+    /// The operation, disturbed at call `nAt`; what is wrong afterwards. `bActed` tells whether it could be.
+    std::string Try(const tInterference& each, std::size_t nAt, bool& bActed, std::string& sCall)
+    {
+        world.Prepare(GetParam());
+        world.bSeen = false;
+        Intruder intruder(world);
+        const std::string sBefore = each.pBefore;
+        intruder.Do(sBefore);
+        const auto noteWhatIsDone = [&] {
+            for (const std::string& sName : world.Names()) {
+                if (world.IsDone(sName)) {
+                    world.doneAnyway.insert(sName);
+                }
+            }
+        };
+        bool bDue = true;
+        const auto run = world.Run([&](const support::tCall& call, std::size_t n) {
+            if (n >= nAt && bDue) {
+                noteWhatIsDone();
+                sCall = call.sCall + ' ' + call.sPath;
+                errno = 0;
+                bActed = intruder.Do(each.pCommands);
+                bDue = !bActed && errno == EWOULDBLOCK; // somebody holds it: again at the next call
+                noteWhatIsDone();
+            }
+            world.bSeen = world.bSeen || (bDue && call.sPath == world.sFrom + "/a");
+            return 0;
+        });
+        if (sBefore.empty()) {
+            intruder.WriteIfOpen(each.side == Side::Source ? "mine late a" : "");
+        }
+        return world.Wrong(run) + (each.side == Side::Trash ? "" : world.LeftBehind());
+    }
+};
+
+TEST_P(Interference, LosesNothingAndClaimsNothing)
+{
+    world.Prepare(GetParam());
+    const auto undisturbed = world.Run([](const auto&, std::size_t) { return 0; });
+    if (!undisturbed.process.bPossible) {
+        GTEST_SKIP() << "nobody may watch a process here";
+    }
+    ASSERT_EQ(world.Wrong(undisturbed) + world.LeftBehind(), "");
+    ASSERT_EQ(undisturbed.outcome.nFilesDone, world.Names().size());
+    const std::size_t nCalls = undisturbed.process.calls.size();
+    std::size_t nRuns = 0;
+    for (const tInterference& each : kInterferences) {
+        const bool bDelete = GetParam().wFunc == platform::FO_DELETE;
+        if ((each.side == Side::Target && bDelete) ||
+            (each.side == Side::Trash && !bDelete && !GetParam().bReplace)) {
+            continue;
+        }
+        std::size_t nWrong = 0;
+        std::string sFirst;
+        for (std::size_t n = 1; n <= nCalls; ++n) {
+            bool bActed = false;
+            std::string sCall;
+            const std::string sWrong = Try(each, n, bActed, sCall);
+            nRuns += bActed ? 1U : 0U;
+            if (!sWrong.empty() && nWrong++ == 0) {
+                sFirst = "call " + std::to_string(n) + " (" + sCall + "): " + sWrong;
+            }
+            n = sWrong.find("hangs") != sWrong.npos ? nCalls : n; // once is enough to wait for
+        }
+        EXPECT_EQ(nWrong, 0U) << GetParam().pName << ", another program " << each.pName << ", first at "
+                              << sFirst;
+    }
+    std::cout << GetParam().pName << ": " << nRuns << " runs, " << nCalls << " calls\n";
+}
+
+INSTANTIATE_TEST_SUITE_P(, Interference, kScenarios, support::NameOfScenario);
+
+/// A folder of another user is swapped for a link to a private one all the time while its files are trashed.
+TEST(TwoUsers, NeitherLosesNorTouchesAnything)
+{
+    if (geteuid() != 0) {
+        GTEST_SKIP() << "needs root to be two users";
+    }
+    constexpr uid_t kVictim = 65534;
+    constexpr uid_t kAttacker = 65533;
+    constexpr std::size_t kFiles = 2000;
+    const TempTree tree{Home()};
+    const std::string sTheirs = tree.sRoot + "/theirs";
+    const std::string sShared = sTheirs + "/shared";
+    const std::string sPrivate = tree.sRoot + "/private";
+    fs::permissions(tree.sRoot, fs::perms(0755));
+    fs::remove_all(Home() + "/share");
+    std::vector<std::string> paths;
+    for (std::size_t n = 0; n < kFiles; ++n) {
+        const std::string sName = std::to_string(n);
+        paths.push_back(tree.File("theirs/shared/" + sName, "shared " + sName));
+        tree.File("private/" + sName, "private " + sName);
+    }
+    ASSERT_TRUE(Shell("cd " + tree.sRoot +
+                      " && chown -R 65534 private theirs/shared && chown 65533 theirs theirs/shared" +
+                      " && chmod 777 theirs/shared && chmod 700 private"));
+    const pid_t attacker = fork();
+    if (attacker == 0) {
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        const std::string sAside = sTheirs + "/aside";
+        for (bool bReady = setuid(kAttacker) == 0; bReady;) {
+            usleep(300);
+            ::rename(sShared.c_str(), sAside.c_str());
+            bReady = symlink(sPrivate.c_str(), sShared.c_str()) == 0;
+            usleep(300);
+            bReady = unlink(sShared.c_str()) == 0 && ::rename(sAside.c_str(), sShared.c_str()) == 0 && bReady;
+        }
+        _exit(1);
+    }
+    const auto process = support::Supervise(
+        {},
+        [&] {
+            support::ScriptedOperations user;
+            desktop::ShellFileOperations operations(user);
+            const bool bVictim = setresgid(kVictim, kVictim, kVictim) == 0 && setuid(kVictim) == 0;
+            operations.SHFileOperationA(support::Request(bVictim ? platform::FO_DELETE : 0, paths));
+            return std::to_string(user.outcome.nFilesDone) + ' ' +
+                   std::to_string(user.outcome.notDone.size());
+        },
+        {});
+    kill(attacker, SIGKILL);
+    waitpid(attacker, nullptr, 0);
+    const Bin bin = Restorable();
+    std::size_t nLost = 0;
+    std::size_t nTouched = 0;
+    for (std::size_t n = 0; n < kFiles; ++n) {
+        const std::string sName = std::to_string(n);
+        const bool bThere =
+            Content(sShared + '/' + sName) + Content(sTheirs + "/aside/" + sName) == "shared " + sName;
+        nLost += bThere || bin.contains({paths[n], "shared " + sName}) ? 0U : 1U;
+        nTouched += Content(sPrivate + '/' + sName) == "private " + sName ? 0U : 1U;
+    }
+    std::cout << "two users: done and not done " << process.sSaid << ", in the trash " << bin.size()
+              << ", lost " << nLost << ", touched " << nTouched << '\n';
+    EXPECT_EQ(nLost + nTouched, 0U);
+    EXPECT_EQ(process.sSaid, std::to_string(bin.size()) + ' ' + std::to_string(kFiles - bin.size()));
+}
+
+} // namespace

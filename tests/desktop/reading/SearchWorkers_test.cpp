@@ -1,0 +1,215 @@
+// SPDX-License-Identifier: MIT
+#include "SearchWorkers.h"
+
+#include "LiteralSearch.h"
+#include "PosixFiles.h"
+#include "SlowDisk.h"
+#include "TempTree.h"
+#include "mDataOperation.h"
+
+#include <atomic>
+#include <csignal>
+#include <fcntl.h>
+#include <future>
+#include <sys/stat.h>
+#include <thread>
+
+namespace {
+
+namespace fs = std::filesystem;
+namespace disk = support::disk;
+using support::LiteralSearch;
+
+std::ptrdiff_t OpenDescriptors()
+{
+    return std::distance(fs::directory_iterator("/proc/self/fd"), {});
+}
+
+/// Searches real files by content; nothing of it may be left behind.
+class SearchWorkers : public ::testing::Test
+{
+protected:
+    struct tEvents final : platform::EventLoop {
+        void DoEvents(std::int64_t) override { happens(); }
+        std::function<void()> happens = [] {};
+    };
+
+    SearchWorkers() { platform::UseSystem({&files, &events, &platform::TheScreen(), &platform::Messages()}); }
+
+    void TearDown() override
+    {
+        while (desktop::SearchWorkers::Alive() > 0) {
+            std::this_thread::yield();
+        }
+        EXPECT_EQ(OpenDescriptors(), m_nBefore);
+    }
+
+    /// How many rows a search of this folder comes to.
+    std::size_t Search(const std::string& sFolder)
+    {
+        world.lvFolders.ListItems.Clear();
+        world.AddFolder(sFolder);
+        world.mnuOptionsSearchContent.SetChecked(true);
+        search::mnuSearchFind_Click();
+        return world.lvFiles.ListItems.Count();
+    }
+
+    support::TempTree tree;
+    desktop::PosixFiles files;
+    tEvents events;
+    support::ScriptedSearch world;
+    std::ptrdiff_t m_nBefore = OpenDescriptors();
+};
+
+TEST_F(SearchWorkers, LeaveADiskThatHangsToItself)
+{
+    for (const char* pFile : {"hangs/deep/x", "hangs/deep/y", "fine/x1", "fine/x2"}) {
+        tree.File(pFile, "same");
+    }
+    const struct {
+        const char* pWhat;
+        disk::Call call;
+        const char* pName;
+        std::size_t nFiles; ///< how many the search knows of by then
+    } cases[] = {
+        {"opening the folder to be searched", disk::Call::Open, "hangs", 0},
+        {"listing it", disk::Call::List, "hangs", 0},
+        {"listing a folder below", disk::Call::List, "deep", 0},
+        {"opening a file", disk::Call::Open, "x", 2},
+        {"reading a file", disk::Call::Read, "y", 2},
+    };
+    for (const auto& [pWhat, call, pName, nFiles] : cases) {
+        SCOPED_TRACE(pWhat);
+        std::promise<void> released;
+        std::atomic<int> nHeld = 0;
+        disk::Arm(call, pName, [&, until = released.get_future().share()] {
+            ++nHeld;
+            until.wait();
+        });
+        // Cancel is clicked while the disk hangs.
+        events.happens = [&] { search::bStopped = search::bStopped || nHeld > 0; };
+        EXPECT_EQ(Search(tree.sRoot + "/hangs"), 0U);
+        EXPECT_EQ(nHeld, 1);
+        const auto table = LiteralSearch::TableOfProgram();
+        EXPECT_EQ(table.size(), nFiles);
+        for (const auto& entry : table) {
+            EXPECT_TRUE(entry.sCRC.empty() && !entry.bDone) << entry.sName;
+        }
+        // Others can be searched meanwhile.
+        events.happens = [] {};
+        EXPECT_EQ(Search(tree.sRoot + "/fine"), 2U);
+        EXPECT_GE(desktop::SearchWorkers::Alive(), 1U);
+        disk::Disarm();
+        released.set_value();
+        EXPECT_EQ(Search(tree.sRoot + "/hangs"), 2U);
+        while (desktop::SearchWorkers::Alive() > 0) { // they use what goes with this case
+            std::this_thread::yield();
+        }
+    }
+}
+
+/// What a search leaves, of itself and of the tree; the same wherever that lies.
+std::string Outcome(const std::vector<std::string>& rows, const std::vector<LiteralSearch::tEntry>& table,
+                    const std::string& sRoot)
+{
+    std::string sOutcome;
+    for (const std::string& sRow : rows) {
+        sOutcome += sRow[0] + sRow.substr(2 + sRoot.size(), sRow.find('|') - 2 - sRoot.size()) + "\n";
+    }
+    for (const auto& entry : table) {
+        sOutcome += entry.sName + (entry.bDone ? " done " : " ") + entry.sCRC + "\n";
+    }
+    for (const auto& entry : fs::recursive_directory_iterator(sRoot)) {
+        const bool bSize = fs::is_regular_file(entry.symlink_status());
+        sOutcome += entry.path().lexically_relative(sRoot).string() + " " +
+                    std::to_string(static_cast<int>(entry.symlink_status().type())) + " " +
+                    std::to_string(bSize ? entry.file_size() : 0) + "\n";
+    }
+    return sOutcome;
+}
+
+TEST_F(SearchWorkers, MeetWhatOthersDoMeanwhileAsTheComparisonAloneDoes)
+{
+    const struct {
+        const char* pWhat;
+        disk::Call call;
+        const char* pName;
+        void (*change)(const fs::path& folder, const fs::path& file);
+    } cases[] = {
+        {"vanishes", disk::Call::Open, "b", [](const fs::path&, const fs::path& file) { fs::remove(file); }},
+        {"vanishes open", disk::Call::Read, "b",
+         [](const fs::path&, const fs::path& file) { fs::remove(file); }},
+        {"shrinks", disk::Call::Open, "b",
+         [](const fs::path&, const fs::path& file) { fs::resize_file(file, 2); }},
+        {"shrinks open", disk::Call::Read, "b",
+         [](const fs::path&, const fs::path& file) { fs::resize_file(file, 2); }},
+        {"grows", disk::Call::Open, "b",
+         [](const fs::path&, const fs::path& file) { fs::resize_file(file, 9'999); }},
+        {"is a FIFO", disk::Call::Open, "b",
+         [](const fs::path&, const fs::path& file) { fs::remove(file), mkfifo(file.c_str(), 0666); }},
+        {"is a folder", disk::Call::Open, "b",
+         [](const fs::path&, const fs::path& file) { fs::remove(file), fs::create_directory(file); }},
+        {"is a link", disk::Call::Open, "b",
+         [](const fs::path&, const fs::path& file) { fs::remove(file), fs::create_symlink("a", file); }},
+        {"is another file", disk::Call::Open, "b",
+         [](const fs::path& folder, const fs::path& file) { fs::rename(folder / "other", file); }},
+        {"its folder has gone", disk::Call::Open, "b",
+         [](const fs::path& folder, const fs::path&) { fs::remove_all(folder); }},
+        {"its folder is a link to another", disk::Call::Open, "b",
+         [](const fs::path& folder, const fs::path&) {
+             fs::rename(folder, folder.parent_path() / "e");
+             fs::create_directory(folder.parent_path() / "private");
+             fs::create_symlink("private", folder);
+         }},
+        {"its folder is renamed while it is listed", disk::Call::List, "d",
+         [](const fs::path& folder, const fs::path&) { fs::rename(folder, folder.parent_path() / "e"); }},
+        {"it vanishes while its folder is listed", disk::Call::List, "d",
+         [](const fs::path&, const fs::path& file) { fs::remove(file); }},
+    };
+    for (const auto& [pWhat, call, pName, change] : cases) {
+        SCOPED_TRACE(pWhat);
+        const auto outcome = [&](bool bLiteral) {
+            const support::TempTree place;
+            for (const char* pFile : {"d/a", "d/b", "d/c", "d/other", "z"}) {
+                place.File(pFile, pFile == std::string("d/other") ? "unlike" : "like it");
+            }
+            disk::Arm(call, pName, [&, done = std::make_shared<std::once_flag>()] {
+                std::call_once(*done, [&] { change(place.sRoot + "/d", place.sRoot + "/d/b"); });
+            });
+            Search(tree.sRoot); // nothing: the world starts over
+            world.lvFolders.ListItems.Clear();
+            world.AddFolder(place.sRoot);
+            std::string sOutcome;
+            if (bLiteral) {
+                search::bStopped = false;
+                const LiteralSearch literal(world, search::PairKey::Size);
+                sOutcome = Outcome(literal.rows, literal.table, place.sRoot);
+            } else {
+                Search(place.sRoot);
+                sOutcome = Outcome(world.Rows(), LiteralSearch::TableOfProgram(), place.sRoot);
+            }
+            disk::Disarm();
+            return sOutcome;
+        };
+        EXPECT_EQ(outcome(false), outcome(true));
+    }
+}
+
+TEST_F(SearchWorkers, WaitForALeaseToBeGivenUp)
+{
+    std::signal(SIGIO, SIG_IGN); // by which the kernel tells that it wants it back
+    const std::string sLeased = tree.File("a", "unlike b");
+    tree.File("b", "unlike a");
+    const int hLeased = open(sLeased.c_str(), O_RDWR | O_CLOEXEC);
+    ASSERT_EQ(fcntl(hLeased, F_SETLEASE, F_WRLCK), 0);
+    events.happens = [&] {
+        if (fcntl(hLeased, F_GETLEASE) != F_WRLCK) { // somebody waits for it
+            fcntl(hLeased, F_SETLEASE, F_UNLCK);
+        }
+    };
+    EXPECT_EQ(Search(tree.sRoot), 0U);
+    EXPECT_EQ(search::FileList[0].sCRC.View() == "0", false);
+    close(hLeased);
+}
+
+} // namespace
