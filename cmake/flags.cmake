@@ -1,6 +1,7 @@
 # The flags that every target of ours shares; link tallyfen_flags to have them.
 option(TALLYFEN_WERROR "Treat warnings as errors" OFF)
 option(TALLYFEN_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+option(TALLYFEN_TSAN "Build with ThreadSanitizer" OFF)
 option(TALLYFEN_HARDEN "Build with what Debian's packages are hardened with" OFF)
 option(TALLYFEN_FUZZ "Build the fuzz targets; needs clang" OFF)
 
@@ -24,6 +25,10 @@ if(TALLYFEN_SANITIZE)
   target_compile_options(tallyfen_flags INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(tallyfen_flags INTERFACE -fsanitize=address,undefined)
+endif()
+if(TALLYFEN_TSAN)
+  target_compile_options(tallyfen_flags INTERFACE -fsanitize=thread -fno-omit-frame-pointer)
+  target_link_options(tallyfen_flags INTERFACE -fsanitize=thread)
 endif()
 if(TALLYFEN_HARDEN)
   include(CheckPIESupported)
