@@ -48,6 +48,14 @@ key() { xdotool key --clearmodifiers "$@"; }
 text() { xdotool type "$1"; }
 picture() { import -silent -window root miff:-; }
 
+# menu KEYS...: opens the File menu, and presses the keys when it has the keyboard
+menu() {
+    key alt+f
+    expect 'the menu opens' menu_is_open
+    key "$@"
+}
+menu_is_open() { [ "$(xdotool search --onlyvisible --class tallyfen getwindowname %@ | grep -cx tallyfen)" != 0 ]; }
+
 # shows PIXELS COLOUR: at least as many pixels of the screen have that colour
 shows() {
     picture | convert - -alpha off -depth 8 -format %c histogram:info:- |
@@ -129,6 +137,7 @@ if [ "$mode" = wayland ]; then
         done
     }
     text() { wtype "$1"; }
+    menu_is_open() { true; } # menus are no windows that could be listed
     picture() { grim -; }
     export QT_QPA_PLATFORM=wayland WLR_BACKENDS=headless WLR_LIBINPUT_NO_DEVICES=1 WLR_RENDERER=pixman
     scene='under Wayland'
@@ -140,7 +149,7 @@ if [ "$mode" = wayland ]; then
     started+=($!)
     start_program
     search_documents Escape
-    key alt+f Down Down Right Up Return
+    menu Down Down Right Up Return
     expect 'Choose Program comes up' has_keyboard 'Choose Program'
     wlrctl toplevel focus title:Tallyfen
     expect 'the main window can be used beside it' has_keyboard Tallyfen
@@ -160,21 +169,33 @@ started+=($!)
 expect 'the window manager comes up' sh -c 'xprop -root _NET_SUPPORTING_WM_CHECK | grep -q "#"'
 start_program
 search_documents alt+F4
-key Tab
+xdotool mousemove --window "$(xdotool search --onlyvisible --name '^Tallyfen$')" 100 215 click 1
+menu Down Down Right Return
+expect 'an editor that is missing is said' windows Tallyfen 2
+key Return
+expect 'Enter closes the message' windows Tallyfen 1
+menu Up Up Return
+expect 'the properties come up' has_keyboard '.*/Documents.* Properties'
+xdotool windowactivate "$(xdotool search --onlyvisible --name '^Tallyfen$')"
+expect 'the main window can be used beside them' has_keyboard Tallyfen
+menu Down Down Right Up Return
+expect 'Choose Program comes up' has_keyboard 'Choose Program'
+xdotool windowactivate "$(xdotool search --onlyvisible --name '^Tallyfen$')"
+expect 'the main window can be used beside it' has_keyboard Tallyfen
 setxkbmap ru
 xdotool keydown 37 keydown 38 keyup 38 keyup 37 # Ctrl and the key of the letter A
 expect 'Ctrl+A selects all rows, whatever the layout' shows 10000 "$selected"
 setxkbmap us
 xdotool mousemove --window "$(xdotool search --onlyvisible --name '^Tallyfen$')" 100 215 click 1
-key alt+f Down Down Right Return
+menu Down Down Right Return
 expect 'an editor that is missing is said' windows Tallyfen 2
 key Return
 expect 'Enter closes the message' windows Tallyfen 1
-key alt+f Up Up Return
+menu Up Up Return
 expect 'the properties come up' has_keyboard '.*/Documents.* Properties'
 xdotool windowactivate "$(xdotool search --onlyvisible --name '^Tallyfen$')"
 expect 'the main window can be used beside them' has_keyboard Tallyfen
-key alt+f Down Down Right Up Return
+menu Down Down Right Up Return
 expect 'Choose Program comes up' has_keyboard 'Choose Program'
 xdotool windowactivate "$(xdotool search --onlyvisible --name '^Tallyfen$')"
 expect 'the main window can be used beside it' has_keyboard Tallyfen
@@ -222,6 +243,6 @@ start_server 400x300
 start_program
 xdotool windowfocus --sync "$(xdotool search --onlyvisible --name '^Tallyfen$')"
 search_documents Escape
-key alt+f Up Return
+menu Up Return
 end_program
 echo "The window does from outside what it has to do."
