@@ -186,19 +186,6 @@ setxkbmap ru
 xdotool keydown 37 keydown 38 keyup 38 keyup 37 # Ctrl and the key of the letter A
 expect 'Ctrl+A selects all rows, whatever the layout' shows 10000 "$selected"
 setxkbmap us
-xdotool mousemove --window "$(xdotool search --onlyvisible --name '^Tallyfen$')" 100 215 click 1
-menu Down Down Right Return
-expect 'an editor that is missing is said' windows Tallyfen 2
-key Return
-expect 'Enter closes the message' windows Tallyfen 1
-menu Up Up Return
-expect 'the properties come up' has_keyboard '.*/Documents.* Properties'
-xdotool windowactivate "$(xdotool search --onlyvisible --name '^Tallyfen$')"
-expect 'the main window can be used beside them' has_keyboard Tallyfen
-menu Down Down Right Up Return
-expect 'Choose Program comes up' has_keyboard 'Choose Program'
-xdotool windowactivate "$(xdotool search --onlyvisible --name '^Tallyfen$')"
-expect 'the main window can be used beside it' has_keyboard Tallyfen
 files_left() { [ "$(find "$HOME/Documents" -type f | wc -l)" = "$1" ]; }
 key ctrl+a
 expect 'Ctrl+A selects all rows' shows 10000 "$selected"
