@@ -196,7 +196,7 @@ scene='with a disk that hangs'
 start_program LD_PRELOAD="$(dirname "$program")/bench/libslowdisk.so" SLOWDISK_STUCK=Many
 search_many
 expect 'the progress window says what it does' painted Progress
-key Escape
+key space
 expect 'Cancel takes the progress window down' windows Progress 0
 expect 'the main window has the keyboard again' has_keyboard Tallyfen
 key alt+F4

@@ -41,12 +41,18 @@ Descriptor OpenByAnyLength(const std::string& sPath, int nFlags, Open open)
     if (file.IsOpen() || errno != ENAMETOOLONG) {
         return file;
     }
-    const std::size_t nName = sPath.rfind(platform::kSeparator) + 1;
-    const Descriptor folder(open(AT_FDCWD, sPath.substr(0, nName).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-    return folder.IsOpen() ? Descriptor(open(folder.Get(), sPath.c_str() + nName, nFlags)) : Descriptor();
+    const Descriptor folder(open(AT_FDCWD, FolderOf(sPath).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    const char* pName = sPath.c_str() + sPath.rfind(platform::kSeparator) + 1;
+    return folder.IsOpen() ? Descriptor(open(folder.Get(), pName, nFlags)) : Descriptor();
 }
 
 } // namespace
+
+std::string FolderOf(const std::string& sPath)
+{
+    const std::size_t nSeparator = sPath.rfind(platform::kSeparator);
+    return sPath.substr(0, nSeparator == 0 ? 1 : nSeparator);
+}
 
 Descriptor OpenFile(const std::string& sPath)
 {

@@ -14,6 +14,10 @@ namespace desktop {
 /// passed on to a program started later.
 inline constexpr int kOpenFlags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
 
+/// The folder that holds `sPath`, without a separator at its end but for the root's: it may be one byte
+/// longer then.
+std::string FolderOf(const std::string& sPath);
+
 /// Opens file `sPath`, whatever the length of its path; errno tells why not. Somebody who has a lease on the
 /// file is given a second to let go of it.
 Descriptor OpenFile(const std::string& sPath);

@@ -81,11 +81,12 @@ bool FolderAccess::List(const std::string& sPath, bool bIdentity, const std::ato
                         platform::FolderListing& listing)
 {
     listing.Clear();
-    if (sPath.size() >= PATH_MAX) {
+    // With a separator at its end a path would be followed through a link, and be one byte too long too
+    // early.
+    const std::string sFolder = sPath.substr(0, sPath.size() - (sPath.size() > 1 ? 1 : 0));
+    if (sFolder.size() >= PATH_MAX) {
         return false;
     }
-    // With a separator at its end a path would be followed through a link.
-    const std::string sFolder = sPath.substr(0, sPath.size() - (sPath.size() > 1 ? 1 : 0));
     const Descriptor folder(Retried([&] { return open(sFolder.c_str(), kOpenFlags | O_DIRECTORY); }));
     if (!folder.IsOpen()) {
         return false;

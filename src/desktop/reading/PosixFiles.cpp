@@ -20,10 +20,10 @@ bool PosixFiles::PathFound(const std::string& sPath)
     if (errno != ENAMETOOLONG) {
         return false;
     }
-    const std::size_t nName = sPath.rfind(platform::kSeparator) + 1;
     const Descriptor folder(
-        Retried([&] { return open(sPath.substr(0, nName).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC); }));
-    return folder.IsOpen() && fstatat(folder.Get(), sPath.c_str() + nName, &status, AT_SYMLINK_NOFOLLOW) == 0;
+        Retried([&] { return open(FolderOf(sPath).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC); }));
+    const char* pName = sPath.c_str() + sPath.rfind(platform::kSeparator) + 1;
+    return folder.IsOpen() && fstatat(folder.Get(), pName, &status, AT_SYMLINK_NOFOLLOW) == 0;
 }
 
 std::optional<std::string> PosixFiles::CanonicalFolder(const std::string& sPath)
