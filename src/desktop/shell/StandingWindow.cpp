@@ -54,12 +54,13 @@ QPoint StandingWindow::FreePlace() const
 
 void StandingWindow::done(int nResult)
 {
-    const bool bHadKeyboard = isActiveWindow();
-    ShellDialog::done(nResult);
+    // While this window is still there: under Wayland the toolkit asks for the keyboard in the name of the
+    // window that has it, and crashes if that one has gone.
     QWidget* const pOpenedFrom = m_pOpenedFrom;
-    if (bHadKeyboard && pOpenedFrom != nullptr && pOpenedFrom->isVisible()) {
+    if (isActiveWindow() && pOpenedFrom != nullptr && pOpenedFrom->isVisible()) {
         pOpenedFrom->activateWindow();
     }
+    ShellDialog::done(nResult);
 }
 
 std::vector<StandingWindow*> StandingWindow::All()
