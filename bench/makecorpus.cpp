@@ -295,8 +295,8 @@ int usage()
 {
     std::fputs("usage: makecorpus version | makecorpus CORPUS FOLDER [N]\n", stderr);
     for (const Corpus& corpus : kCorpora) {
-        std::fprintf(stderr, "  %-20s %7llu  %s\n", corpus.name.data(),
-                     static_cast<unsigned long long>(corpus.defaultCount), corpus.what.data());
+        std::fprintf(stderr, "  %-20s %7llu  %s\n", std::string(corpus.name).c_str(),
+                     static_cast<unsigned long long>(corpus.defaultCount), std::string(corpus.what).c_str());
     }
     return 64;
 }

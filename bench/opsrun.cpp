@@ -222,6 +222,7 @@ void TrashEqualNames(const std::string& sRoot, std::size_t nFiles)
 void TrashFound(const std::string& sRoot, std::size_t nFiles, std::optional<platform::ComparedBy> comparedBy)
 {
     std::vector<std::string> paths;
+    paths.reserve(nFiles);
     for (std::size_t n = 0; n < nFiles; ++n) {
         paths.push_back(sRoot + "/from/" + std::to_string(n) + ".txt");
     }

@@ -329,7 +329,8 @@ std::string FileWorld::Wrong(const tRun& run) const
         look(sReason.empty() && !run.outcome.bCancelled && !bDone && !doneAnyway.contains(sName),
              "claims " + sName);
         look(bDone && !doneAnyway.contains(sName) && !sReason.empty() &&
-                 sReason.find("trash") == std::string::npos && sReason.find("copied") == std::string::npos,
+                 sReason.find("trash") == std::string::npos && sReason.find("copied") == std::string::npos &&
+                 sReason.find("moved, but") == std::string::npos,
              sName + " done but denied: " + sReason);
         look(!sReason.empty() && (!sReason.ends_with('.') || sReason.find('/') != std::string::npos),
              "no sentence: " + sReason);

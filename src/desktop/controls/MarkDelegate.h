@@ -9,8 +9,8 @@ namespace desktop {
 
 /// Paints the cells of a list with the pictures of its rows: 1 is a folder, 2 to 7 are the marks of a group's
 /// first, middle and last row, in blue, and in red and broken for a file that has gone. The marks fill the
-/// height of their row, so that those of a group join into one bracket. The whole text of a cell that is cut is
-/// its tool tip.
+/// height of their row, so that those of a group join into one bracket. The whole text of a cell that is cut
+/// is its tool tip.
 class MarkDelegate final : public QStyledItemDelegate
 {
 public:

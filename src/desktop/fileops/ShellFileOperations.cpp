@@ -28,6 +28,7 @@ int ShellFileOperations::SHFileOperationA(const platform::SHFILEOPSTRUCT& reques
     platform::tFileGroups groups;
     if (m_pGroups != nullptr && wanted.operation.operation == FileOperation::Trash) {
         std::vector<std::string> paths;
+        paths.reserve(wanted.files.size());
         for (const tPlannedFile& file : wanted.files) {
             paths.push_back(file.sPath);
         }

@@ -46,7 +46,7 @@ public:
 
     [[nodiscard]] tLook Look() const { return LookAt(m_aside.hFolder, m_aside.sName); }
 
-    int Remove() const
+    [[nodiscard]] int Remove() const
     {
         return Retried([&] { return unlinkat(m_aside.hFolder, m_aside.sName.c_str(), 0); }) == 0 ? 0 : errno;
     }

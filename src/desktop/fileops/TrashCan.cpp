@@ -52,6 +52,29 @@ tEnding Ending(TrashBatch::tResult result)
     return bNamed ? std::move(result.ending) : tEnding::NotDone("The trash has no free name for it.");
 }
 
+/// The files of a batch go, each that `begins` lets go unless the user has cancelled already; returns those
+/// that are to be tried once more.
+std::vector<tWaiting> GoAll(TrashBatch& batch, std::vector<tWaiting>& files, LastLook* pLastLook,
+                            const bool& bGoOn, const TrashCan::Begins& begins, const TrashCan::Ends& ends)
+{
+    std::vector<tWaiting> again;
+    for (std::size_t n = 0; n < files.size(); ++n) {
+        const std::size_t nFile = files[n].nFile;
+        if (!bGoOn || !(batch.Result(n) || begins(nFile))) {
+            batch.Drop(n);
+            ends(nFile, {tEnding::Kind::Cancelled, {}});
+            continue;
+        }
+        TrashBatch::tResult result = batch.Go(n, pLastLook);
+        if (IsToBeTried(files[n], result)) {
+            again.push_back(files[n]);
+        } else {
+            ends(nFile, Ending(std::move(result)));
+        }
+    }
+    return again;
+}
+
 } // namespace
 
 void TrashCan::Put(const std::vector<HeldFile>& files, const Begins& begins, const Ends& ends)
@@ -72,8 +95,10 @@ void TrashCan::Put(const std::vector<HeldFile>& files, const Begins& begins, con
                 ends(each.nFile, WithoutTrash(files[each.nFile], std::move(sReason)));
             }
         }
+        const Begins goesOn = [&](std::size_t nFile) { return bGoOn = bGoOn && begins(nFile); };
         for (auto& [pTrash, ofTrash] : byTrash) {
             std::vector<const HeldFile*> held;
+            held.reserve(ofTrash.size());
             for (const tWaiting& each : ofTrash) {
                 held.push_back(&files[each.nFile]);
             }
@@ -81,21 +106,8 @@ void TrashCan::Put(const std::vector<HeldFile>& files, const Begins& begins, con
             if (bGoOn) {
                 batch.MakeNotes();
             }
-            for (std::size_t n = 0; n < ofTrash.size(); ++n) {
-                const std::size_t nFile = ofTrash[n].nFile;
-                bGoOn = bGoOn && (batch.Result(n) || begins(nFile));
-                if (!bGoOn) {
-                    batch.Drop(n);
-                    ends(nFile, {tEnding::Kind::Cancelled, {}});
-                    continue;
-                }
-                TrashBatch::tResult result = batch.Go(n, m_pLastLook);
-                if (IsToBeTried(ofTrash[n], result)) {
-                    waiting.push_back(ofTrash[n]);
-                } else {
-                    ends(nFile, Ending(std::move(result)));
-                }
-            }
+            const auto again = GoAll(batch, ofTrash, m_pLastLook, bGoOn, goesOn, ends);
+            waiting.insert(waiting.end(), again.begin(), again.end());
         }
     }
 }

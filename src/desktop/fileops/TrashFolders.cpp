@@ -45,7 +45,7 @@ std::string DataHome()
         const char* pValue = std::getenv(pName);
         return pValue != nullptr && *pValue == platform::kSeparator ? pValue : "";
     };
-    const std::string sData = variable("XDG_DATA_HOME");
+    std::string sData = variable("XDG_DATA_HOME");
     if (!sData.empty()) {
         return sData;
     }

@@ -37,8 +37,8 @@ private:
     };
 
     void FindHome();
-    tTrash OfVolume(const std::string& sTop) const;
-    const tMount* HolderOf(const std::string& sFolder);
+    [[nodiscard]] tTrash OfVolume(const std::string& sTop) const;
+    [[nodiscard]] const tMount* HolderOf(const std::string& sFolder);
     const tMount* MountOf(const std::string& sFolder);
 
     bool m_bHomeKnown = false;

@@ -43,7 +43,7 @@ bool FolderQueue::MayTake() const
 
 FolderQueue::Place FolderQueue::Take()
 {
-    const Place folder = *NextToTake();
+    const auto folder = *NextToTake();
     folder->bTaken = true;
     return folder;
 }

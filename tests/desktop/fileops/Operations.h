@@ -123,9 +123,6 @@ inline const auto kScenarios = ::testing::Values(
     support::tScenario{"move to another volume", platform::FO_MOVE, false, true},
     support::tScenario{"move to another volume plainly", platform::FO_MOVE, false, true, false, true},
     support::tScenario{"move from another volume replacing", platform::FO_MOVE, true, false, true},
-    support::tScenario{"move from another volume replacing plainly", platform::FO_MOVE, true, false, true,
-                       true},
-    support::tScenario{"copy", platform::FO_COPY, false, true},
     support::tScenario{"copy replacing", platform::FO_COPY, false, false, true});
 
 } // namespace fileops_test
