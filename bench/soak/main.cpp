@@ -148,7 +148,7 @@ private:
             if (pCommand == &m_main.mnuFileDelete) {
                 CheckCopies(holders, m_world.Holders());
             }
-            CheckMarks();
+            CheckMarks(holders);
             Expect(m_main.form.Enabled(), "the window takes no input after an operation");
         }
     }
@@ -178,8 +178,13 @@ private:
         }
     }
 
-    void CheckMarks()
+    /// Of the files that were there before the operation.
+    void CheckMarks(const std::map<std::string, std::set<std::string>>& before)
     {
+        std::set<std::string> there;
+        for (const auto& [sContent, paths] : before) {
+            there.insert(paths.begin(), paths.end());
+        }
         auto& rows = m_main.lvFiles.ListItems;
         for (std::size_t n = 1; n <= rows.Count(); ++n) {
             if (rows(n).Selected() && rows(n).SmallIcon() > search::kMarkLast &&
@@ -187,7 +192,7 @@ private:
                 continue;
             }
             Expect(rows(n).SmallIcon() > search::kMarkLast || !rows(n).Selected() || m_user.nNotDone > 0 ||
-                       m_files.PathFound(rows(n).Key()),
+                       !there.contains(rows(n).Key()) || m_files.PathFound(rows(n).Key()),
                    "a selected file has gone and is not marked");
         }
     }

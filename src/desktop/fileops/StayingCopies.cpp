@@ -5,16 +5,6 @@
 #include "TrashFolders.h"
 
 namespace desktop {
-namespace {
-
-bool IsAsShown(const tFileIdentity& identity, const platform::tShownFile& shown)
-{
-    return platform::FormatNumber(identity.cySize) == shown.sSize.View() &&
-           platform::FormatDateTime(DateOf(identity)) == shown.sDate.View();
-}
-
-} // namespace
-
 StayingCopies::StayingCopies(platform::tFileGroups groups, const std::vector<tPlannedFile>& files,
                              HeldFolders& folders)
     : m_groups(std::move(groups)), m_files(files), m_folders(folders), m_staying(m_groups.groups.size())
@@ -59,6 +49,20 @@ void StayingCopies::LookAtStaying(const platform::tShownFile& shown, std::size_t
     if (IsRegular(look).IsDone() && !LiesInTrash(entry.Folder()) && !IsGoing(entry, look)) {
         group.Add({look.Identity(), IsAsShown(look.Identity(), shown)}, nPlace);
     }
+}
+
+/// True if size and time are what the row shows.
+bool StayingCopies::IsAsShown(const tFileIdentity& identity, const platform::tShownFile& shown)
+{
+    if (platform::FormatNumber(identity.cySize) != shown.sSize.View()) {
+        return false;
+    }
+    // Writing out the time is most of the work, and copies often have that of their original.
+    if (m_sDate.empty() || m_nDateOf != identity.nSeconds) {
+        m_nDateOf = identity.nSeconds;
+        m_sDate = platform::FormatDateTime(DateOf(identity));
+    }
+    return m_sDate == shown.sDate.View();
 }
 
 /// True if what was looked at is one of the files that go, reached by another route: then it goes with it.

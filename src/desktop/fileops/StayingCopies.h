@@ -52,6 +52,7 @@ private:
     }
     void LookAtGoing();
     void LookAtStaying(const platform::tShownFile& shown, std::size_t nPlace, StayingFiles& group);
+    bool IsAsShown(const tFileIdentity& identity, const platform::tShownFile& shown);
     bool IsGoing(const FolderEntry& entry, const tLook& look) const;
     bool LiesInTrash(const HeldFolder& folder);
 
@@ -61,6 +62,8 @@ private:
     std::vector<tSeenFile> m_seen;                                 ///< for each of the files
     std::vector<StayingFiles> m_staying;                           ///< for each of the groups
     std::unordered_multimap<std::uint64_t, std::size_t> m_byInode; ///< files that go
+    std::string m_sDate;                                           ///< the time written out last
+    std::int64_t m_nDateOf = 0;                                    ///< which that was
     std::unordered_map<std::string, bool> m_trashes;               ///< folders, and whether they lie in one
 };
 
