@@ -24,7 +24,7 @@ protected:
 private:
     /// How far the widget reaches above and below the box.
     [[nodiscard]] int Beyond() const;
-    bool Tell(const platform::MouseEvent& tell, const QMouseEvent& event) const;
+    [[nodiscard]] bool Tell(const platform::MouseEvent& tell, const QMouseEvent& event) const;
     void Paint() const;
 
     platform::PictureBox& m_box;

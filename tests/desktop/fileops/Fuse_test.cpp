@@ -17,7 +17,7 @@ using platform::FO_MOVE;
 
 using Fuse = Operations;
 
-/// A folder shown elsewhere by a file system with a quirk (tools/oddfs), while this object lives.
+/// A folder shown elsewhere by a file system with a quirk (tests/oddfs), while this object lives.
 class OddFolder
 {
 public:

@@ -134,9 +134,14 @@ int main(int argc, char* argv[])
     }
     g_sBehind = argv[2];
     g_quirk = quirk->second;
-    std::string arguments[] = {"oddfs", "-f", "-s", "-ohard_remove", argv[3]};
-    char* aArguments[] = {arguments[0].data(), arguments[1].data(), arguments[2].data(),
-                          arguments[3].data(), arguments[4].data(), nullptr};
-    const fuse_operations operations = Operations();
-    return fuse_main(5, aArguments, &operations, nullptr);
+    std::string arguments[] = {"oddfs", "-f", "-s", argv[3]};
+    char* aArguments[] = {arguments[0].data(), arguments[1].data(), arguments[2].data(), arguments[3].data(),
+                          nullptr};
+    fuse_operations operations = Operations();
+    // No hidden files in the place of those that are removed while they are open.
+    operations.init = [](fuse_conn_info*, fuse_config* pConfig) -> void* {
+        pConfig->hard_remove = 1;
+        return nullptr;
+    };
+    return fuse_main(4, aArguments, &operations, nullptr);
 }
