@@ -103,7 +103,7 @@ void World::Disturb()
         }
     }
     for (std::size_t n = 0; n < files.size(); ++n) {
-        const fs::path sOther = files[Random(files.size())];
+        const fs::path& sOther = files[Random(files.size())];
         std::error_code error; // what does not go is not done
         switch (Random(40)) {
         case 0:
