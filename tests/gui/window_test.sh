@@ -226,6 +226,9 @@ end_program
 
 scene='without a window manager and a session bus'
 unset DBUS_SESSION_BUS_ADDRESS
+for name in a.txt b.txt; do
+    echo alike >"$HOME/Documents/$name" # the scene before has deleted some
+done
 start_server 400x300
 start_program
 xdotool windowfocus --sync "$(xdotool search --onlyvisible --name '^Tallyfen$')"
