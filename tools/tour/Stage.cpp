@@ -301,7 +301,7 @@ void Stage::Show(const std::string& sName)
         }
         m_text << '\n';
     }
-    m_text << std::endl;
+    m_text << '\n' << std::flush;
     Expect(m_text.good(), "the text can be written");
 }
 

@@ -91,7 +91,7 @@ public:
     void Show(const std::string& sName);
 
     /// Writes a text down.
-    void Write(const std::string& sText) { m_text << sText << std::endl; }
+    void Write(const std::string& sText) { m_text << sText << '\n' << std::flush; }
 
 private:
     void DoEvents(std::int64_t nSteps) override;
