@@ -23,7 +23,17 @@ void PutBack(const HeldFolder& folder, const tName& aside, const std::string& sO
              std::vector<tNotDone>& left)
 {
     const Descriptor file = Inherited(aside.hFolder, aside.sName);
-    if (file.IsOpen() && RenameWithoutReplacing(aside, {folder.Get(), sOriginal}) != 0) {
+    if (!file.IsOpen() || RenameWithoutReplacing(aside, {folder.Get(), sOriginal}) == 0) {
+        return;
+    }
+    // Where a rename takes several steps, the run may have died with both names on the file, or with an
+    // empty file made to hold the hidden one. A source goes only when its copy is safe, so an empty one that
+    // has lost its name to another file is nothing to keep either.
+    const tLook look = LookAt(file.Get());
+    const tLook taken = LookAt(folder.Get(), sOriginal);
+    if (taken.nError == 0 && (taken.IsSameFileAs(look) || (look.nError == 0 && look.status.st_size == 0))) {
+        unlinkat(aside.hFolder, aside.sName.c_str(), 0);
+    } else {
         left.push_back({folder.Path() + '/' + aside.sName,
                         "An interrupted move has left it here, and its name is taken by another file."});
     }
@@ -43,7 +53,9 @@ void PutBackSource(const HeldFolder& folder, const std::string& sName, std::vect
         return;
     }
     for (const std::string& sInside : NamesIn(aside.Get(), [](std::string_view) { return true; })) {
-        PutBack(folder, {aside.Get(), sInside}, sInside, left);
+        const bool bHidden = IsHiddenName(sInside, HiddenKind::Source);
+        const std::string sHad(bHidden ? OriginalName(sInside) : std::string_view(sInside));
+        PutBack(folder, {aside.Get(), sInside}, sHad, left);
     }
     // One that is not empty yet stays.
     unlinkat(folder.Get(), sName.c_str(), AT_REMOVEDIR);

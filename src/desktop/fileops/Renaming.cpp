@@ -54,7 +54,7 @@ int Restore(const tName& aside, const tName& name)
 int DropFirstName(const tName& first, const tName& second)
 {
     // Nobody else knows it.
-    if (IsHiddenName(first.sName, HiddenKind::Copy)) {
+    if (IsHiddenName(first.sName, HiddenKind::Copy) || IsHiddenName(first.sName, HiddenKind::Source)) {
         return Unlink(first);
     }
     const tName aside{first.hFolder, HiddenName(HiddenKind::Source, first.sName)};
@@ -76,8 +76,12 @@ int LinkAndUnlink(const tName& from, const tName& to)
     if (nError != 0) {
         return nError;
     }
+    const tLook linked = Look(to);
     nError = DropFirstName(from, to);
-    if (nError != 0 && Look(to).IsSameFileAs(Look(from))) {
+    // Where another program has given the first name to something else or taken it away, what it did to the
+    // file holds, as if there had never been a second name.
+    const bool bOthersActed = nError == ESTALE || nError == ENOENT;
+    if (nError != 0 && Look(to).IsSameFileAs(bOthersActed ? linked : Look(from))) {
         Unlink(to);
     }
     return nError;

@@ -65,7 +65,7 @@ protected:
         if (fault.nSignal != 0) {
             const std::string sLost = world.Lost();
             world.RunNext();
-            return sLost + (run.process.bHung ? "hangs; " : "") + world.Lost() + LeftBehind();
+            return sLost + (run.process.bHung ? "hangs; " : "") + world.Lost() + world.LeftBehind();
         }
         std::string sWrong = world.Wrong(run);
         std::string sReasons;
@@ -74,7 +74,7 @@ protected:
         }
         if (!fault.bStays && sReasons.find("hidden") == std::string::npos && !world.LeftBehind().empty()) {
             world.RunNext();
-            sWrong += LeftBehind();
+            sWrong += world.LeftBehind();
         }
         // Nothing shows afterwards that a file has not reached the disk.
         const std::string sFailed = fault.nAt > 0 ? calls[fault.nAt - 1].sCall : "";
@@ -82,9 +82,6 @@ protected:
             (fault.nError == EIO || fault.nError == ENOSPC) && sFailed.find("sync") != sFailed.npos;
         return sWrong + (bUnsure && sReasons.empty() ? "not synced and not named; " : "");
     }
-
-    /// Without a rename that replaces nothing, a name may stay twice, and a note.
-    std::string LeftBehind() const { return GetParam().bPlain ? "" : world.LeftBehind(); }
 
     std::vector<tCall> calls; ///< of the last run
     std::size_t nDone = 0;

@@ -285,9 +285,7 @@ protected:
         if (sBefore.empty()) {
             intruder.WriteIfOpen("mine late a");
         }
-        // Without a rename that replaces nothing, a name may stay twice until the next operation.
-        const bool bMayStay = each.side == Side::Trash || GetParam().bPlain;
-        return world.Wrong(run) + (bMayStay ? "" : world.LeftBehind());
+        return world.Wrong(run) + (each.side == Side::Trash ? "" : world.LeftBehind());
     }
 };
 
