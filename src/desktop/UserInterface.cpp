@@ -3,16 +3,12 @@
 #include "OutlineStyle.h"
 #include "Pictures.h"
 #include "StandingWindow.h"
+#include "TextScale.h"
+#include "Twips.h"
 
-#include <QFont>
 #include <QStyle>
 
 namespace desktop {
-namespace {
-
-constexpr double kFontPoints = 8.25;
-
-} // namespace
 
 void PutOnFace()
 {
@@ -27,11 +23,7 @@ void PutOnFace()
         pStyle->setParent(qApp);
         QApplication::setStyle(pStyle);
     }
-    QFont font;
-    font.setFamilies(
-        {QStringLiteral("Tahoma"), QStringLiteral("DejaVu Sans Condensed"), QStringLiteral("DejaVu Sans")});
-    font.setPointSizeF(kFontPoints);
-    QApplication::setFont(font);
+    UseTextScale(TextScale());
 }
 
 UserInterface::UserInterface(int& argc, char* argv[])
