@@ -4,18 +4,14 @@
 #include "Pictures.h"
 #include "SearchWorkers.h"
 #include "StandingWindow.h"
+#include "TextScale.h"
+#include "Twips.h"
 
-#include <QFont>
 #include <QStyle>
 
 #include <unistd.h>
 
 namespace desktop {
-namespace {
-
-constexpr double kFontPoints = 8.25;
-
-} // namespace
 
 void PutOnFace()
 {
@@ -30,11 +26,7 @@ void PutOnFace()
         pStyle->setParent(qApp);
         QApplication::setStyle(pStyle);
     }
-    QFont font;
-    font.setFamilies(
-        {QStringLiteral("Tahoma"), QStringLiteral("DejaVu Sans Condensed"), QStringLiteral("DejaVu Sans")});
-    font.setPointSizeF(kFontPoints);
-    QApplication::setFont(font);
+    UseTextScale(TextScale());
 }
 
 UserInterface::UserInterface(int& argc, char* argv[])

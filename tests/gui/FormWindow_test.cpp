@@ -8,6 +8,7 @@
 #include "QtWindows.h"
 #include "SaveChooser.h"
 #include "System.h"
+#include "Twips.h"
 #include "UserInterface.h"
 #include "WidgetOf.h"
 #include "frmMain.h"
@@ -236,6 +237,22 @@ TEST_F(FormWindow, AWindowKeepsToTheScreenWithItsFrame)
         return room.contains(whole) && std::abs(whole.center().x() - room.center().x()) <= 1;
     }));
     EXPECT_GT(two.Window()->windowHandle()->frameMargins().top(), 0) << "else this says nothing";
+}
+
+TEST_F(FormWindow, GrowsWithTheTextOfTheDesktop)
+{
+    for (const double factor : {1.0, 1.5}) {
+        desktop::UseTextScale(factor);
+        TestForm form;
+        Show(form.form);
+        const QWidget* const pButton = WidgetOf(&form.close);
+        EXPECT_EQ(pButton->geometry().topLeft(), (QPointF(300, 200) * factor).toPoint());
+        EXPECT_NEAR(QFontMetricsF(pButton->font()).height(), 13 * factor, 2);
+        EXPECT_NEAR(form.form.ScaleWidth(), 6000, 8) << "in twips nothing changes";
+        EXPECT_NEAR(form.list.Width(), 3000, 8);
+        form.form.UnloadForm();
+    }
+    desktop::UseTextScale(1);
 }
 
 TEST_F(FormWindow, ABarIsCaughtBesideWhatShowsOfIt)

@@ -22,7 +22,7 @@ chmod 700 "$XDG_RUNTIME_DIR"
 for name in Documents/a.txt Documents/b.txt Documents/Old/a.txt; do
     echo alike >"$HOME/$name"
 done
-for n in {1..400}; do
+for n in {1..2000}; do
     truncate -s 9999999 "$HOME/Many/$n" # takes no room, and some time to read
 done
 
@@ -67,7 +67,9 @@ painted() {
     window=$(xdotool search --onlyvisible --name "^$1\$") &&
         [ "$(import -silent -window "$window" miff:- | convert - -format %k info:-)" -gt 20 ]
 }
-readonly mark='#0000FF' selected='#308CC6'
+hides() { ! shows "$@"; }
+covered() { shows 350000 '#FFFFFF' && hides 1 "$mark"; }
+readonly mark='#0000FF' selected='#308CC6' shadow='#9F9F9F'
 
 # start_server SIZE: on a display that is free
 start_server() {
@@ -112,14 +114,18 @@ search_documents() {
     expect 'F3 searches, and the marks of a group show' shows 100 "$mark"
 }
 
-# search_many: begins a search of the folder that can be watched
-search_many() {
+# add_many: adds the folder whose search can be watched
+add_many() {
     expect 'the window has the keyboard' has_keyboard Tallyfen
     key F2
     expect 'F2 opens the Add Folder window' has_keyboard 'Browse for Folder'
     text Man
     key Return Escape
     expect 'the main window has the keyboard again' has_keyboard Tallyfen
+}
+
+# begin_search
+begin_search() {
     key F3
     expect 'F3 searches' has_keyboard Progress
 }
@@ -200,10 +206,20 @@ key Return
 expect 'where a copy stays, Enter is yes' files_left 1
 [ "$(find "$XDG_DATA_HOME/Trash/files" -type f | wc -l)" = 2 ] || fail 'the others lie in the trash'
 expect 'the main window has the keyboard again' has_keyboard Tallyfen
-search_many
+add_many
+main=$(xdotool search --onlyvisible --name '^Tallyfen$')
+xdotool mousemove --window "$main" 200 166 mousedown 1
+expect 'the bar between the lists is dark while it is held' shows 1300 "$shadow"
+begin_search
+xdotool mouseup 1 windowsize "$main" 1000 700
+expect 'the rows stay covered in a larger window' covered
+xdotool mousemove --window "$main" 50 600 click 1
+expect 'a click on the main window leads to what it waits for' has_keyboard Progress
 key Escape alt+F4 space
 expect 'Cancel alone takes the progress window down' windows Progress 0
 expect 'the main window has the keyboard again' has_keyboard Tallyfen
+expect 'the rows show' shows 1000 "$mark"
+expect 'the bar has been let go of' hides 2000 "$shadow"
 key alt+F4
 expect 'the main window goes' windows Tallyfen 0
 for name in 'Choose Program' '.* Properties'; do
@@ -216,7 +232,8 @@ end_program
 
 scene='with a disk that hangs'
 start_program LD_PRELOAD="$(dirname "$program")/bench/libslowdisk.so" SLOWDISK_STUCK=Many
-search_many
+add_many
+begin_search
 expect 'the progress window says what it does' painted Progress
 key space
 expect 'Cancel takes the progress window down' windows Progress 0
@@ -233,6 +250,10 @@ start_server 400x300
 start_program
 xdotool windowfocus --sync "$(xdotool search --onlyvisible --name '^Tallyfen$')"
 search_documents Escape
+key F4
+expect 'F4 opens Save As' has_keyboard 'Save As'
+key Escape
+expect 'the main window has the keyboard again' has_keyboard Tallyfen
 menu Up Return
 end_program
 echo "The window does from outside what it has to do."

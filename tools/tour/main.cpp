@@ -1,10 +1,11 @@
-// A visit to the program on its real windows: tour [--dark | --contrast] [--scale FACTOR] [FOLDER]. Writes a
-// picture of each scene and a text of what the lists hold into FOLDER, or into a new temporary folder that it
-// names. Says which scene was not as it has to be, and then ends with 1. Runs off the screen unless told
-// otherwise by QT_QPA_PLATFORM.
+// A visit to the program on its real windows: tour [--dark | --contrast] [--scale FACTOR] [--text FACTOR]
+// [FOLDER]. Writes a picture of each scene and a text of what the lists hold into FOLDER, or into a new
+// temporary folder that it names. Says which scene was not as it has to be, and then ends with 1. Runs off
+// the screen unless told otherwise by QT_QPA_PLATFORM.
 
 #include "Program.h"
 #include "Stage.h"
+#include "Twips.h"
 
 #include <QPalette>
 #include <array>
@@ -25,6 +26,7 @@ constexpr unsigned kPatience = 60; // seconds for a scene
 struct tOptions {
     bool bDark = false;
     bool bContrast = false;
+    double textScale = 1;
     std::string sFolder;
 };
 
@@ -38,6 +40,8 @@ bool ReadOptions(int argc, char** argv, tOptions& options)
             options.bContrast = true;
         } else if (sArgument == "--scale" && n + 1 < argc) {
             setenv("QT_SCALE_FACTOR", argv[++n], 1);
+        } else if (sArgument == "--text" && n + 1 < argc) {
+            options.textScale = std::strtod(argv[++n], nullptr);
         } else if (!sArgument.starts_with('-') && options.sFolder.empty()) {
             options.sFolder = sArgument;
         } else {
@@ -151,6 +155,7 @@ int Run(int argc, char** argv, tOptions options)
     if (options.bDark || options.bContrast) {
         QApplication::setPalette(options.bDark ? DarkPalette() : ContrastPalette());
     }
+    desktop::UseTextScale(options.textScale);
     const bool bAsItHasToBe = Play(stage);
     g_pStage = nullptr;
     std::cout << "The pictures are in " << options.sFolder << '\n';
@@ -163,7 +168,7 @@ int main(int argc, char** argv)
 {
     tOptions options;
     if (!ReadOptions(argc, argv, options)) {
-        std::cerr << "usage: tour [--dark | --contrast] [--scale FACTOR] [FOLDER]\n";
+        std::cerr << "usage: tour [--dark | --contrast] [--scale FACTOR] [--text FACTOR] [FOLDER]\n";
         return kUsage;
     }
     unsetenv("DBUS_SESSION_BUS_ADDRESS"); // the visitor's own desktop has no part in this

@@ -13,7 +13,7 @@ namespace desktop {
 
 /// Keeps all input from a form's window while the form is not enabled. The widgets in it stay as they look,
 /// and keep the focus that they have; what the mouse is dragging there is let go of, as its button may come
-/// up unseen.
+/// up unseen. Who clicks there is led to the window that the form waits for.
 class InputGate final : public QObject
 {
 public:

@@ -30,7 +30,7 @@ void ListViewWidget::TellMouse(const platform::MouseEvent& tell, const QMouseEve
     if (tell) {
         const QPointF pos = viewport()->mapTo(this, event.position());
         tell(ButtonMask(event.button()), ShiftMask(event.modifiers()),
-             static_cast<float>(pos.x()) * kTwipsPerPixel, static_cast<float>(pos.y()) * kTwipsPerPixel);
+             static_cast<float>(pos.x()) * TwipsPerPixel(), static_cast<float>(pos.y()) * TwipsPerPixel());
     }
 }
 

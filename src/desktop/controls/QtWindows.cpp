@@ -154,12 +154,12 @@ float QtWindows::Width()
 
 float QtWindows::TwipsPerPixelX()
 {
-    return kTwipsPerPixel;
+    return TwipsPerPixel();
 }
 
 float QtWindows::TwipsPerPixelY()
 {
-    return kTwipsPerPixel;
+    return TwipsPerPixel();
 }
 
 void QtWindows::Show(std::string_view sText, platform::MessageIcon icon)

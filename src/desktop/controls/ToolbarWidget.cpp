@@ -3,6 +3,7 @@
 #include "Pictures.h"
 #include "ShownText.h"
 #include "Toolbar.h"
+#include "Twips.h"
 #include "WidgetOf.h"
 
 #include <QLayout>
@@ -11,8 +12,10 @@
 namespace desktop {
 namespace {
 
-constexpr QSize kPicture(24, 24);
-constexpr QSize kButton(56, 44); // 840 by 660 twips
+// In twips.
+constexpr float kPicture = 360;
+constexpr float kButtonWidth = 840;
+constexpr float kButtonHeight = 660;
 
 } // namespace
 
@@ -21,7 +24,7 @@ ToolbarView::ToolbarView(const platform::Form& form, platform::Toolbar& toolbar,
       m_widget(static_cast<QToolBar&>(Widget()))
 {
     m_widget.setMovable(false);
-    m_widget.setIconSize(kPicture);
+    m_widget.setIconSize(QSize(Pixels(kPicture), Pixels(kPicture)));
     m_widget.setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     m_widget.layout()->setContentsMargins(0, 0, 0, 0);
     m_widget.layout()->setSpacing(0);
@@ -51,7 +54,7 @@ void ToolbarView::AddButton(std::size_t n)
     }
     QAction* const pAction = m_widget.addAction(Picture(button.sPicture), ShownText(button.sCaption));
     pAction->setToolTip(ShownText(button.sToolTip));
-    m_widget.widgetForAction(pAction)->setMinimumSize(kButton);
+    m_widget.widgetForAction(pAction)->setMinimumSize(Pixels(kButtonWidth), Pixels(kButtonHeight));
     m_widget.widgetForAction(pAction)->setFocusPolicy(Qt::NoFocus);
     connect(pAction, &QAction::triggered, this, [this, n] {
         if (TakesInput() && m_toolbar.ButtonClick) {

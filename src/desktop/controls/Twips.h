@@ -7,17 +7,21 @@
 
 namespace desktop {
 
-/// Twips, in which the program counts on its forms (platform::tPlace), to a logical pixel.
-inline constexpr float kTwipsPerPixel = 15;
+/// Twips, in which the program counts on its forms (platform::tPlace), to a logical pixel: 15 with texts of
+/// the usual size.
+float TwipsPerPixel();
+
+/// Has texts, and the forms with them, `factor` times the usual size. To be called before a form is shown.
+void UseTextScale(double factor);
 
 inline int Pixels(float twips)
 {
-    return static_cast<int>(std::lround(twips / kTwipsPerPixel));
+    return static_cast<int>(std::lround(twips / TwipsPerPixel()));
 }
 
 inline float Twips(int nPixels)
 {
-    return static_cast<float>(nPixels) * kTwipsPerPixel;
+    return static_cast<float>(nPixels) * TwipsPerPixel();
 }
 
 inline QRect PixelRect(const platform::tPlace& place)

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#include "TextScale.h"
+
+#include "GPointers.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <algorithm>
+#include <memory>
+
+namespace desktop {
+namespace {
+
+constexpr const char* kSchema = "org.gnome.desktop.interface";
+constexpr const char* kKey = "text-scaling-factor";
+
+/// The factor among the settings of the desktop; 1 where there is none.
+double SettingsFactor()
+{
+    using tSchema = std::unique_ptr<GSettingsSchema, decltype(&g_settings_schema_unref)>;
+    GSettingsSchemaSource* const pSource = g_settings_schema_source_get_default();
+    // To ask for settings that are not installed would end the program.
+    const tSchema schema(pSource == nullptr ? nullptr
+                                            : g_settings_schema_source_lookup(pSource, kSchema, TRUE),
+                         &g_settings_schema_unref);
+    if (schema == nullptr || g_settings_schema_has_key(schema.get(), kKey) == FALSE) {
+        return 1;
+    }
+    const GPointer<GSettings> settings(g_settings_new(kSchema));
+    return g_settings_get_double(settings.get(), kKey);
+}
+
+/// How often the least screen that the forms are designed for, of 640 by 480 pixels, goes into this one.
+double Room()
+{
+    const QSize room = QGuiApplication::primaryScreen()->availableSize();
+    return std::max(1.0, std::min(room.width() / 640.0, room.height() / 480.0));
+}
+
+} // namespace
+
+double TextScale()
+{
+    // On X11 the factor is part of the server's resolution, by which the toolkit scales everything; likewise
+    // where it is told a resolution for Wayland.
+    if (!QGuiApplication::platformName().startsWith(QLatin1String("wayland")) ||
+        qEnvironmentVariableIsSet("QT_WAYLAND_FORCE_DPI")) {
+        return 1;
+    }
+    return std::min(SettingsFactor(), Room());
+}
+
+} // namespace desktop
