@@ -172,15 +172,15 @@ void ReadingTasks::ListOne(Worker& worker, Lock& lock)
 {
     const auto folder = m_folders.Take();
     lock.unlock();
-    WorkTime time;
+    worker.time.Begin();
     platform::FolderListing listing;
     const bool bOpened = worker.folders.List(folder->sPath, m_bIdentities, m_bEnded, listing);
     auto subfolders = m_folders.Subfolders(folder->sPath, listing);
-    time.End(1);
+    worker.time.End(1);
     lock.lock();
     const bool bMore = !subfolders.empty();
     m_folders.Listed(folder, bOpened, std::move(listing), std::move(subfolders));
-    m_nWorth = m_count.Note(time);
+    m_nWorth = m_count.Note(worker.time);
     if (bMore) {
         m_work.notify_one();
     }
@@ -193,11 +193,11 @@ void ReadingTasks::ReadSome(Worker& worker, Lock& lock)
 {
     m_files->Take(worker.AtATime(), worker.entries);
     lock.unlock();
-    WorkTime time;
+    worker.time.Begin();
     worker.Read(*m_files);
-    time.End(worker.entries.size());
+    worker.time.End(worker.entries.size());
     lock.lock();
-    m_nWorth = m_count.Note(time);
+    m_nWorth = m_count.Note(worker.time);
     std::int32_t nSum = 0;
     if (m_nWaitsFor && m_files->Look(*m_nWaitsFor, nSum) != Answer::NotYet) {
         m_done.notify_one();

@@ -4,6 +4,7 @@
 #include "BufferPool.h"
 #include "FileQueue.h"
 #include "FolderAccess.h"
+#include "WorkerCount.h"
 
 #include <atomic>
 #include <cstddef>
@@ -23,6 +24,7 @@ public:
 
     FolderAccess folders;
     std::vector<std::uint32_t> entries; ///< those that the worker has in hand
+    WorkTime time;                      ///< of the piece of work in hand
 
     /// Reads the files of `entries` and tells `files` what they come to. Those that another worker comes
     /// first with are left to it.

@@ -18,6 +18,10 @@ namespace {
 /// So much work of each worker says enough about what work there is.
 constexpr std::chrono::milliseconds kEnough{2};
 
+/// After a piece of work that took less, so many are not measured.
+constexpr std::chrono::microseconds kShort{200};
+constexpr unsigned kSkipped = 15;
+
 std::chrono::nanoseconds Clock(clockid_t clock)
 {
     timespec now{};
@@ -86,18 +90,30 @@ std::size_t UsableProcessors()
     return std::clamp<std::size_t>(nProcessors, 1, kMaxWorkers);
 }
 
-WorkTime::WorkTime()
-    : m_began(Clock(CLOCK_MONOTONIC)), m_beganBusy(Clock(CLOCK_THREAD_CPUTIME_ID)), m_nBeganWaits(Waits())
+void WorkTime::Begin()
 {
+    took = waited = {};
+    m_bMeasured = m_nToSkip == 0;
+    if (!m_bMeasured) {
+        --m_nToSkip;
+        return;
+    }
+    m_began = Clock(CLOCK_MONOTONIC);
+    m_beganBusy = Clock(CLOCK_THREAD_CPUTIME_ID);
+    m_nBeganWaits = Waits();
 }
 
 void WorkTime::End(std::size_t nSteps)
 {
+    if (!m_bMeasured) {
+        return;
+    }
     took = Clock(CLOCK_MONOTONIC) - m_began;
     // A thread that only has to share its processor does not give it up by itself.
     if (static_cast<std::size_t>(Waits() - m_nBeganWaits) * 4 >= nSteps) {
         waited = took - (Clock(CLOCK_THREAD_CPUTIME_ID) - m_beganBusy);
     }
+    m_nToSkip = took < kShort ? kSkipped : 0;
 }
 
 std::size_t WorkerCount::Note(const WorkTime& time)
