@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FileGroups.h"
 #include "MainForm.h"
 #include "Menu.h"
 #include "Toolbar.h"

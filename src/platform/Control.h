@@ -15,8 +15,8 @@ using WindowHandle = Control*;
 /// What carries out the messages that are sent to a window.
 using WindowProcedure = long (*)(WindowHandle hWnd, unsigned uMsg, long wParam, long lParam);
 
-/// A place on a form in twips, 1440 to the inch and usually 15 to the logical pixel, from the upper left corner of
-/// the inside of what holds the control.
+/// A place on a form in twips, 1440 to the inch and usually 15 to the logical pixel, from the upper left
+/// corner of the inside of what holds the control.
 struct tPlace {
     float Left = 0;
     float Top = 0;

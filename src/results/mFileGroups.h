@@ -3,6 +3,8 @@
 
 #include "FileGroups.h"
 #include "ListView.h"
+#include <span>
+#include <string>
 
 namespace results {
 

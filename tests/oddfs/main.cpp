@@ -4,6 +4,7 @@
 
 #define FUSE_USE_VERSION 31
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
 #include <dirent.h>
 #include <fcntl.h>

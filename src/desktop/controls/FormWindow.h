@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Control.h"
 #include "ControlView.h"
 #include "Form.h"
 #include "InputGate.h"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Control.h"
 #include "KeyboardReturn.h"
 #include "MessageBoxes.h"
 #include "Screen.h"

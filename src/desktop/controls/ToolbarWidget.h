@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ControlView.h"
 #include "DockedView.h"
 
 #include <QToolBar>

@@ -3,6 +3,8 @@
 
 #include "Ending.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <memory>
 
 namespace desktop {

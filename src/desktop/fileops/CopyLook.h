@@ -2,6 +2,8 @@
 #pragma once
 
 #include "ContentComparison.h"
+#include "Descriptor.h"
+#include "Ending.h"
 #include "HeldFile.h"
 #include "HeldFolders.h"
 #include "LastLook.h"

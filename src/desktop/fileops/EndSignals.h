@@ -3,6 +3,7 @@
 
 #include <array>
 #include <csignal>
+#include <signal.h>
 
 namespace desktop {
 

@@ -1,6 +1,12 @@
 #pragma once
 
+#include "ContentComparison.h"
+#include "Ending.h"
+#include "FileIdentity.h"
+#include "FolderEntry.h"
 #include "HeldFile.h"
+#include "HeldFolder.h"
+#include "OperationDialogs.h"
 #include "OperationPlan.h"
 #include "ReplaceQuestions.h"
 #include "TargetFolders.h"
@@ -9,6 +15,9 @@
 
 #include <functional>
 #include <optional>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace desktop {
 

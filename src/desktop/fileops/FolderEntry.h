@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Descriptor.h"
+#include "FileIdentity.h"
 #include "HeldFolder.h"
 #include "Renaming.h"
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "HeldFolders.h"
+#include "OperationDialogs.h"
 #include "OperationPlan.h"
 
 #include <optional>

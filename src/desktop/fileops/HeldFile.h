@@ -2,10 +2,12 @@
 #pragma once
 
 #include "Descriptor.h"
+#include "Ending.h"
 #include "FileIdentity.h"
 #include "FolderEntry.h"
 #include "Reasons.h"
 
+#include <string>
 #include <utility>
 
 namespace desktop {

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "FileIdentity.h"
 #include "HeldFolder.h"
 
+#include <cstddef>
 #include <string>
 #include <unordered_map>
 

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Descriptor.h"
 #include "HeldFolder.h"
 #include "OperationDialogs.h"
 
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace desktop {

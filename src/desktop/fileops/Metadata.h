@@ -1,6 +1,7 @@
 #pragma once
 
-#include "FolderEntry.h"
+#include "Ending.h"
+#include "FileIdentity.h"
 
 namespace desktop {
 

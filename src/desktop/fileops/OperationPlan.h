@@ -5,6 +5,7 @@
 #include "OperationDialogs.h"
 #include "ShellFiles.h"
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <vector>

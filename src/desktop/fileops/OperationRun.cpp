@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "OperationRun.h"
 
+#include "FreeRoom.h"
 #include "Leftovers.h"
 
 #include <chrono>

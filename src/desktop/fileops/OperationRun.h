@@ -2,14 +2,20 @@
 #pragma once
 
 #include "CopyLook.h"
+#include "Ending.h"
+#include "FileGroups.h"
 #include "FileTransfer.h"
-#include "FreeRoom.h"
+#include "HeldFile.h"
+#include "HeldFolder.h"
 #include "HeldFolders.h"
+#include "OperationDialogs.h"
 #include "OperationPlan.h"
 #include "OperationThread.h"
 #include "TrashCan.h"
 #include "TrashConsent.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>

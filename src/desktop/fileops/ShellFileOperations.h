@@ -1,6 +1,8 @@
 #pragma once
 
+#include "FileGroups.h"
 #include "OperationDialogs.h"
+#include "OperationPlan.h"
 #include "OperationRun.h"
 #include "OperationThread.h"
 #include "ShellFiles.h"

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Ending.h"
+#include "FileIdentity.h"
 #include "HeldFile.h"
 
 #include <functional>

@@ -2,11 +2,15 @@
 #pragma once
 
 #include "FileGroups.h"
+#include "FileIdentity.h"
 #include "FolderEntry.h"
+#include "HeldFolder.h"
 #include "HeldFolders.h"
 #include "OperationPlan.h"
 #include "WhatStays.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Ending.h"
 #include "HeldFolder.h"
 
 #include <map>

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Ending.h"
+#include "FileIdentity.h"
 #include "HeldFile.h"
 #include "LastLook.h"
 #include "TrashFolder.h"
 #include "TrashJournal.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>

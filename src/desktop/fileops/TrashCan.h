@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Ending.h"
+#include "FolderEntry.h"
 #include "HeldFile.h"
+#include "HeldFolder.h"
 #include "LastLook.h"
 #include "TrashFolders.h"
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <vector>

@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "FileGroups.h"
+#include "HeldFolders.h"
 #include "OperationDialogs.h"
 #include "OperationPlan.h"
 #include "StayingCopies.h"
 
+#include <cstddef>
 #include <functional>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace desktop {

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "FolderEntry.h"
+#include "HeldFolder.h"
 
+#include <cstddef>
 #include <string>
+#include <sys/types.h>
 #include <unordered_map>
 
 namespace desktop {

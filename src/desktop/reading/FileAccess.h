@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <fcntl.h>
 #include <string>
+#include <unistd.h>
 
 namespace desktop {
 

@@ -4,7 +4,6 @@
 #include "FolderListing.h"
 
 #include <atomic>
-#include <cstddef>
 #include <memory>
 #include <string>
 

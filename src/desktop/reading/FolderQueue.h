@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "FolderListing.h"
 #include "SearchReading.h"
 
 #include <cstddef>

@@ -1,7 +1,10 @@
 #pragma once
 
 #include "FileSystem.h"
+#include "SearchReading.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>

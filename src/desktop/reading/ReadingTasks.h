@@ -3,7 +3,9 @@
 
 #include "BufferPool.h"
 #include "FileQueue.h"
+#include "FolderListing.h"
 #include "FolderQueue.h"
+#include "SearchReading.h"
 #include "Worker.h"
 #include "WorkerCount.h"
 
@@ -17,6 +19,7 @@
 #include <optional>
 #include <shared_mutex>
 #include <string>
+#include <vector>
 
 namespace desktop {
 

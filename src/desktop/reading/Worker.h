@@ -2,6 +2,7 @@
 #pragma once
 
 #include "BufferPool.h"
+#include "FileBuffer.h"
 #include "FileQueue.h"
 #include "FolderAccess.h"
 #include "WorkerCount.h"
@@ -9,6 +10,7 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <shared_mutex>
 #include <string>
 #include <vector>
