@@ -14,6 +14,7 @@
 #include <QApplication>
 #include <QScrollBar>
 #include <QTest>
+#include <cstdint>
 
 #include <chrono>
 #include <cstdio>

@@ -4,9 +4,12 @@
 #include "mCommon.h"
 #include "mDataOperation.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <optional>
 #include <string>
 #include <sys/resource.h>
 

@@ -20,6 +20,7 @@
 #include <QEvent>
 #include <QTest>
 #include <QTreeView>
+#include <cstdint>
 
 #include <algorithm>
 #include <atomic>

@@ -5,6 +5,7 @@
 #include "mFindALLFiles.h"
 
 #include <climits>
+#include <cstdint>
 #include <fcntl.h>
 #include <set>
 #include <sys/stat.h>

@@ -7,6 +7,7 @@
 #include "mFileGroups.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <fcntl.h>
 #include <memory>
 #include <sys/stat.h>

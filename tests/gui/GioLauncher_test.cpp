@@ -11,6 +11,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <cerrno>
+#include <cstring>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>

@@ -2,6 +2,8 @@
 #include "Texts.h"
 #include "mFileDialog.h"
 
+#include <algorithm>
+
 namespace {
 
 class SaveResults : public MainWindow

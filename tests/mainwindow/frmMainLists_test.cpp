@@ -2,6 +2,8 @@
 #include "mCommon.h"
 #include "mListView.h"
 
+#include <optional>
+
 namespace {
 
 using frmMainLists = MainWindow;

@@ -2,6 +2,7 @@
 #include "ListingOrder.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <gtest/gtest.h>
 #include <random>
 #include <vector>

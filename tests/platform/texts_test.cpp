@@ -3,6 +3,7 @@
 #include "Texts.h"
 #include "mTextCompare.h"
 
+#include <cstdint>
 #include <gtest/gtest.h>
 
 namespace {

@@ -3,6 +3,7 @@
 #include "ScriptedFiles.h"
 #include "System.h"
 
+#include <cstdint>
 #include <limits>
 #include <random>
 #include <tuple>

@@ -1,5 +1,6 @@
 #include "mCompactPath.h"
 
+#include <cstdint>
 #include <gtest/gtest.h>
 
 namespace {

@@ -3,6 +3,7 @@
 #include "LiteralSearch.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <random>
 
 namespace {

@@ -2,6 +2,9 @@
 
 #include "ScriptedSearch.h"
 
+#include <algorithm>
+#include <cstdint>
+
 namespace {
 
 using search::FileList;

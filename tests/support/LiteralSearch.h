@@ -7,6 +7,7 @@
 #include "mFindALLFiles.h"
 #include "mTextCompare.h"
 
+#include <cstdint>
 #include <cstdio>
 #include <set>
 

@@ -5,6 +5,8 @@
 #include "ScriptedFiles.h"
 #include "System.h"
 
+#include <algorithm>
+
 namespace support {
 
 /// All that the windows meet but their event loop, with answers of the test's. Requests are lines of `sLog`,

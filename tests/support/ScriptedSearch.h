@@ -6,6 +6,8 @@
 #include "mCommon.h"
 
 #include <cmath>
+#include <cstdint>
+#include <optional>
 
 namespace support {
 

@@ -4,6 +4,7 @@
 
 #include "Operations.h"
 
+#include <algorithm>
 #include <sys/mman.h>
 
 namespace {

@@ -7,6 +7,7 @@
 #include "Supervisor.h"
 #include "TempTree.h"
 
+#include <cstdlib>
 #include <fcntl.h>
 #include <set>
 #include <sys/stat.h>

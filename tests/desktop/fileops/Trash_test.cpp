@@ -1,5 +1,7 @@
 #include "Operations.h"
 
+#include <cstdlib>
+
 namespace {
 
 using namespace fileops_test;

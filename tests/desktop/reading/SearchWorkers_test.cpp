@@ -9,6 +9,7 @@
 
 #include <atomic>
 #include <csignal>
+#include <cstdint>
 #include <fcntl.h>
 #include <future>
 #include <sys/stat.h>
