@@ -193,7 +193,9 @@ xdotool keydown 37 keydown 38 keyup 38 keyup 37 # Ctrl and the key of the letter
 expect 'Ctrl+A selects all rows, whatever the layout' shows 10000 "$selected"
 setxkbmap us
 files_left() { [ "$(find "$HOME/Documents" -type f | wc -l)" = "$1" ]; }
-key ctrl+a
+key Home
+expect 'Home selects one row' hides 10000 "$selected"
+xdotool keydown ctrl keydown a keyup a keyup ctrl
 expect 'Ctrl+A selects all rows' shows 10000 "$selected"
 key Delete
 expect 'Delete asks' has_keyboard 'Move to Trash'
@@ -252,7 +254,11 @@ xdotool windowfocus --sync "$(xdotool search --onlyvisible --name '^Tallyfen$')"
 search_documents Escape
 key F4
 expect 'F4 opens Save As' has_keyboard 'Save As'
-key Escape
+text report
+key Return
+expect 'that nothing opens the report is said' windows Tallyfen 2
+key Return
+expect 'Enter closes the message' windows Tallyfen 1
 expect 'the main window has the keyboard again' has_keyboard Tallyfen
 menu Up Return
 end_program

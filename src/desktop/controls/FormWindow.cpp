@@ -75,10 +75,13 @@ void FormWindow::MakeWidgets()
             m_views.push_back(std::move(view));
         }
     }
-    for (const auto& view : m_views) {
-        if (dynamic_cast<DockedView*>(view.get()) != nullptr) {
-            view->Widget().raise();
+    // In a very small window the one at the end of the order of controls covers the others.
+    for (auto view = m_views.rbegin(); view != m_views.rend(); ++view) {
+        if (dynamic_cast<DockedView*>(view->get()) != nullptr) {
+            (*view)->Widget().raise();
         }
+    }
+    for (const auto& view : m_views) {
         view->Follow(); // once more: how far a label may grow depends on its neighbours
     }
     if (auto* const pButton = qobject_cast<QPushButton*>(WidgetOf(m_pForm->DefaultButton))) {

@@ -162,9 +162,22 @@ float QtWindows::TwipsPerPixelY()
     return TwipsPerPixel();
 }
 
+/// What a message stands over: the active window or, where one has just gone and no other is active yet, one
+/// that the user can get on with.
+QWidget* QtWindows::MessageOwner() const
+{
+    if (QApplication::activeWindow() != nullptr) {
+        return QApplication::activeWindow();
+    }
+    const auto usable = std::find_if(m_windows.begin(), m_windows.end(), [](const auto& each) {
+        return each.second->isVisible() && each.first->Enabled();
+    });
+    return usable != m_windows.end() ? usable->second : nullptr;
+}
+
 void QtWindows::Show(std::string_view sText, platform::MessageIcon icon)
 {
-    QMessageBox box(QApplication::activeWindow());
+    QMessageBox box(MessageOwner());
     box.setIcon(icon == platform::MessageIcon::Stop ? QMessageBox::Critical : QMessageBox::Warning);
     box.setWindowTitle(QStringLiteral("Tallyfen"));
     box.setTextFormat(Qt::PlainText);

@@ -44,6 +44,7 @@ public:
 
 private:
     [[nodiscard]] QWidget* WindowOf(const platform::Form* pForm) const;
+    [[nodiscard]] QWidget* MessageOwner() const;
 
     KeyboardReturn m_keyboardReturn;
     std::map<const platform::Form*, FormWindow*> m_windows;

@@ -80,10 +80,10 @@ tEnding CopyLook::CopyNotRead(int nError) const
 
 tEnding CopyLook::CompareWith(int hFile)
 {
+    // Not written to while it is read, nor without a trace until the file has gone.
+    m_lease.emplace(m_held->file.Get());
     switch (m_comparison.Compare(hFile, m_held->file.Get(), m_goOn)) {
     case ContentComparison::Result::Same:
-        // It was not written to while it was read, nor can be without a trace until the file has gone.
-        m_lease.emplace(m_held->file.Get());
         return m_lease->IsOpenForWriting()
                    ? tEnding::Spared(m_held->sPath + ", which was to stay, is being written to.")
                    : StillThere();

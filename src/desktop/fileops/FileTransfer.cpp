@@ -180,14 +180,20 @@ tEnding FileTransfer::Copy(const tJob& job)
     if (!ending.IsDone()) {
         return ending;
     }
-    if (m_bMove && WriteLease(source.Get()).IsOpenForWriting()) {
+    // From here until the source has gone: on some file systems what is written through a mapping, or within
+    // one step of the clock, leaves no trace in the times.
+    tOriginal original{source.Get(), before.status};
+    if (m_bMove) {
+        original.lease.emplace(source.Get());
+    }
+    if (original.IsOpenForWriting()) {
         return tEnding::NotDone(kOpenForWriting);
     }
     TemporaryFile made(job.target.Folder());
     if (made.Error() != 0) {
         return tEnding::NotDone(Reason(made.Error(), Step::Write));
     }
-    tEnding filled = Fill(job, source.Get(), before.status, made);
+    tEnding filled = Fill(job, original, made);
     ending = filled;
     if (ending.IsDone()) {
         ending = Place(job, [&]() -> tRelocation {
@@ -200,21 +206,28 @@ tEnding FileTransfer::Copy(const tJob& job)
         ending.sReason += made.Remove() ? "" : " An unfinished copy is left at the destination, hidden.";
         return ending;
     }
-    ending = Finish(job, {source.Get(), before.status}, made);
+    ending = Finish(job, original, made);
     if (ending.IsDone()) {
         ending.sReason = filled.sReason;
     }
     return ending;
 }
 
-/// Brings all that `hSource` is into the temporary file and that onto the disk. Done may have a remark.
-tEnding FileTransfer::Fill(const tJob& job, int hSource, const Status& status, const TemporaryFile& made)
+/// Brings all that the original is into the temporary file and that onto the disk. Done may have a remark.
+tEnding FileTransfer::Fill(const tJob& job, const tOriginal& original, const TemporaryFile& made)
 {
-    tEnding ending = FileCopier(hSource, made.Get(), status.st_size, job.goOn).Copy();
+    // Whoever opens it for writing meanwhile waits, and has it back at once.
+    const ProgressCall goOn = [&](std::int64_t nDone) {
+        return job.goOn(nDone) && !original.IsOpenForWriting();
+    };
+    tEnding ending = FileCopier(original.h, made.Get(), original.status.st_size, goOn).Copy();
+    if (original.IsOpenForWriting()) {
+        return tEnding::NotDone(kOpenForWriting);
+    }
     if (!ending.IsDone()) {
         return ending;
     }
-    tEnding kept = KeepMetadata(hSource, made.Get(), status);
+    tEnding kept = KeepMetadata(original.h, made.Get(), original.status);
     if (!kept.IsDone()) {
         return kept;
     }
@@ -225,32 +238,59 @@ tEnding FileTransfer::Fill(const tJob& job, int hSource, const Status& status, c
     }
     // Whole, and of a file that nobody wrote to meanwhile.
     const tLook copy = LookAt(made.Get());
-    if (copy.nError != 0 || copy.status.st_size != status.st_size) {
+    if (copy.nError != 0 || copy.status.st_size != original.status.st_size) {
         return tEnding::NotDone("The copy did not come out whole.");
     }
-    ending = IsStill(LookAt(hSource), job.source.Expected());
+    ending = original.IsOpenForWriting() ? tEnding::NotDone(kOpenForWriting)
+                                         : IsStill(LookAt(original.h), job.source.Expected());
     return ending.IsDone() ? kept : ending;
 }
 
 /// What is left to do once the copy has its name.
-tEnding FileTransfer::Finish(const tJob& job, const tOriginal& original, const TemporaryFile& copy) const
+tEnding FileTransfer::Finish(const tJob& job, const tOriginal& original, const TemporaryFile& copy)
 {
-    const auto lastLook = [&]() -> std::string {
-        return !job.target.Look().IsSameFileAs(LookAt(copy.Get()))
-                   ? "The copy has been taken away from the destination meanwhile."
-               : !job.target.Folder().IsWhereItWas() ? kTargetMoved
-                                                     : "";
-    };
     // The new name is on the disk before the old one goes.
     const int nError = m_bMove ? SyncFolder(job.target.Folder(), copy.Get()) : 0;
-    const std::string sWhyNot = nError != 0 ? Reason(nError, Step::Write) : lastLook();
-    tEnding ending = !sWhyNot.empty() ? tEnding::NotDone(sWhyNot)
-                     : m_bMove        ? RemoveSource(job.source, original.h, original.status, lastLook)
-                                      : tEnding();
+    const std::string sWhyNot = nError != 0 ? Reason(nError, Step::Write) : WhyNotThere(job, copy);
+    tEnding ending = sWhyNot.empty() ? tEnding() : tEnding::NotDone(sWhyNot);
+    if (ending.IsDone() && m_bMove) {
+        ending = RemoveSource(job.source, original.h, original.status, *original.lease, [&] {
+            const std::string sUnlike = WhyUnlike(job, original, copy);
+            return sUnlike.empty() ? WhyNotThere(job, copy) : sUnlike;
+        });
+    }
     if (!ending.IsDone()) {
         ending.sReason = (m_bMove ? "It was copied but not removed. " : "It was copied. ") + ending.sReason;
     }
     return ending;
+}
+
+/// Why the copy does not count; empty if it lies where it is to.
+std::string FileTransfer::WhyNotThere(const tJob& job, const TemporaryFile& copy)
+{
+    return !job.target.Look().IsSameFileAs(LookAt(copy.Get()))
+               ? "The copy has been taken away from the destination meanwhile."
+           : !job.target.Folder().IsWhereItWas() ? kTargetMoved
+                                                 : "";
+}
+
+/// Why the original must not go for this copy. Where nobody can write to it unnoticed they are known to be
+/// alike; elsewhere the times, which may be coarse, are not enough to go by.
+std::string FileTransfer::WhyUnlike(const tJob& job, const tOriginal& original, const TemporaryFile& copy)
+{
+    if (original.lease->IsHeld()) {
+        return {};
+    }
+    switch (m_comparison.Compare(original.h, copy.Get(), job.goOn)) {
+    case ContentComparison::Result::Same:
+        return {};
+    case ContentComparison::Result::Different:
+        return kChanged;
+    case ContentComparison::Result::Cancelled:
+        return "You cancelled before it had been compared with the copy.";
+    default:
+        return Reason(m_comparison.Error(), Step::Read);
+    }
 }
 
 } // namespace desktop

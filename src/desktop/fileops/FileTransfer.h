@@ -12,6 +12,7 @@
 #include "TargetFolders.h"
 #include "TemporaryFile.h"
 #include "TrashCan.h"
+#include "WriteLease.h"
 
 #include <functional>
 #include <optional>
@@ -54,8 +55,11 @@ private:
 
     /// A file that is copied, open, and what it was when that began.
     struct tOriginal {
+        [[nodiscard]] bool IsOpenForWriting() const { return lease && lease->IsOpenForWriting(); }
+
         int h;
         const Status& status;
+        std::optional<WriteLease> lease{}; ///< on one that is moved
     };
 
     /// Gives a file the target's name without replacing.
@@ -66,8 +70,10 @@ private:
     ContentComparison::Result CompareWithTarget(const tJob& job, const tLook& target);
     tRelocation Place(const tJob& job, const Names& names);
     tEnding Copy(const tJob& job);
-    static tEnding Fill(const tJob& job, int hSource, const Status& status, const TemporaryFile& made);
-    [[nodiscard]] tEnding Finish(const tJob& job, const tOriginal& original, const TemporaryFile& copy) const;
+    static tEnding Fill(const tJob& job, const tOriginal& original, const TemporaryFile& made);
+    tEnding Finish(const tJob& job, const tOriginal& original, const TemporaryFile& copy);
+    static std::string WhyNotThere(const tJob& job, const TemporaryFile& copy);
+    std::string WhyUnlike(const tJob& job, const tOriginal& original, const TemporaryFile& copy);
 
     TargetFolders m_folders;
     TrashCan m_trash; ///< for what is replaced

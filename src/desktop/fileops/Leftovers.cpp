@@ -2,9 +2,11 @@
 #include "Leftovers.h"
 
 #include "HiddenName.h"
+#include "Reasons.h"
 #include "Renaming.h"
 #include "Retried.h"
 
+#include <cerrno>
 #include <dirent.h>
 #include <fcntl.h>
 #include <memory>
@@ -22,8 +24,10 @@ struct CloseFolder {
 void PutBack(const HeldFolder& folder, const tName& aside, const std::string& sOriginal,
              std::vector<tNotDone>& left)
 {
-    const Descriptor file = Inherited(aside.hFolder, aside.sName);
-    if (!file.IsOpen() || RenameWithoutReplacing(aside, {folder.Get(), sOriginal}) == 0) {
+    // Whoever may change a folder may have moved the file of another out of it.
+    const Descriptor file = Inherited(aside.hFolder, aside.sName, true);
+    const int nError = file.IsOpen() ? RenameWithoutReplacing(aside, {folder.Get(), sOriginal}) : 0;
+    if (nError == 0) {
         return;
     }
     // Where a rename takes several steps, the run may have died with both names on the file, or with an
@@ -33,10 +37,27 @@ void PutBack(const HeldFolder& folder, const tName& aside, const std::string& sO
     const tLook taken = LookAt(folder.Get(), sOriginal);
     if (taken.nError == 0 && (taken.IsSameFileAs(look) || (look.nError == 0 && look.status.st_size == 0))) {
         unlinkat(aside.hFolder, aside.sName.c_str(), 0);
-    } else {
-        left.push_back({folder.Path() + '/' + aside.sName,
-                        "An interrupted move has left it here, and its name is taken by another file."});
+        return;
     }
+    left.push_back(
+        {folder.Path() + '/' + aside.sName,
+         "An interrupted move has left it here. " +
+             (nError == EEXIST ? "Its name is taken by another file." : Reason(nError, Step::Remove))});
+}
+
+/// The one file in a folder that a run has made for a source whose name leaves no room for more; empty if
+/// the folder is not such a one. Anybody may have given any folder the name of one.
+std::string OnlyFileIn(int hFolder)
+{
+    const tLook look = LookAt(hFolder);
+    const auto inside = NamesIn(hFolder, [](std::string_view) { return true; });
+    const bool bMade = look.nError == 0 && look.status.st_uid == geteuid() &&
+                       (look.status.st_mode & 07777) == S_IRWXU && inside.size() == 1;
+    const long nMost = fpathconf(hFolder, _PC_NAME_MAX);
+    const bool bLong =
+        bMade && nMost > 0 &&
+        HiddenName(HiddenKind::Source, inside.front()).size() > static_cast<std::size_t>(nMost);
+    return bLong ? inside.front() : "";
 }
 
 void PutBackSource(const HeldFolder& folder, const std::string& sName, std::vector<tNotDone>& left)
@@ -52,12 +73,10 @@ void PutBackSource(const HeldFolder& folder, const std::string& sName, std::vect
     if (!aside.IsOpen()) {
         return;
     }
-    for (const std::string& sInside : NamesIn(aside.Get(), [](std::string_view) { return true; })) {
-        const bool bHidden = IsHiddenName(sInside, HiddenKind::Source);
-        const std::string sHad(bHidden ? OriginalName(sInside) : std::string_view(sInside));
-        PutBack(folder, {aside.Get(), sInside}, sHad, left);
+    if (const std::string sInside = OnlyFileIn(aside.Get()); !sInside.empty()) {
+        PutBack(folder, {aside.Get(), sInside}, sInside, left);
     }
-    // One that is not empty yet stays.
+    // One that is not empty stays.
     unlinkat(folder.Get(), sName.c_str(), AT_REMOVEDIR);
 }
 
@@ -81,7 +100,7 @@ std::vector<std::string> NamesIn(int hFolder, bool (*wanted)(std::string_view))
     return names;
 }
 
-Descriptor Inherited(int hFolder, const std::string& sName)
+Descriptor Inherited(int hFolder, const std::string& sName, bool bAnyUsers)
 {
     constexpr int nFlags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
     Descriptor file(Retried([&] { return openat(hFolder, sName.c_str(), nFlags); }));
@@ -90,18 +109,22 @@ Descriptor Inherited(int hFolder, const std::string& sName)
     }
     const tLook look = LookAt(file.Get());
     const bool bOurs = look.nError == 0 && S_ISREG(look.status.st_mode) &&
-                       (look.status.st_uid == geteuid() || geteuid() == 0);
+                       (bAnyUsers || look.status.st_uid == geteuid() || geteuid() == 0);
     const bool bFree = bOurs && Retried([&] { return flock(file.Get(), LOCK_EX | LOCK_NB); }) == 0;
     // By the time of the lock its owner may have given it another name.
     return bFree && LookAt(hFolder, sName).IsSameFileAs(look) ? std::move(file) : Descriptor();
 }
 
-void ClearLeftovers(const HeldFolder& folder, std::vector<tNotDone>& left)
+void ClearLeftovers(const HeldFolder& folder, std::vector<tNotDone>& left,
+                    const std::function<bool(const std::string&)>& isOthers)
 {
     const auto isOurs = [](std::string_view sName) {
         return IsHiddenName(sName, HiddenKind::Copy) || IsHiddenName(sName, HiddenKind::Source);
     };
     for (const std::string& sName : NamesIn(folder.Get(), isOurs)) {
+        if (isOthers(sName)) {
+            continue;
+        }
         if (IsHiddenName(sName, HiddenKind::Source)) {
             PutBackSource(folder, sName, left);
         } else if (const Descriptor file = Inherited(folder.Get(), sName); file.IsOpen()) {

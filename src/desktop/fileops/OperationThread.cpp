@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <new>
 #include <thread>
 #include <utility>
 
@@ -30,13 +31,21 @@ bool OperationThread::Run(const std::shared_ptr<OperationThread>& pThread, std::
 {
     pThread->m_bEnded = false;
     std::thread thread([pThread, work = std::move(work)]() mutable {
-        work();
+        bool bMemory = true;
+        try {
+            work();
+        } catch (const std::bad_alloc&) {
+            bMemory = false;
+        }
         work = nullptr; // what it owns may take a file system's answer to close
-        pThread->End();
+        pThread->End(bMemory);
     });
     const bool bEnded = pThread->Serve(shows, dialogs);
     if (bEnded) {
         thread.join();
+        if (!pThread->m_bMemory) {
+            throw std::bad_alloc();
+        }
     } else {
         thread.detach();
     }
@@ -81,10 +90,11 @@ bool OperationThread::Serve(const Shows& shows, OperationDialogs& dialogs)
     }
 }
 
-void OperationThread::End()
+void OperationThread::End(bool bMemory)
 {
     const std::lock_guard lock(m_mutex);
     m_bEnded = true;
+    m_bMemory = bMemory;
     g_nLeftBehind -= m_bLeft ? 1 : 0;
     m_toWindow.notify_one();
 }

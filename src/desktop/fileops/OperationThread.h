@@ -24,7 +24,8 @@ public:
 
     /// For the window's thread: runs `work`, which must own all that it uses, and asks the user for it. False
     /// if the user has cancelled and the work does not answer: then it is left behind, and nothing that it
-    /// still does is recorded. The system may also have no thread for it: std::system_error.
+    /// still does is recorded. The system may also have no thread for it: std::system_error; or no memory
+    /// while it works: std::bad_alloc, the work having ended where it was.
     static bool Run(const std::shared_ptr<OperationThread>& pThread, std::function<void()> work,
                     const Shows& shows, OperationDialogs& dialogs);
 
@@ -50,7 +51,7 @@ private:
     };
 
     bool Serve(const Shows& shows, OperationDialogs& dialogs);
-    void End();
+    void End(bool bMemory);
 
     const bool m_bEachStep;
     mutable std::mutex m_mutex; ///< of all that follows
@@ -64,6 +65,7 @@ private:
     bool m_bHeard = false; ///< the work knows of the cancel
     bool m_bEnded = false;
     bool m_bLeft = false;
+    bool m_bMemory = true; ///< false: there was none to be had
 };
 
 /// How many threads that were left behind still run. While there are, the program can only end at once: what

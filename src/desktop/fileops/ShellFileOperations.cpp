@@ -2,7 +2,10 @@
 
 #include "EndSignals.h"
 #include "FileIdentity.h"
+#include "Reasons.h"
 
+#include <cerrno>
+#include <new>
 #include <system_error>
 #include <utility>
 
@@ -13,6 +16,9 @@ namespace {
 constexpr int kNoMemory = 8;
 constexpr int kInvalidRequest = 87;
 constexpr int kTimeout = 1460;
+
+constexpr const char* kNoAnswer =
+    "It was in hand when you cancelled, and the file system has not answered yet.";
 
 } // namespace
 
@@ -42,6 +48,8 @@ int ShellFileOperations::SHFileOperationA(const platform::SHFILEOPSTRUCT& reques
         return result == Result::NoAnswer ? kTimeout : 0;
     } catch (const std::system_error&) {
         return kNoMemory; // there is no thread to be had
+    } catch (const std::bad_alloc&) {
+        return kNoMemory; // nor to look at the files with
     }
 }
 
@@ -61,7 +69,8 @@ ShellFileOperations::Result ShellFileOperations::CarryOut(tOperationPlan& wanted
         return !bCancelled;
     };
     if (!OperationThread::Run(pThread, [pRun] { pRun->LookAtFiles(); }, looking, m_dialogs)) {
-        return NoAnswer(soFar, *pThread);
+        BrokenOff(soFar, *pThread, true, kNoAnswer);
+        return Result::NoAnswer;
     }
     const auto agreed = bCancelled ? std::nullopt : bAsk ? Agreed(*pRun) : pRun->Plan().operation;
     if (!agreed) {
@@ -70,12 +79,16 @@ ShellFileOperations::Result ShellFileOperations::CarryOut(tOperationPlan& wanted
     m_dialogs.Started(*agreed);
     const auto working = [&](const tOperationProgress& progress) { return m_dialogs.Progress(progress); };
     bool bEnded = false;
-    {
+    try {
         const EndSignals signals;
         bEnded = OperationThread::Run(pThread, [pRun] { pRun->CarryOut(); }, working, m_dialogs);
+    } catch (const std::bad_alloc&) {
+        BrokenOff(*agreed, *pThread, bCancelled, Reason(ENOMEM, Step::Read));
+        return Result::Ended;
     }
     if (!bEnded) {
-        return NoAnswer(*agreed, *pThread);
+        BrokenOff(*agreed, *pThread, true, kNoAnswer);
+        return Result::NoAnswer;
     }
     const bool bSparedToo = m_dialogs.Finished(*agreed, pThread->Outcome());
     wanted = pRun->Spared();
@@ -95,17 +108,14 @@ std::optional<tOperation> ShellFileOperations::Agreed(OperationRun& run)
     return consent != Consent::Cancel ? std::optional(run.Answered(consent)) : std::nullopt;
 }
 
-/// The work has been left behind: names the file that it hangs at.
-ShellFileOperations::Result ShellFileOperations::NoAnswer(const tOperation& operation,
-                                                          const OperationThread& thread)
+/// The work has not come to its end: says so of the file that was in hand.
+void ShellFileOperations::BrokenOff(const tOperation& operation, const OperationThread& thread,
+                                    bool bCancelled, const std::string& sReason)
 {
     tOperationOutcome outcome = thread.Outcome();
-    outcome.bCancelled = true;
-    outcome.notDone.push_back(
-        {thread.Progress().sPath,
-         "It was in hand when you cancelled, and the file system has not answered yet."});
+    outcome.bCancelled = bCancelled;
+    outcome.notDone.push_back({thread.Progress().sPath, sReason});
     m_dialogs.Finished(operation, outcome);
-    return Result::NoAnswer;
 }
 
 long ShellFileOperations::SHGetFileInfoA(const std::string& sPath, unsigned /*dwFileAttributes*/,

@@ -36,7 +36,8 @@ private:
 
     Result CarryOut(tOperationPlan& wanted, platform::tFileGroups groups, bool bAsk);
     std::optional<tOperation> Agreed(OperationRun& run);
-    Result NoAnswer(const tOperation& operation, const OperationThread& thread);
+    void BrokenOff(const tOperation& operation, const OperationThread& thread, bool bCancelled,
+                   const std::string& sReason);
 
     OperationDialogs& m_dialogs;
     bool m_bEachStep;

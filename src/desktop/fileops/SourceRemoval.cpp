@@ -4,7 +4,6 @@
 #include "HiddenName.h"
 #include "Renaming.h"
 #include "Retried.h"
-#include "WriteLease.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -13,8 +12,6 @@
 
 namespace desktop {
 namespace {
-
-constexpr const char* kChanged = "It has changed in the meantime.";
 
 /// A file that is out of everybody's way for a moment. Its hidden name has its own at the end, by which a
 /// later run finds it should this one die; where that makes the name too long, it lies in a hidden folder
@@ -106,7 +103,7 @@ std::string WhyNot(const SetAside& aside, const HeldFile& file, int hSource, con
 
 } // namespace
 
-tEnding RemoveSource(const HeldFile& file, int hSource, const Status& before,
+tEnding RemoveSource(const HeldFile& file, int hSource, const Status& before, const WriteLease& lease,
                      const std::function<std::string()>& lastLook)
 {
     // Where locks are not to be had, a later run cannot tell that this one lives, and leaves the file alone.
@@ -115,9 +112,8 @@ tEnding RemoveSource(const HeldFile& file, int hSource, const Status& before,
     if (!ending.IsDone()) {
         return ending;
     }
-    // Held over the rename, which changes the time of change itself and so hides what is written in that
-    // moment.
-    const WriteLease lease(hSource);
+    // It is held over the rename, which changes the time of change itself and so hides what is written in
+    // that moment.
     if (lease.IsOpenForWriting()) {
         return tEnding::NotDone(kOpenForWriting);
     }

@@ -12,7 +12,7 @@ namespace desktop {
 TemporaryFile::TemporaryFile(const HeldFolder& folder) : m_folder(folder)
 {
     m_file = Descriptor(Retried(
-        [&] { return openat(folder.Get(), ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, S_IRUSR | S_IWUSR); }));
+        [&] { return openat(folder.Get(), ".", O_TMPFILE | O_RDWR | O_CLOEXEC, S_IRUSR | S_IWUSR); }));
     if (!m_file.IsOpen()) {
         m_file = MakeLocked(folder.Get(), HiddenKind::Copy, m_sName);
         m_nError = m_file.IsOpen() ? 0 : errno;

@@ -20,7 +20,10 @@ TrashFolder::TrashFolder(FolderPtr pRoot, std::string sTop)
     if (m_nError == 0) {
         // Where there is no renaming without replacing, a dead run may have left some on their way.
         std::vector<tNotDone> left;
-        ClearLeftovers(*m_pFiles, left);
+        ClearLeftovers(*m_pFiles, left, [this](const std::string& sName) {
+            // What a person has thrown away is there to stay, whatever its name.
+            return LookAt(m_pInfo->Get(), NoteName(sName)).nError != ENOENT;
+        });
         TrashJournal::ClearOldOnes(*this);
     }
 }

@@ -4,8 +4,9 @@
 namespace desktop {
 
 /// Finds out who may write to a file without any further trace, by a lease for reading. While this lives,
-/// whoever opens the file for writing waits; so it is only for moments. It sees nothing of files of others,
-/// and nothing on some file systems.
+/// whoever opens the file for writing waits, for 45 seconds at most; who holds it for longer than moments
+/// looks now and then whether somebody does. It sees nothing of files of others, and nothing on some file
+/// systems.
 class WriteLease
 {
 public:
@@ -14,6 +15,9 @@ public:
     WriteLease(const WriteLease&) = delete;
     WriteLease& operator=(const WriteLease&) = delete;
     ~WriteLease();
+
+    /// True if nobody can write to the file unnoticed.
+    [[nodiscard]] bool IsHeld() const { return m_bHeld; }
 
     /// True if somebody has the file open or mapped for writing, or is about to open it.
     [[nodiscard]] bool IsOpenForWriting() const;

@@ -23,7 +23,7 @@ constexpr auto kFarewell = 20ms;
 } // namespace
 
 ReadingTasks::ReadingTasks(const platform::tSearchedFolders& searched, std::size_t nWorkers,
-                           std::function<bool()> startWorker)
+                           std::function<Start()> startWorker)
     : m_bIdentities(AnyMountedTwice()), m_folders(searched), m_count(nWorkers), m_nWorth(nWorkers),
       m_startWorker(std::move(startWorker))
 {
@@ -100,7 +100,13 @@ void ReadingTasks::Wait(Lock& lock)
     if (m_bOutOfMemory) {
         throw std::bad_alloc();
     }
-    if (m_nWorkers > 0) {
+    if (m_nWorkers == 0 && m_start == Start::Later) {
+        m_start = Start::Done;
+        lock.unlock();
+        AddWorkers();
+        lock.lock();
+    }
+    if (m_nWorkers > 0 || m_start == Start::Later) {
         m_work.notify_one();
         m_done.wait_for(lock, kWait);
     } else {
@@ -123,9 +129,9 @@ void ReadingTasks::End()
 void ReadingTasks::AddWorkers()
 {
     Lock lock(m_mutex);
-    while (m_nWorkers < m_nWorth && m_bStartsWorkers && !m_bEnded) {
-        m_bStartsWorkers = m_startWorker();
-        m_nWorkers += m_bStartsWorkers ? 1U : 0U;
+    while (m_nWorkers < m_nWorth && m_start == Start::Done && !m_bEnded) {
+        m_start = m_startWorker();
+        m_nWorkers += m_start == Start::Done ? 1U : 0U;
     }
 }
 
@@ -137,7 +143,7 @@ void ReadingTasks::Work()
         while (!m_bEnded) {
             if (!WorkOnce(worker, lock)) {
                 m_work.wait(lock);
-            } else if (m_nWorkers < m_nWorth && m_bStartsWorkers) {
+            } else if (m_nWorkers < m_nWorth && m_start == Start::Done) {
                 lock.unlock();
                 AddWorkers();
                 lock.lock();

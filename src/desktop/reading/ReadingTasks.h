@@ -28,9 +28,13 @@ namespace desktop {
 class ReadingTasks
 {
 public:
+    /// What a try to start a worker comes to. Later: workers of an earlier search, which wait for a disk,
+    /// have the threads that the system gives.
+    enum class Start { Done, Later, Never };
+
     /// `nWorkers` is how many workers to begin with; `startWorker` is called where one more is worth having.
     ReadingTasks(const platform::tSearchedFolders& searched, std::size_t nWorkers,
-                 std::function<bool()> startWorker);
+                 std::function<Start()> startWorker);
 
     // The search's side: SearchReading's operations.
     platform::Answer ListFolder(const std::string& sPath, platform::FolderListing& listing);
@@ -42,7 +46,7 @@ public:
     /// have gone when this returns.
     void End();
 
-    /// Starts the workers that are worth having. Where none can be started the search does their work.
+    /// Starts the workers that are worth having. Where none can ever be started the search does their work.
     void AddWorkers();
 
     /// Runs a worker until the end, on its thread.
@@ -74,8 +78,8 @@ private:
     WorkerCount m_count;
     std::size_t m_nWorth; ///< how many workers are worth having
     std::size_t m_nWorkers = 0;
-    bool m_bStartsWorkers = true; ///< false: the system would not start another
-    std::function<bool()> m_startWorker;
+    Start m_start = Start::Done; ///< what the last try came to
+    std::function<Start()> m_startWorker;
 };
 
 } // namespace desktop

@@ -46,7 +46,7 @@ void RunWorker(const std::shared_ptr<ReadingTasks>& tasks)
     tasks->Work();
 }
 
-bool StartWorker(const std::weak_ptr<ReadingTasks>& tasks)
+ReadingTasks::Start StartWorker(const std::weak_ptr<ReadingTasks>& tasks)
 {
     const SignalsHeld held;
     ++g_nAlive;
@@ -56,10 +56,9 @@ bool StartWorker(const std::weak_ptr<ReadingTasks>& tasks)
             tasks.reset();
             --g_nAlive;
         }).detach();
-        return true;
+        return ReadingTasks::Start::Done;
     } catch (const std::system_error&) {
-        --g_nAlive;
-        return false;
+        return --g_nAlive > 0 ? ReadingTasks::Start::Later : ReadingTasks::Start::Never;
     }
 }
 

@@ -41,9 +41,9 @@ constexpr tSentences kSentences[] = {
      "%1 more cannot go: the volume at %2 has no trash.", nullptr},
 };
 
-QString Named(const std::string& sPath)
+std::string NameIn(const std::string& sPath)
 {
-    return QStringLiteral("\u201c%1\u201d").arg(ShownText(sPath.substr(sPath.rfind('/') + 1)));
+    return sPath.substr(sPath.rfind('/') + 1);
 }
 
 QString Counted(std::size_t nCount)
@@ -73,6 +73,17 @@ QStringList ConfirmationText::Concerns() const
         sentences << Sentence(concern);
     }
     return sentences;
+}
+
+/// A file by its name, or by its path where another one that is spoken of has that name.
+QString ConfirmationText::Named(const std::string& sPath) const
+{
+    const std::string sName = NameIn(sPath);
+    const auto isLike = [&](const std::string& sOther) { return sOther != sPath && NameIn(sOther) == sName; };
+    const bool bAmbiguous = std::any_of(
+        m_confirmation.concerns.begin(), m_confirmation.concerns.end(),
+        [&](const tConcern& each) { return std::any_of(each.paths.begin(), each.paths.end(), isLike); });
+    return QStringLiteral("\u201c%1\u201d").arg(ShownText(bAmbiguous ? sPath : sName));
 }
 
 QString ConfirmationText::Sentence(const tConcern& concern) const

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 #include <cstddef>
+#include <string>
 
 namespace desktop {
 
@@ -32,6 +33,7 @@ public:
     [[nodiscard]] QString AllButton() const;
 
 private:
+    [[nodiscard]] QString Named(const std::string& sPath) const;
     [[nodiscard]] QString Sentence(const tConcern& concern) const;
     [[nodiscard]] bool IsToBeCompared() const;
 

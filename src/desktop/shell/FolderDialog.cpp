@@ -40,10 +40,11 @@ void FolderDialog::Run()
     Tell(platform::BFFM_INITIALIZED, 0);
     const QRect place = PixelRect(Place());
     platform::MoveWindow(this, place.x(), place.y(), place.width(), place.height());
-    // Something is always selected; a view that has got the keyboard has seen to that by itself.
+    // Something is always selected. A view that has got the keyboard has a current folder already, which does
+    // not look it.
     const QModelIndex first = m_model.index(0, 0);
-    if (m_pView && !m_pView->currentIndex().isValid()) {
-        m_pView->setCurrentIndex(first);
+    if (m_pView) {
+        m_pView->setCurrentIndex(m_pView->currentIndex().isValid() ? m_pView->currentIndex() : first);
     }
     if (m_pView && m_pView->currentIndex() == first) {
         m_pView->expand(first);

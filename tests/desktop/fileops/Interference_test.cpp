@@ -171,6 +171,13 @@ private:
              FileWorld::Content(sText).copy(m_pMapped, kSize);
              return true;
          }},
+        {"peek",
+         [&](auto&, auto&) {
+             void* p = mmap(nullptr, kSize, PROT_READ | PROT_WRITE, MAP_SHARED, m_h, 0);
+             m_pMapped = static_cast<char*>(p);
+             return m_pMapped[kSize - 1] == '$'; // by which some file systems miss what is written then
+         }},
+        {"unmap", [&](auto&, auto&) { return munmap(m_pMapped, kSize) == 0; }},
         {"wait", [&](auto&, auto&) { return usleep(5000) == 0; }}, // until the system's clock has moved on
         {"redate", [&](auto& sPath, auto&) { return FileWorld::SetOldTime(sPath); }},
         {"each", // file of a folder
@@ -220,6 +227,8 @@ const tInterference kInterferences[] = {
      "open from/a; wait from/a; write from/a mine_edited_a; redate from/a; close from/a"},
     {"writes through a descriptor", Side::Source, "write from/a mine_written_a", "open from/a"},
     {"writes through a mapping", Side::Source, "poke from/a mine_mapped_a", "open from/a; map from/a"},
+    {"writes through a mapping that goes again", Side::Source,
+     "open from/a; peek from/a; poke from/a mine_mapped_a; unmap from/a; close from/a"},
     {"opens the source and writes at the end", Side::Source, "open from/a"},
     {"swaps the source's folder for a link", Side::Source, "mv from from.moved; symlink private from"},
     {"swaps the source's folder for another", Side::Source,

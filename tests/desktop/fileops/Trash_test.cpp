@@ -161,6 +161,37 @@ TEST_F(Trash, LeavesWhatIsInATrash)
     }
 }
 
+/// What has the name of something that a run of ours leaves when it dies, but was not left by one.
+TEST_F(Trash, LeavesWhatOnlyLooksLikeItsLeftovers)
+{
+    const std::string sHidden = "/.tallyfen-s-BBBBBBBBBBBBBBBBBBBBBB";
+    const auto run = [&] { return Run(FO_DELETE, {tree.File("each", "e")}); };
+    ASSERT_EQ(run(), Reasons());
+    const struct {
+        const char* pName;
+        std::string sFolder;
+        std::set<std::string> names;
+    } cases[] = {
+        {"a private folder that another user has renamed", tree.sRoot + sHidden, {"diary", "keys"}},
+        {"one with a single file", tree.sRoot + sHidden, {"diary"}},
+        {"a leftover that was thrown away", HomeTrash() + "/files", {sHidden.substr(1) + "-photo"}},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.pName);
+        fs::create_directories(each.sFolder);
+        fs::permissions(each.sFolder, fs::perms::owner_all);
+        for (const std::string& sName : each.names) {
+            std::ofstream(each.sFolder + '/' + sName) << sName;
+            std::ofstream(HomeTrash() + "/info/" + sName + ".trashinfo") << "[Trash Info]\nPath=/x\n";
+        }
+        EXPECT_EQ(run(), Reasons());
+        for (const std::string& sName : each.names) {
+            EXPECT_EQ(Content(each.sFolder + '/' + sName), sName);
+        }
+        fs::remove_all(tree.sRoot + sHidden);
+    }
+}
+
 TEST_F(Trash, ShellFindsWhatIsThere)
 {
     desktop::ShellFileOperations operations(user);
