@@ -155,7 +155,6 @@ OutcomeSummary::OutcomeSummary(QWidget* pOwner, const tOperation& operation, con
         pList->setAccessibleName(pText->text());
         pList->setReadOnly(true);
         pList->setTabChangesFocus(true);
-        pList->setLineWrapMode(QPlainTextEdit::NoWrap);
         pLayout->addWidget(pList, 1);
         QPushButton* const pCopy = AddButton(*pButtons, QStringLiteral("C&opy All"),
                                              QDialogButtonBox::ActionRole, QStringLiteral("copy"));

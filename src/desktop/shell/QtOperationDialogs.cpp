@@ -20,11 +20,13 @@ tQuestion RoomQuestion(const tOperation& operation, const tRoom& room)
     const bool bMove = operation.operation == FileOperation::Move;
     return {.sName = QStringLiteral("askRoom"),
             .sTitle = bMove ? QStringLiteral("Move Files") : QStringLiteral("Copy Files"),
-            .sText = QStringLiteral("There is not enough room for all of them: %1, %2; %3 are free there.\n\n"
-                                    "Those that still fit can be %4; the others stay where they are.")
-                         .arg(CountText(static_cast<std::int64_t>(room.nFiles), "file", "files"),
-                              ShortSize(room.cyNeeded), ShortSize(room.cyFree),
-                              bMove ? QStringLiteral("moved") : QStringLiteral("copied")),
+            .sText =
+                QStringLiteral("There is not enough room for all of them: %1, %2; %3 are free there.\n\n"
+                               "Those that still fit can be %4; the others %5.")
+                    .arg(CountText(static_cast<std::int64_t>(room.nFiles), "file", "files"),
+                         ShortSize(room.cyNeeded), ShortSize(room.cyFree),
+                         bMove ? QStringLiteral("moved") : QStringLiteral("copied"),
+                         bMove ? QStringLiteral("stay where they are") : QStringLiteral("are not copied")),
             .sYes = bMove ? QStringLiteral("&Move What Fits") : QStringLiteral("C&opy What Fits")};
 }
 

@@ -6,6 +6,8 @@
 #include <QApplication>
 #include <QScreen>
 
+#include <algorithm>
+
 namespace desktop {
 
 QWidget* OwnerOf(platform::WindowHandle hwnd)
@@ -29,8 +31,14 @@ bool ShellDialog::Ask()
 void ShellDialog::SizeFor(QSize wanted)
 {
     constexpr int nFrame = 48; // what a window's frame and a panel may take
-    const QSize room = screen()->availableGeometry().size() - QSize(nFrame, nFrame);
-    resize(wanted.expandedTo(sizeHint()).boundedTo(room));
+    const QRect room = screen()->availableGeometry();
+    const QSize size = wanted.expandedTo(sizeHint()).boundedTo(room.size() - QSize(nFrame, nFrame));
+    resize(size);
+    // One that grows while it shows must not grow beyond the screen.
+    const int nBeyond = y() + nFrame + size.height() - room.bottom();
+    if (isVisible() && nBeyond > 0) {
+        move(x(), std::max(room.top(), y() - nBeyond));
+    }
 }
 
 QPushButton* ShellDialog::AddButton(QDialogButtonBox& buttons, const QString& sText,
