@@ -73,7 +73,7 @@ private:
 
     void Search()
     {
-        // 1. The options at random. A click can turn one off again, so what counts is what is checked then.
+        // The options at random. A click can turn one off again, so what counts is what is checked then.
         platform::MenuItem* const kModes[] = {&m_main.mnuOptionsSearchContent, &m_main.mnuOptionsSearchName,
                                               &m_main.mnuOptionsSearchNameSize};
         kModes[m_world.Random(std::size(kModes))]->Click();
@@ -84,7 +84,7 @@ private:
             m_main.mnuOptionsHidden.Click();
         }
         const bool bHidden = m_main.mnuOptionsHidden.Checked();
-        // 2. One in four is cancelled on the way, if it takes that long.
+        // One in four is cancelled on the way, if it takes that long.
         bool bCancelled = false;
         QTimer cancel;
         cancel.setSingleShot(true);
@@ -97,7 +97,7 @@ private:
         }
         m_main.mnuSearchFind.Click();
         cancel.stop();
-        // 3. What it must have found.
+        // What it must have found.
         ++nSearches;
         nCancelled += bCancelled ? 1 : 0;
         const Groups found = Listed();
@@ -130,20 +130,19 @@ private:
         for (std::size_t n = 0; n < m_world.Random(5) && m_bFine; ++n) {
             const auto before = m_world.Contents();
             const auto holders = m_world.Holders();
-            // 1. Some rows.
             const auto& rules = m_main.mnuSelect.items;
             const platform::MenuItem& rule = *rules[m_world.Random(rules.size())];
             if (rule.Click) {
                 rule.Click();
             }
-            // 2. Something is done to their files.
+            // Something is done to their files.
             platform::MenuItem* const kCommands[] = {&m_main.mnuFileDelete, &m_main.mnuFileMoveTo,
                                                      &m_main.mnuFileCopyTo, &m_main.mnuSearchSaveResults};
             platform::MenuItem* const pCommand = kCommands[m_world.Random(std::size(kCommands))];
             m_user.Forget();
             pCommand->Click();
             ++nOperations;
-            // 3. Everything is still there.
+            // Everything is still there.
             CheckContents(before, m_world.Contents(), pCommand == &m_main.mnuFileCopyTo);
             if (pCommand == &m_main.mnuFileDelete) {
                 CheckCopies(holders, m_world.Holders());

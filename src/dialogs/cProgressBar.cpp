@@ -101,10 +101,9 @@ float cProgressBar::Value() const
 
 void cProgressBar::SetValue(float New_Value)
 {
-    // 1. and 2. Never a division by 0.
+    // Never a division by 0.
     const bool bAsItIs = !(New_Value > 0) || !(sngMax > sngMin);
     sngPercent = bAsItIs ? New_Value : Checked(New_Value / Checked(sngMax - sngMin) * 100);
-    // 3. Show it.
     UpdatePosition();
 }
 

@@ -56,9 +56,7 @@ void frmProgress::Form_Load()
 
 void frmProgress::Form_Unload()
 {
-    // 1. Uncover the rows.
     frmMain().lvFake.SetVisible(false);
-    // 2. Back to the main form.
     platform::SetForegroundWindow(frmMain().form.hWnd());
 }
 

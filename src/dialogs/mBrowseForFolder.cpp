@@ -22,7 +22,7 @@ int BrowseCallback(platform::WindowHandle hWnd, unsigned uMsg, long /*lParam*/, 
 std::string BrowseForFolder(platform::WindowHandle hOwner, const std::string& sTitle,
                             const std::string& sStart)
 {
-    // 1. and 2. The callback is only there to select a folder.
+    // The callback is only there to select a folder.
     platform::BROWSEINFO info;
     info.hwndOwner = hOwner;
     info.lpszTitle = sTitle;
@@ -31,12 +31,12 @@ std::string BrowseForFolder(platform::WindowHandle hOwner, const std::string& sT
         sBrowseStart = sStart + '\0';
         info.lpfn = &BrowseCallback;
     }
-    // 3. to 5. On Cancel there is no item, and the buffer stays as it is.
+    // On Cancel there is no item, and the buffer stays as it is.
     const platform::ItemId pidl = platform::TheFileDialogs().SHBrowseForFolderA(info);
     std::string sBuffer(266, '\0');
     platform::TheFileDialogs().SHGetPathFromIDListA(pidl, sBuffer);
     std::string sFolder = StripNull(sBuffer);
-    // 6. The path is ours by now.
+    // The path is ours by now.
     platform::TheFileDialogs().CoTaskMemFree(pidl);
     return sFolder;
 }

@@ -50,11 +50,9 @@ void HostTree(platform::PictureBox& host)
 /// The dialog has been set up.
 void BrowseInitialized()
 {
-    // 1. Off the screen, at any resolution.
+    // Off the screen, at any resolution.
     platform::MoveWindow(hBrowse, -static_cast<int>(platform::TheScreen().Width()), 0, 480, 480);
-    // 2. The start folder.
     platform::SendMessageA(hBrowse, platform::BFFM_SETSELECTIONA, 1, sSelectedFolder);
-    // 3. The tree.
     for (auto hChild = platform::GetWindow(hBrowse, platform::GW_CHILD); hChild != nullptr;
          hChild = platform::GetWindow(hChild, platform::GW_HWNDNEXT)) {
         constexpr std::size_t nBuffer = platform::ShellDialogs::kTreeClass.size() + 1;
@@ -62,20 +60,19 @@ void BrowseInitialized()
             hTree = hChild;
         }
     }
-    // 4. Into its host.
     HostTree(*oHost);
 }
 
 void SelectionChanged(platform::ItemId pidl)
 {
-    // 1. and 2. The selected item's path, unless the shell gives none.
+    // The selected item's path, unless the shell gives none.
     std::string sBuffer(260, ' ');
     platform::Shell().SHGetPathFromIDList(pidl, sBuffer);
     const std::size_t nEnd = sBuffer.find('\0');
     if (nEnd != std::string::npos) {
         sSelectedFolder = sBuffer.substr(0, nEnd);
     }
-    // 3. Only a folder can be added.
+    // Only a folder can be added.
     theBrowseForm().cmdAdd.SetEnabled(!sSelectedFolder.empty());
 }
 
@@ -94,9 +91,9 @@ int SysTreeCallback(platform::WindowHandle hWnd, unsigned uMsg, long lParam, lon
 
 void ShowSysTree(const std::string& sStart)
 {
-    // 1. What the tree starts from, as the shell reads it.
+    // What the tree starts from, as the shell reads it.
     sSelectedFolder = sStart + '\0';
-    // 2. and 3. Its answer is of no interest: folders have been added meanwhile.
+    // Its answer is of no interest: folders have been added meanwhile.
     platform::Shell().SHBrowseForFolder({.hwndOwner = platform::GetDesktopWindow(),
                                          .lpszTitle = {},
                                          .ulFlags = platform::BIF_RETURNONLYFSDIRS | platform::BIF_STATUSTEXT,

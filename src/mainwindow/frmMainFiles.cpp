@@ -46,18 +46,18 @@ platform::tFileGroups frmMain::GroupsOf(std::span<const std::string> paths)
 
 void frmMain::mnuFileDelete_Click()
 {
-    // 1. Without rows there is nothing to delete.
+    // Without rows there is nothing to delete.
     if (lvFiles.ListItems.Count() == 0) {
         return;
     }
-    // 2. and 3. Busy, before the disk is asked which files are there.
+    // Busy, before the disk is asked which files are there.
     search::SetWorking(true);
     const tFileLists lists(lvFiles.ListItems, "");
-    // 4. Also without any file: the shell then has nothing to ask.
+    // Also without any file: the shell then has nothing to ask.
     if (results::DeleteFiles(lists.sFrom)) {
         MarkMissingFiles();
     }
-    // 5. and 6. The shell's windows may have left another one in front.
+    // The shell's windows may have left another one in front.
     search::SetWorking(false);
     platform::SetForegroundWindow(form.hWnd());
 }
@@ -75,35 +75,35 @@ void frmMain::mnuFileCopyTo_Click()
 void frmMain::SendSelectedToFolder(const std::string& sTitle,
                                    bool (*operation)(const std::string& sFrom, const std::string& sTo))
 {
-    // 1. Without rows there is nothing to send.
+    // Without rows there is nothing to send.
     if (lvFiles.ListItems.Count() == 0) {
         return;
     }
-    // 2. to 4. The folder, from that of the current row on.
+    // The folder, from that of the current row on.
     const std::string sFolder = dialogs::BrowseForFolder(form.hWnd(), sTitle, CurrentFolder());
     if (sFolder.empty()) {
         return;
     }
-    // 5. and 6. Busy, before the disk is asked which files are there.
+    // Busy, before the disk is asked which files are there.
     search::SetWorking(true);
     const tFileLists lists(lvFiles.ListItems, results::JoinPath(sFolder, ""));
-    // 7. After a copy too: a file can have gone meanwhile.
+    // After a copy too: a file can have gone meanwhile.
     if (operation(lists.sFrom, lists.sTo)) {
         MarkMissingFiles();
     }
-    // 8. The shell's windows may have left another one in front.
+    // The shell's windows may have left another one in front.
     search::SetWorking(false);
     platform::SetForegroundWindow(form.hWnd());
 }
 
 void frmMain::MarkMissingFiles()
 {
-    // 1. Without rows there is nothing to mark.
+    // Without rows there is nothing to mark.
     const std::size_t nCount = lvFiles.ListItems.Count();
     if (nCount == 0) {
         return;
     }
-    // 2. to 4. Only a selected row's file has been acted upon, and red never turns back.
+    // Only a selected row's file has been acted upon, and red never turns back.
     platform::LockWindowUpdate(lvFiles.hWnd());
     for (std::size_t n = 1; n <= nCount; ++n) {
         platform::ListItem row = lvFiles.ListItems(n);

@@ -85,14 +85,14 @@ void frmMain::lvFolders_ColumnClick()
 
 void frmMain::mnuSearchAdd_Click()
 {
-    // 1. and 2. The window first, before the wait for its tree.
+    // The window first, before the wait for its tree.
     auto& browse = dialogs::theBrowseForm();
     browse.form.Show(false, &form);
     browse.form.Refresh();
-    // 3. and 4. All that the user does in the window happens within this call.
+    // All that the user does in the window happens within this call.
     dialogs::oHost = &browse.picBrowse;
     dialogs::ShowSysTree("");
-    // 5. The folders added meanwhile show in the status word.
+    // The folders added meanwhile show in the status word.
     CheckStatus();
 }
 

@@ -84,22 +84,20 @@ void WriteReport(const std::string& sPath, platform::ListItems& rows)
 void SaveResults()
 {
     search::MainFormMembers& main = search::frmMain();
-    // 1. Nothing to save.
     if (main.lvFiles.ListItems.Count() == 0) {
         return;
     }
-    // 2. Where to.
     std::string sInitDir;
     const std::string sPath =
         ShowSaveDialog(main.form.hWnd(), "Text Document (*.txt)|*.txt", "", sInitDir, "Save As");
     if (sPath.empty()) {
         return;
     }
-    // 3. to 9. The dialog has asked about a file that is there.
+    // The dialog has asked about a file that is there.
     search::SetWorking(true);
     WriteReport(sPath, main.lvFiles.ListItems);
     search::SetWorking(false);
-    // 10. The new report, or the reason why there is none, comes to the screen.
+    // The new report, or the reason why there is none, comes to the screen.
     RunProgram(sPath, "", "", platform::SW_SHOWNORMAL);
 }
 

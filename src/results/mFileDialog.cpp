@@ -17,7 +17,7 @@ constexpr std::size_t kMaxFile = 260;
 std::string ShowSaveDialog(platform::WindowHandle hOwner, const std::string& sFilter,
                            const std::string& sFileName, std::string& sInitDir, const std::string& sTitle)
 {
-    // 1. The request. The proposed name stands in a buffer that takes the chosen path.
+    // The request. The proposed name stands in a buffer that takes the chosen path.
     platform::OPENFILENAME request;
     request.hwndOwner = hOwner;
     request.lpstrFilter = FilterToNulls(sFilter);
@@ -29,11 +29,11 @@ std::string ShowSaveDialog(platform::WindowHandle hOwner, const std::string& sFi
     request.Flags = platform::OFN_OVERWRITEPROMPT | platform::OFN_HIDEREADONLY | platform::OFN_NOCHANGEDIR |
                     platform::OFN_EXPLORER | platform::OFN_LONGNAMES;
     request.lpstrDefExt = FilterExtension(request.lpstrFilter);
-    // 2. and 3. A dialog that fails is as one that was cancelled.
+    // A dialog that fails is as one that was cancelled.
     if (!platform::TheFileDialogs().GetSaveFileNameA(request)) {
         return {};
     }
-    // 4. The next dialog starts where this one ended.
+    // The next dialog starts where this one ended.
     std::string sPath = CutAtNull(request.lpstrFile);
     sInitDir = ParentFolder(sPath, false);
     return sPath;

@@ -40,10 +40,10 @@ void SelectAllItems(ListView& lv)
 
 void RemoveSelectedItems(ListView& lv)
 {
-    // 1. and 2. Each scan starts over, since a removal moves the rows behind it.
+    // Each scan starts over, since a removal moves the rows behind it.
     while (RemoveFirstSelected(lv)) {
     }
-    // 3. The user is not left without a selection.
+    // The user is not left without a selection.
     if (auto current = lv.SelectedItem()) {
         current->SetSelected(true);
         current->EnsureVisible();

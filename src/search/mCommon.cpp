@@ -41,16 +41,13 @@ FileTable::tFolder FileTable::AddFolder(std::string_view sPath, const platform::
 
 void SetWorking(bool bWorking)
 {
-    // 1. The commands first, while everything else is as it was.
+    // The commands first, while everything else is as it was.
     frmMain().CheckMenu();
-    // 2. The mouse pointer.
     platform::TheScreen().SetMousePointer(bWorking ? platform::MousePointer::Hourglass
                                                    : platform::MousePointer::Default);
-    // 3. The status word.
     frmMain().StatusBar1.Panels(1).SetText(bWorking ? "Working..." : "Done");
-    // 4. The form takes input only while nothing runs: this alone keeps a second operation out.
+    // The form takes input only while nothing runs: this alone keeps a second operation out.
     frmMain().form.SetEnabled(!bWorking);
-    // 5. The stop flag.
     bStopped = !bWorking;
 }
 

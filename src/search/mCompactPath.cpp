@@ -13,36 +13,36 @@ std::string CompactPath(std::string_view sPath, std::int16_t nWidth, bool bTrail
     const std::string sSeparator = bTrailing ? std::string(1, cSeparator) : std::string();
     const auto nWanted = static_cast<std::size_t>(nWidth > 0 ? nWidth : 0);
 
-    // 1. What fits stays as it is.
+    // What fits stays as it is.
     if (CountChars(sPath) <= nWanted) {
         return std::string(sPath);
     }
-    // 2. Without one trailing separator,
+    // Without one trailing separator,
     std::string_view sBase = sPath;
     if (sBase.ends_with(cSeparator)) {
         sBase.remove_suffix(1);
     }
-    // 3. it may fit after all.
+    // it may fit after all.
     if (nWidth >= 0 && nWanted >= CountChars(sBase)) {
         return std::string(sBase) + sSeparator;
     }
-    // 4. No room, no text.
+    // No room, no text.
     if (nWanted == 0) {
         return {};
     }
-    // 5. The tail: marker and last part.
+    // The tail: marker and last part.
     const std::string_view sLast = sBase.substr(sBase.rfind(cSeparator) + 1);
     const std::string sTail = std::string("...") + cSeparator + std::string(sLast) + sSeparator;
     const std::size_t nTail = CountChars(sTail);
-    // 6. As much of the beginning as there is room for in front of it.
+    // As much of the beginning as there is room for in front of it.
     if (nWanted > nTail) {
         return std::string(LeftChars(sBase, nWanted - nTail)) + sTail;
     }
-    // 7. Not even the tail fits: its end, after a shorter marker if that leaves anything of it.
+    // Not even the tail fits: its end, after a shorter marker if that leaves anything of it.
     if (nWanted > 2) {
         return ".." + std::string(RightChars(sTail, nWanted - 2));
     }
-    // 8. The bare end.
+    // The bare end.
     return std::string(RightChars(sTail, nWanted));
 }
 

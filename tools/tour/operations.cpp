@@ -222,7 +222,6 @@ void Delete(Stage& stage)
             selected.push_back(main.lvFiles.ListItems(n).Key());
         }
     }
-    // 1. Refused.
     const auto act = [&] { stage.Press(Qt::Key_Delete); };
     Meet(stage, act, "confirmOperation", [&] {
         stage.Show("confirmation");
@@ -232,7 +231,6 @@ void Delete(Stage& stage)
     for (const std::string& sPath : selected) {
         stage.Expect(fs::exists(fs::symlink_status(sPath)), "who says no keeps his files");
     }
-    // 2. Agreed to.
     Meet(stage, act, "confirmOperation", [&] { stage.Press(Qt::Key_Return); });
     for (const std::string& sPath : selected) {
         stage.Expect(!fs::exists(fs::symlink_status(sPath)), "the selected files have gone");
