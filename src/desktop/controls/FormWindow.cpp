@@ -75,10 +75,16 @@ void FormWindow::MakeWidgets()
             m_views.push_back(std::move(view));
         }
     }
-    // In a very small window the one at the end of the order of controls covers the others.
-    for (auto view = m_views.rbegin(); view != m_views.rend(); ++view) {
-        if (dynamic_cast<DockedView*>(view->get()) != nullptr) {
-            (*view)->Widget().raise();
+    // In a very small window what docks first covers what docks later.
+    QWidget* pAbove = nullptr;
+    for (const auto& view : m_views) {
+        if (dynamic_cast<DockedView*>(view.get()) != nullptr) {
+            QWidget& widget = view->Widget();
+            widget.raise();
+            if (pAbove != nullptr) {
+                widget.stackUnder(pAbove);
+            }
+            pAbove = &widget;
         }
     }
     for (const auto& view : m_views) {
