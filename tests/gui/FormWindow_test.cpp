@@ -244,7 +244,8 @@ TEST_F(FormWindow, GrowsWithTheTextOfTheDesktop)
     for (const double factor : {1.0, 1.5}) {
         desktop::UseTextScale(factor);
         TestForm form;
-        Show(form.form);
+        form.form.Show(false, nullptr);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(WidgetOf(&form.form)));
         const QWidget* const pButton = WidgetOf(&form.close);
         EXPECT_EQ(pButton->geometry().topLeft(), (QPointF(300, 200) * factor).toPoint());
         EXPECT_NEAR(QFontMetricsF(pButton->font()).height(), 13 * factor, 2);
