@@ -12,6 +12,20 @@ namespace {
 using namespace fileops_test;
 using support::FileWorld;
 
+constexpr std::size_t kSize = 5000;
+
+/// Where files are mapped: a place of its own, so that no sanitizer remembers what lay there before.
+char* const g_pMapped =
+    static_cast<char*>(mmap(nullptr, kSize, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
+
+/// Maps a file in place of the one before it; -1 for none.
+bool Map(int h)
+{
+    const int nProtection = h < 0 ? PROT_NONE : PROT_READ | PROT_WRITE;
+    const int nFlags = h < 0 ? MAP_PRIVATE | MAP_ANONYMOUS : MAP_SHARED;
+    return mmap(g_pMapped, kSize, nProtection, nFlags | MAP_FIXED, h, 0) == g_pMapped;
+}
+
 /// The other program: what it knows to do, and what it has open.
 class Intruder
 {
@@ -20,9 +34,7 @@ public:
     Intruder& operator=(Intruder&&) = delete;
     ~Intruder()
     {
-        if (m_pMapped != nullptr) {
-            munmap(m_pMapped, kSize);
-        }
+        Map(-1);
         close(m_h);
     }
 
@@ -54,7 +66,6 @@ public:
 
 private:
     using Command = std::function<bool(const std::string& sPath, const std::string& sSecond)>;
-    static constexpr std::size_t kSize = 5000;
 
     std::string Path(const std::string& sPath) const
     {
@@ -119,7 +130,6 @@ private:
 
     FileWorld& m_world;
     int m_h = -1;
-    char* m_pMapped = nullptr;
     const std::map<std::string, Command> m_commands{
         {"mv", [&](auto& sPath, auto& sTo) { return Rename(sPath, Path(sTo)); }},
         {"make", [&](auto& sPath, auto& sText) { return Make(sPath, sText); }},
@@ -159,25 +169,23 @@ private:
         {"close", [&](auto&, auto&) { return close(std::exchange(m_h, -1)) == 0; }},
         {"map",
          [&](auto&, auto&) {
-             void* p = mmap(nullptr, kSize, PROT_READ | PROT_WRITE, MAP_SHARED, m_h, 0);
-             m_pMapped = static_cast<char*>(p);
-             m_pMapped[kSize - 2] = '.'; // it is dirty from now on
+             Map(m_h);
+             g_pMapped[kSize - 2] = '.'; // it is dirty from now on
              return true;
          }},
         {"poke",
          [&](auto&, auto& sText) {
              m_world.required.erase(FileWorld::Content("mine a"));
              Know(FileWorld::Content(sText));
-             FileWorld::Content(sText).copy(m_pMapped, kSize);
+             FileWorld::Content(sText).copy(g_pMapped, kSize);
              return true;
          }},
         {"peek",
          [&](auto&, auto&) {
-             void* p = mmap(nullptr, kSize, PROT_READ | PROT_WRITE, MAP_SHARED, m_h, 0);
-             m_pMapped = static_cast<char*>(p);
-             return m_pMapped[kSize - 1] == '$'; // by which some file systems miss what is written then
+             Map(m_h);
+             return g_pMapped[kSize - 1] == '$'; // by which some file systems miss what is written then
          }},
-        {"unmap", [&](auto&, auto&) { return munmap(m_pMapped, kSize) == 0; }},
+        {"unmap", [&](auto&, auto&) { return Map(-1); }},
         {"wait", [&](auto&, auto&) { return usleep(5000) == 0; }}, // until the system's clock has moved on
         {"redate", [&](auto& sPath, auto&) { return FileWorld::SetOldTime(sPath); }},
         {"each", // file of a folder
