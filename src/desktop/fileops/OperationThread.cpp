@@ -22,6 +22,9 @@ constexpr std::chrono::milliseconds kPace{10};
 constexpr std::chrono::milliseconds kToHear{60};
 constexpr std::chrono::milliseconds kToTidyUp{1000};
 
+/// So many times as long where whoever is shown each step holds the work up himself.
+constexpr int kPatience = 20;
+
 std::atomic<int> g_nLeftBehind{0};
 
 } // namespace
@@ -54,6 +57,7 @@ bool OperationThread::Run(const std::shared_ptr<OperationThread>& pThread, std::
 
 bool OperationThread::Serve(const Shows& shows, OperationDialogs& dialogs)
 {
+    const int nPatience = m_bEachStep ? kPatience : 1;
     std::unique_lock lock(m_mutex);
     Clock::time_point cancelled;
     while (true) {
@@ -82,7 +86,8 @@ bool OperationThread::Serve(const Shows& shows, OperationDialogs& dialogs)
         m_bHeard = m_bHeard || (m_bCancelled && m_bStep);
         m_bStep = false;
         m_toWork.notify_one();
-        if (m_bCancelled && !m_bEnded && Clock::now() - cancelled > (m_bHeard ? kToTidyUp : kToHear)) {
+        if (m_bCancelled && !m_bEnded &&
+            Clock::now() - cancelled > nPatience * (m_bHeard ? kToTidyUp : kToHear)) {
             m_bLeft = true;
             ++g_nLeftBehind;
             return false;
