@@ -349,6 +349,36 @@ TEST_P(Interference, LosesNothingAndClaimsNothing)
     std::cout << GetParam().pName << ": " << nRuns << " runs, " << nCalls << " calls\n";
 }
 
+/// Where the system tells of nobody who writes.
+class Unleased : public Watched
+{
+};
+
+TEST_P(Unleased, IsComparedWithItsCopyBeforeItGoes)
+{
+    for (const bool bWritten : {false, true}) {
+        world.Prepare(GetParam());
+        Intruder intruder(world);
+        const auto run = world.Run([&](const support::tCall& call, std::size_t) {
+            if (bWritten && call.sCall == "renameat2" &&
+                call.sPath.starts_with(world.sFrom + "/.tallyfen-s-")) {
+                intruder.Do(
+                    "open from/a; wait from/a; write from/a mine_edited_a; redate from/a; close from/a");
+            }
+            return call.sCall == "fcntl" ? EACCES : 0;
+        });
+        if (!run.process.bPossible) {
+            GTEST_SKIP() << "nobody may watch a process here";
+        }
+        EXPECT_EQ(world.Wrong(run) + world.LeftBehind(), "");
+        EXPECT_EQ(run.outcome.nFilesDone, bWritten ? 0U : 1U);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(, Unleased,
+                         ::testing::Values(support::tScenario{"move to another volume", platform::FO_MOVE,
+                                                              false, true}),
+                         support::NameOfScenario);
 INSTANTIATE_TEST_SUITE_P(, Interference, kScenarios, support::NameOfScenario);
 
 } // namespace
