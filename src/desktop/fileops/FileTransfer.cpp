@@ -281,7 +281,9 @@ std::string FileTransfer::WhyUnlike(const tJob& job, const tOriginal& original, 
     if (original.lease->IsHeld()) {
         return {};
     }
-    switch (m_comparison.Compare(original.h, copy.Get(), job.goOn)) {
+    // All of it has been copied, and that is what goes on showing.
+    const ProgressCall goOn = [&](std::int64_t) { return job.goOn(original.status.st_size); };
+    switch (m_comparison.Compare(original.h, copy.Get(), goOn)) {
     case ContentComparison::Result::Same:
         return {};
     case ContentComparison::Result::Different:

@@ -22,7 +22,7 @@ constexpr std::chrono::milliseconds kPace{10};
 constexpr std::chrono::milliseconds kToHear{60};
 constexpr std::chrono::milliseconds kToTidyUp{1000};
 
-/// So many times as long where whoever is shown each step holds the work up himself.
+/// So many times as long where the work waits at each step until it has been shown.
 constexpr int kPatience = 20;
 
 std::atomic<int> g_nLeftBehind{0};

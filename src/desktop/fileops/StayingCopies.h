@@ -36,7 +36,7 @@ public:
     /// Looks at the disk. False if `goOn`, called before each look with the path, does not want it any more.
     bool Look(const std::function<bool(const std::string&)>& goOn);
 
-    /// True if the search that found the groups went by contents.
+    /// How the search compared that found the groups.
     [[nodiscard]] platform::ComparedBy ComparedBy() const { return m_groups.comparedBy; }
 
     /// What stays of the `nFile`th of the files. None for one that is in no group.

@@ -1,6 +1,9 @@
+#include "OperationThread.h"
 #include "Operations.h"
 
 #include <array>
+#include <memory>
+#include <new>
 #include <sys/xattr.h>
 
 namespace {
@@ -232,6 +235,15 @@ TEST_F(Transfer, StopsWithinAFileAndBetweenFiles)
         EXPECT_EQ(Contents(other.sRoot), (Reasons{{"a", ""}}));
         EXPECT_TRUE(!fs::exists(paths[0]) && fs::file_size(paths[1]) == 20'000'000 && fs::exists(paths[2]));
     }
+}
+
+TEST_F(Transfer, WithoutMemoryTheWorkEndsAndTheProgramDoesNot)
+{
+    const auto pThread = std::make_shared<desktop::OperationThread>(true);
+    const auto shows = [](const auto&) { return true; };
+    EXPECT_THROW(
+        desktop::OperationThread::Run(pThread, [] { throw std::bad_alloc(); }, shows, user), std::bad_alloc);
+    EXPECT_EQ(desktop::ThreadsLeftBehind(), 0);
 }
 
 } // namespace
