@@ -61,8 +61,9 @@ TEST_F(OperationDialogs, ConfirmTheSetOnce)
         std::int64_t cyTotal;
         Qt::Key key;
         const char* pText;
+        const char* pOnly = "";
     } cases[] = {
-        {1, 1, Qt::Key_Return, "Move 1 file (1 byte) to the trash?"},
+        {1, 1, Qt::Key_Return, "Move \u201c%2\u201d (1 byte) to the trash?", "/a/%2"},
         {2, 0, Qt::Key_Escape, "Move 2 files (0 bytes) to the trash?"},
         {3, 1023, Qt::Key_Enter, "Move 3 files (1023 bytes) to the trash?"},
         {3, 12'345, Qt::Key_Escape, "Move 3 files (12345 bytes / 12.1 KiB) to the trash?"},
@@ -74,8 +75,8 @@ TEST_F(OperationDialogs, ConfirmTheSetOnce)
             EXPECT_EQ(dialog.parentWidget(), &window);
             QTest::keyClick(&dialog, each.key);
         });
-        const auto consent =
-            dialogs.Confirm({{FileOperation::Trash, each.nFiles, each.cyTotal, form.hWnd()}});
+        const auto consent = dialogs.Confirm(
+            {{FileOperation::Trash, each.nFiles, each.cyTotal, form.hWnd()}, {}, 0, {}, each.pOnly});
         EXPECT_EQ(consent, each.key != Qt::Key_Escape ? Consent::All : Consent::Cancel);
     }
 }

@@ -46,6 +46,7 @@ struct tConfirmation {
     platform::ComparedBy comparedBy = platform::ComparedBy::Content; ///< how the files were found alike
     std::size_t nWithCopy = 0;                                       ///< of which a copy stays
     std::vector<tConcern> concerns{}; ///< none without files, the gravest first
+    std::string sOnly{};              ///< the path of the file, if it is only one
 };
 
 /// The user's word on it.

@@ -42,6 +42,9 @@ public:
     /// What stays of the `nFile`th of the files. None for one that is in no group.
     [[nodiscard]] std::optional<Stays> Of(std::size_t nFile) const;
 
+    /// True if the file itself is not what its row shows.
+    [[nodiscard]] bool HasChanged(std::size_t nFile) const { return !m_seen[nFile].bAsShown; }
+
     /// What holds its contents and stays, a few at most.
     [[nodiscard]] std::vector<tStayingCopy> CopiesOf(std::size_t nFile) const;
 

@@ -105,6 +105,10 @@ tConfirmation TrashConsent::Question() const
         const auto concern = stays ? ConcernOf(*stays) : std::nullopt;
         if (concern) {
             add(*concern, m_pPlan->files[n].sPath);
+            // What goes then is not even what was found alike.
+            if (concern == Concern::NoOtherCopy && m_staying->HasChanged(n)) {
+                add(Concern::FileChanged, m_pPlan->files[n].sPath);
+            }
         } else if (stays && !bByContent) {
             add(Concern::NotCompared, m_pPlan->files[n].sPath);
         }
@@ -113,6 +117,9 @@ tConfirmation TrashConsent::Question() const
         if (!each.paths.empty()) {
             confirmation.concerns.push_back(std::move(each));
         }
+    }
+    if (m_pPlan->files.size() == 1) {
+        confirmation.sOnly = m_pPlan->files.front().sPath;
     }
     confirmation.concerns.insert(confirmation.concerns.end(), m_cannotGo.begin(), m_cannotGo.end());
     return confirmation;

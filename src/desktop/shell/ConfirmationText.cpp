@@ -62,7 +62,9 @@ QString ConfirmationText::Question() const
 {
     const tOperation& operation = m_confirmation.operation;
     return QStringLiteral("Move %1 (%2) to the trash?")
-        .arg(CountText(static_cast<std::int64_t>(operation.nFiles), "file", "files"),
+        .arg(!m_confirmation.sOnly.empty()
+                 ? Named(m_confirmation.sOnly)
+                 : CountText(static_cast<std::int64_t>(operation.nFiles), "file", "files"),
              FullSize(operation.cyTotal));
 }
 

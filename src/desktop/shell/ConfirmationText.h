@@ -18,7 +18,7 @@ public:
     /// `confirmation` must outlive it.
     explicit ConfirmationText(const tConfirmation& confirmation) : m_confirmation(confirmation) {}
 
-    /// "Move 20 files (320 bytes) to the trash?"
+    /// "Move 20 files (320 bytes) to the trash?", or the name of the only one.
     [[nodiscard]] QString Question() const;
 
     /// A sentence for each concern: "3 of them have no other copy that stays."
