@@ -5,10 +5,10 @@
 #include "Questions.h"
 #include "ShownText.h"
 
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QVBoxLayout>
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
@@ -33,17 +33,17 @@ QString WhyNotMade(int nError)
 } // namespace
 
 FolderPane::FolderPane()
-    : m_model(RootFolders()), m_pView(new FolderView(m_model)), m_pPath(new PathLabel),
-      m_pNewFolder(new QPushButton(QStringLiteral("Ne&w Folder")))
+    : m_pLayout(new QGridLayout(this)), m_model(RootFolders()), m_pView(new FolderView(m_model)),
+      m_pPath(new PathLabel), m_pNewFolder(new QPushButton(QStringLiteral("Ne&w Folder")))
 {
     m_pView->setObjectName(QStringLiteral("folders"));
     m_pPath->setObjectName(QStringLiteral("folder"));
     m_pNewFolder->setObjectName(QStringLiteral("newFolder"));
     m_pNewFolder->setAutoDefault(false);
-    auto* const pLayout = new QVBoxLayout(this);
-    pLayout->setContentsMargins({});
-    pLayout->addWidget(m_pView, 1);
-    pLayout->addWidget(m_pPath);
+    m_pLayout->setContentsMargins({});
+    m_pLayout->addWidget(m_pView, 0, 0);
+    m_pLayout->addWidget(m_pPath, 1, 0, 1, -1);
+    m_pLayout->setColumnStretch(0, 3);
     connect(m_pNewFolder, &QPushButton::clicked, this, &FolderPane::MakeFolder);
     connect(m_pView->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this] { m_pPath->ShowPath(Folder()); });
@@ -70,6 +70,12 @@ void FolderPane::Select(const std::string& sPath)
     if (found.isValid()) {
         m_pView->ShowFolder(found);
     }
+}
+
+void FolderPane::ShowBeside(QWidget& widget)
+{
+    m_pLayout->addWidget(&widget, 0, 1);
+    m_pLayout->setColumnStretch(1, 2);
 }
 
 void FolderPane::MakeFolder()

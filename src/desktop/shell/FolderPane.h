@@ -6,6 +6,7 @@
 #include <QWidget>
 #include <string>
 
+class QGridLayout;
 class QPushButton;
 
 namespace desktop {
@@ -26,6 +27,9 @@ public:
     /// happens for what is no full path.
     void Select(const std::string& sPath);
 
+    /// Gives a widget the room beside the tree.
+    void ShowBeside(QWidget& widget);
+
     [[nodiscard]] FolderView& View() { return *m_pView; }
 
     /// Asks for a name and makes the folder in the selected one. Says why if that cannot be done.
@@ -34,6 +38,7 @@ public:
 private:
     void MakeFolder();
 
+    QGridLayout* m_pLayout;
     FolderModel m_model;
     FolderView* m_pView;
     PathLabel* m_pPath;

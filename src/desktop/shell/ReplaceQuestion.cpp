@@ -63,10 +63,11 @@ ReplaceQuestion::ReplaceQuestion(QWidget* pOwner, const tFileFacts& source, cons
       m_pForAll(new QCheckBox(QStringLiteral("Do the same for &all further files")))
 {
     m_pForAll->setObjectName(QStringLiteral("forAll"));
-    auto* const pText =
-        Line(Breakable(QStringLiteral("A file named \u201c%1\u201d is already there. Replace it?%2")
-                           .arg(ShownText(target.sPath.substr(target.sPath.rfind('/') + 1)),
-                                QLatin1String(bIdentical ? "\nThe files are identical." : ""))));
+    auto* const pText = Line(Breakable(
+        QStringLiteral(
+            "A file named \u201c%1\u201d is already there. Replace it? It goes to the trash then.%2")
+            .arg(ShownText(target.sPath.substr(target.sPath.rfind('/') + 1)),
+                 QLatin1String(bIdentical ? "\nThe files are identical." : ""))));
     pText->setWordWrap(true);
     const QString sThere = QStringLiteral("File that is there");
     const QString sWouldReplace = QStringLiteral("File that would replace it");

@@ -121,14 +121,12 @@ SaveChooser::SaveChooser(const platform::OPENFILENAME& request)
         AddButton(*pButtons, QStringLiteral("&Save"), QDialogButtonBox::AcceptRole, QStringLiteral("save"));
     AddButton(*pButtons, QStringLiteral("Cancel"), QDialogButtonBox::RejectRole, QStringLiteral("cancel"));
 
-    auto* const pPlaces = new QHBoxLayout;
-    pPlaces->addWidget(m_pPane, 3);
-    pPlaces->addWidget(m_pFiles, 2);
+    m_pPane->ShowBeside(*m_pFiles);
     auto* const pAnswer = new QFormLayout;
     pAnswer->addRow(QStringLiteral("File &name:"), m_pName);
     pAnswer->addRow(QStringLiteral("Save as &type:"), m_pKind);
     auto* const pLayout = new QVBoxLayout(this);
-    pLayout->addLayout(pPlaces, 1);
+    pLayout->addWidget(m_pPane, 1);
     pLayout->addLayout(pAnswer);
     pLayout->addWidget(m_pFault);
     auto* const pBottom = new QHBoxLayout;
