@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Prints the speed of the CRC-32 loops and of libdeflate_crc32, and their ratios. Each loop takes its turn in
 // every round, so that what else the machine does meets them alike; what counts is the median of the rounds.
 

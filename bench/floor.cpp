@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The yardstick of bench/compare: the least that a search by content has to do. Threads list folders from one
 // stack; the files whose size another one has are then read and summed, folder by folder as they were found,
 // each thread taking the next few. It shows nothing, cannot be stopped, and holds files to be alike whose

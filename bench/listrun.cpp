@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How long a person waits for a list of very many rows: listrun [ROWS]. Each action is timed until the list
 // has been painted anew. Without a display it runs off screen.
 

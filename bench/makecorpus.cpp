@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Makes the folder trees that bench/compare and bench/growth measure. A tree depends on nothing but its
 // name and N, so figures taken on different machines are figures for the same files.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the file operations cost: the trash against bare calls of GIO, copying against cp.
 
 #include "FolderEntry.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One search over the folders named on the command line, without a window.
 
 #include "Escaped.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The comparison alone: a table of files that exist in memory only, in the shapes that are hard on a search.
 
 #include "HeadlessForms.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One figure of the program on its real windows, off the screen unless told otherwise by QT_QPA_PLATFORM:
 //   windowrun --search FOLDER   how long a search by content takes from the key to its end, how often the
 //                               progress window was painted meanwhile, and the longest time that the window

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A shortened path has the characters it is asked for, whole ones, of the right parts of the path.
 
 #include "Require.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Moments, their calendar fields, their date values and the texts made of them all mean the same moment.
 
 #include "FileTime.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What is shown of a name is harmless text that the name can be told from; and our view of UTF-8 is GLib's.
 
 #include "Escaped.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Names come back exactly from where the system keeps them: its tables, its links, its folders.
 
 #include "Require.h"

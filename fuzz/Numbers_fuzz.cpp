@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Grouped digits are the digits, in groups of the sizes asked for, and as the C library groups them.
 
 #include "Require.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A report has one line for each row, whatever the names, and each name can be told from its line.
 
 #include "FormMembers.h"

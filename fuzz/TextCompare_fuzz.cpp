@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Texts compare as letter case alone decides, and their classes are what comparing each with each gives.
 
 #include "Require.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every loop and every way of splitting the data comes to what a loop over single bits comes to.
 
 #include "Require.h"

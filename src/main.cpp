@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OperationThread.h"
 #include "Program.h"
 #include "SessionBus.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Long and hard use: soak [SECONDS [SEED]] makes random visits to the program's own forms, off screen where
 // there is no display, on random trees of files in a temporary folder, and checks after each step that the
 // search found what it had to, that no file was lost and none came out other than it was. Says how much

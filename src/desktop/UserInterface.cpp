@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "UserInterface.h"
 
 #include "OutlineStyle.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cProgressBar.h"
 
 #include "System.h"

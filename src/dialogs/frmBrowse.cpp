@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "frmBrowse.h"
 
 #include "FormDesign.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "frmProgress.h"
 
 #include "FormDesign.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mBrowseForFolder.h"
 
 #include "System.h"

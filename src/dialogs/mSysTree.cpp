@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mSysTree.h"
 
 #include "System.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SaveResults.h"
 #include "frmAbout.h"
 #include "frmMain.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MainForm.h"
 #include "frmMain.h"
 

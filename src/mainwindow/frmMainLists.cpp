@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "System.h"
 #include "Widgets.h"
 #include "frmBrowse.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "frmMain.h"
 
 // The menus and the toolbar: what is in them, and how a choice finds its command.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Launching.h"
 #include "cGroupRows.h"
 #include "frmMain.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mToolbar.h"
 
 #include "WindowManager.h"

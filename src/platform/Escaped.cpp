@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Escaped.h"
 
 #include "Utf8.h"

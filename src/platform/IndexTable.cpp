@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "IndexTable.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Toolbar.h"
 
 namespace platform {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Widgets.h"
 
 #include "System.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WindowManager.h"
 
 #include "System.h"

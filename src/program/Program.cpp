@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Program.h"
 
 #include "Main.h"

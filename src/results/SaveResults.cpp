@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SaveResults.h"
 
 #include "Escaped.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mAPIError.h"
 
 #include "Texts.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mFileDialog.h"
 
 #include "System.h"

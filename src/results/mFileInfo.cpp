@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mFileInfo.h"
 
 #include "System.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mFileOperation.h"
 
 #include "Escaped.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mListView.h"
 
 #include "WindowManager.h"

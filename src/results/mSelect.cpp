@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mSelect.h"
 
 #include "WindowManager.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cGroupRows.h"
 
 #include "FormMembers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cPairIndex.h"
 
 #include "IndexTable.h"

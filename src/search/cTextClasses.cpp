@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cTextClasses.h"
 
 namespace search {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mCRCKernels.h"
 
 // CRC-32 by carry-less multiplication, after V. Gopal, E. Ozturk and others, "Fast CRC Computation for

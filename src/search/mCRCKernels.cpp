@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mCRCKernels.h"
 
 namespace search {

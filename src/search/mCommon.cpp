@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mCommon.h"
 
 #include "FormMembers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mDataOperation.h"
 
 #include "FormMembers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mTextCompare.h"
 
 #include "Texts.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PosixFiles.h"
 
 #include "ScriptedSearch.h"

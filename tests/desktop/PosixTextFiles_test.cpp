@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PosixTextFiles.h"
 #include "TempTree.h"
 #include "Texts.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PosixVolumes.h"
 #include "RootFolders.h"
 #include "TempTree.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Answers.h"
 #include "FolderModel.h"
 #include "FolderView.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Forms as windows: what their widgets show and take.
 
 #include "Form.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Answers.h"
 #include "GioLauncher.h"
 #include "LaunchCode.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ListColors.h"
 #include "ShownList.h"
 

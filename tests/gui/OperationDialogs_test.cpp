@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Answers.h"
 #include "Form.h"
 #include "InputGate.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MainWindow.h"
 #include "Texts.h"
 #include "mFileDialog.h"

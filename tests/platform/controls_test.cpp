@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ListView.h"
 
 #include <gtest/gtest.h>

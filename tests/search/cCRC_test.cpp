@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cCRC.h"
 
 #include "ScriptedFiles.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mCompactPath.h"
 
 #include <cstdint>

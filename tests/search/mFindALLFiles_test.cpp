@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mFindALLFiles.h"
 
 #include "ScriptedSearch.h"

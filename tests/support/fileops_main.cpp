@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A home of its own, so that no test comes near anybody's trash.
 
 #include "TempTree.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Stage.h"
 
 #include "Escaped.h"

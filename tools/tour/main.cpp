@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A visit to the program on its real windows: tour [--dark | --contrast] [--scale FACTOR] [--text FACTOR]
 // [FOLDER]. Writes a picture of each scene and a text of what the lists hold into FOLDER, or into a new
 // temporary folder that it names. Says which scene was not as it has to be, and then ends with 1. Runs off

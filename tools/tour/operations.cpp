@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The visit to the commands that act on results.
 
 #include "Stage.h"

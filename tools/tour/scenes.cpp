@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The visit while all goes well.
 
 #include "Main.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The visit where something is in the way.
 
 #include "Stage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ControlView.h"
 
 #include "Form.h"

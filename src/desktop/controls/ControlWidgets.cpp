@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ControlWidgets.h"
 
 #include "LabelWidget.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "DockedView.h"
 
 #include "Twips.h"

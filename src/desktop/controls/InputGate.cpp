@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "InputGate.h"
 
 #include "Form.h"

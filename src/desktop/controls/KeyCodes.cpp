@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "KeyCodes.h"
 
 #include "Widgets.h"

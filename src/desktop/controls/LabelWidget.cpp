@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LabelWidget.h"
 
 #include "ShownLines.h"

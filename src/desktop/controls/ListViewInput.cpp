@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the user does in a list: the mouse and the keys.
 
 #include "KeyCodes.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ListViewWidget.h"
 
 #include "ListColors.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MarkDelegate.h"
 
 #include "ListColors.h"

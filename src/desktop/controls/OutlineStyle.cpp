@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OutlineStyle.h"
 
 #include <QPainter>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QtWindows.h"
 
 #include "Breakable.h"

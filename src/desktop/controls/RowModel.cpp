@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RowModel.h"
 
 #include "AlignmentOf.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RowPicking.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RowSelection.h"
 
 #include "RowModel.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ShownLines.h"
 
 #include "ShownText.h"

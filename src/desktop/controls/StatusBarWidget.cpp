@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StatusBarWidget.h"
 
 #include "AlignmentOf.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ToolbarWidget.h"
 
 #include "Pictures.h"

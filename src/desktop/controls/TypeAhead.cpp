@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TypeAhead.h"
 
 #include "ShownText.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WidgetOf.h"
 
 #include <unordered_map>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FileCopier.h"
 
 #include "Reasons.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FileTransfer.h"
 
 #include "FileCopier.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Metadata.h"
 
 #include "AccessList.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OperationPlan.h"
 
 #include "FolderEntry.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Reasons.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ShellFileOperations.h"
 
 #include "EndSignals.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TargetFolders.h"
 
 #include "Reasons.h"

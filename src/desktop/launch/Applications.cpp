@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Applications.h"
 
 #include "FileKind.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FileKind.h"
 
 #include "GPointers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FileManager.h"
 
 #include "FileKind.h"

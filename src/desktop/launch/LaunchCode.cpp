@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LaunchCode.h"
 
 #include "Texts.h"

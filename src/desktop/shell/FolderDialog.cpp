@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FolderDialog.h"
 
 #include "Twips.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FolderModel.h"
 
 #include "Escaped.h"

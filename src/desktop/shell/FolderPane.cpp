@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FolderPane.h"
 
 #include "PathLabel.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FolderView.h"
 
 #include "CanonicalPath.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "GioLauncher.h"
 
 #include "Applications.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OutcomeSummary.h"
 
 #include "ShownText.h"

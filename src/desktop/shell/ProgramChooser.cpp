@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ProgramChooser.h"
 
 #include "Breakable.h"

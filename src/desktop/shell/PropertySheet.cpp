@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PropertySheet.h"
 
 #include "FileKind.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QtOperationDialogs.h"
 
 #include "ConfirmationBox.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QtShell.h"
 
 #include "FolderDialog.h"

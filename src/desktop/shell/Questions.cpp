@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Questions.h"
 
 #include "Breakable.h"

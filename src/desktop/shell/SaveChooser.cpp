@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SaveChooser.h"
 
 #include "CanonicalPath.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ShellDialog.h"
 
 #include "PointerAtRest.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SizeText.h"
 
 #include "Texts.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CanonicalPath.h"
 
 #include <cstdlib>

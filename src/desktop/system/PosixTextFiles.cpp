@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PosixTextFiles.h"
 
 #include "Retried.h"

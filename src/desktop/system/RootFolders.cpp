@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RootFolders.h"
 
 #include "Escaped.h"

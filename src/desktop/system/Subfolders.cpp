@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Subfolders.h"
 
 #include <cstring>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Launching.h"
 #include "Texts.h"
 #include "Utf8.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Unescaped.h"
 
 #include <charconv>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "VolumeLabel.h"
 
 #include "Descriptor.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OperationThread.h"
 #include "Operations.h"
 
