@@ -75,12 +75,17 @@ void ScanFolders(platform::SearchReading& reading)
     progress.lblStatus.SetCaption("Comparing...");
 }
 
-/// The end of a search, cancelled or not.
-void EndSearch()
+/// The end of a search, cancelled or not. One that memory ran out for is not to be taken for a whole one.
+void EndSearch(bool bWhole)
 {
     frmMain().StatusBar1.Panels(2).SetText(std::to_string(frmMain().lvFiles.ListItems.Count()));
     SetWorking(false);
     frmProgress().Unload();
+    if (!bWhole) {
+        platform::Messages().Show("There is not enough memory to search all of these folders. The list shows "
+                                  "what had been found by then.",
+                                  platform::MessageIcon::Exclamation);
+    }
 }
 
 /// How an entry is read, by whoever reads it.
@@ -271,11 +276,12 @@ private:
     platform::StoredText m_sShownPath; ///< the folder on the label; none at the start
 };
 
-/// Scans and compares, by the key that `keyOf` names once the scan is over.
+/// Scans and compares, by the key that `keyOf` names once the scan is over. False if memory has run out.
 template <typename KeyOf>
-void Search(KeyOf keyOf)
+bool Search(KeyOf keyOf)
 {
     cGroupRows rows;
+    bool bWhole = true;
     try {
         const auto reading = BeginReading();
         ScanFolders(*reading);
@@ -284,8 +290,10 @@ void Search(KeyOf keyOf)
         // What has been found so far stays. The table, which is of no more use, makes room for what follows.
         FileCount = 0;
         FileList.Clear();
+        bWhole = false;
     }
     rows.CloseGroup();
+    return bWhole;
 }
 
 } // namespace
@@ -304,7 +312,7 @@ void FindDuplicatesByName()
     if (!BeginSearch()) {
         return;
     }
-    Search([] {
+    const bool bWhole = Search([] {
         const bool bNameSize = frmMain().mnuOptionsSearchNameSize.Checked();
         frmMain().RowsComparedBy = bNameSize ? platform::ComparedBy::NameAndSize : platform::ComparedBy::Name;
         return bNameSize ? PairKey::NameAndSize : PairKey::Name;
@@ -315,7 +323,7 @@ void FindDuplicatesByName()
     if (auto item = list.SelectedItem()) {
         item->SetSelected(true);
     }
-    EndSearch();
+    EndSearch(bWhole);
 }
 
 void FindDuplicatesByContent()
@@ -324,8 +332,7 @@ void FindDuplicatesByContent()
         return;
     }
     frmMain().RowsComparedBy = platform::ComparedBy::Content;
-    Search([] { return PairKey::Size; });
-    EndSearch();
+    EndSearch(Search([] { return PairKey::Size; }));
 }
 
 cCRC& oCRC()

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <new>
 #include <random>
 
 namespace {
@@ -66,6 +67,24 @@ TEST(Search, DoesAllOnTheFormsInItsOrder)
             EXPECT_TRUE(search::bStopped);
         }
     }
+}
+
+TEST(Search, WithoutMemoryKeepsWhatItHasFoundAndSaysSo)
+{
+    ScriptedSearch world;
+    world.AddFolder("/a");
+    for (std::size_t n = 0; n < 40; ++n) {
+        AddFile(world, "/a/", std::to_string(n), std::string(1 + n / 2, 'x'));
+    }
+    auto& rows = world.lvFiles.ListItems;
+    world.files.nSeed = 1;
+    world.files.onLate = [&] { rows.Count() < 2 ? void() : throw std::bad_alloc(); };
+    Search(world, PairKey::Size);
+    EXPECT_GE(rows.Count(), 2U);
+    EXPECT_LT(rows.Count(), 40U);
+    EXPECT_TRUE(world.sCalls.find("panel Done; on; unload; message There is not enough memory") !=
+                std::string::npos)
+        << world.sCalls;
 }
 
 TEST(Search, LooksAtFewPairsWhateverTheFilesAreLike)
