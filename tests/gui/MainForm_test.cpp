@@ -105,6 +105,22 @@ TEST_F(Accessibility, EverythingHasItsName)
     EXPECT_EQ(QApplication::layoutDirection(), Qt::LeftToRight) << "whatever the desktop's language";
 }
 
+TEST_F(Accessibility, ColumnHeadersCanBePressed)
+{
+    for (const char* const pFolder : {"/a", "/b"}) {
+        main.lvFolders.ListItems.Add(pFolder, pFolder, 1);
+    }
+    QAccessibleInterface* const pList = QAccessible::queryAccessibleInterface(WidgetOf(&main.lvFolders));
+    QAccessibleInterface* const pHeader = pList->child(0);
+    ASSERT_TRUE(pHeader != nullptr && pHeader->actionInterface() != nullptr);
+    EXPECT_EQ(pHeader->parent(), pList);
+    EXPECT_EQ(pList->indexOfChild(pHeader), 0);
+    const QPoint middle = pHeader->rect().center();
+    EXPECT_EQ(pList->childAt(middle.x(), middle.y()), pHeader);
+    pHeader->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(main.lvFolders.ListItems(1).Key(), "/b"); // the first press sorts downwards
+}
+
 TEST_F(Accessibility, TheMenuKeyOpensTheMenuAtItsFirstCommand)
 {
     WidgetOf(&main.lvFiles)->setFocus();

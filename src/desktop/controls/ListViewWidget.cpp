@@ -2,6 +2,7 @@
 #include "ListViewWidget.h"
 
 #include "ListColors.h"
+#include "SpokenHeader.h"
 #include "Twips.h"
 
 #include <QApplication>
@@ -59,6 +60,7 @@ void ListViewWidget::SetUpHeader()
     header()->setSectionsClickable(true);
     header()->setHighlightSections(false);
     header()->setMinimumSectionSize(0);
+    GivePressableHeader(*this);
     connect(header(), &QHeaderView::sectionClicked, this, [this] {
         if (m_list.ColumnClick) {
             m_list.ColumnClick();

@@ -167,15 +167,15 @@ TEST_F(SearchWorkers, MeetWhatOthersDoMeanwhileAsTheComparisonAloneDoes)
         {"it vanishes while its folder is listed", disk::Call::List, "d",
          [](const fs::path&, const fs::path& file) { fs::remove(file); }},
     };
-    for (const auto& [pWhat, call, pName, change] : cases) {
-        SCOPED_TRACE(pWhat);
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.pWhat);
         const auto outcome = [&](bool bLiteral) {
             const support::TempTree place;
             for (const char* pFile : {"d/a", "d/b", "d/c", "d/other", "z"}) {
                 place.File(pFile, pFile == std::string("d/other") ? "unlike" : "like it");
             }
-            disk::Arm(call, pName, [&, done = std::make_shared<std::once_flag>()] {
-                std::call_once(*done, [&] { change(place.sRoot + "/d", place.sRoot + "/d/b"); });
+            disk::Arm(each.call, each.pName, [&, done = std::make_shared<std::once_flag>()] {
+                std::call_once(*done, [&] { each.change(place.sRoot + "/d", place.sRoot + "/d/b"); });
             });
             Search(tree.sRoot); // nothing: the world starts over
             world.lvFolders.ListItems.Clear();
