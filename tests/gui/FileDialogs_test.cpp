@@ -130,6 +130,18 @@ TEST_F(FileDialogs, SelectWhatIsPastedOrDroppedAndWhatIsClosed)
     EXPECT_EQ(selected(), tree.sRoot + "/alpha") << "what is hidden is not selected";
 }
 
+TEST_F(FileDialogs, ShowFoldersWithNoneInThem)
+{
+    desktop::FolderModel model({{tree.sRoot + "/alpha/inner/most", "home"}, {tree.sRoot + "/x.y", "other"}});
+    desktop::FolderView view(model);
+    view.setCurrentIndex(model.index(0, 0));
+    view.expand(view.currentIndex());
+    view.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+    view.grab();
+    EXPECT_FALSE(view.visualRect(model.index(1, 0)).isEmpty());
+}
+
 TEST_F(FileDialogs, WidenTheTreeForTheRowsInSight)
 {
     for (std::size_t n = 0; n < 40; ++n) {

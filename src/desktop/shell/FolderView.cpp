@@ -26,10 +26,10 @@ void AcceptAsCopy(QDropEvent& event, bool bAccept)
 
 FolderView::FolderView(FolderModel& model) : m_model(model)
 {
-    setModel(&model);
+    setUniformRowHeights(true); // else each row of a large folder is measured
+    setModel(&model);           // behind that: the toolkit's 6.8 shows no rows at first the other way round
     setAccessibleName(QStringLiteral("Folders"));
     setHeaderHidden(true);
-    setUniformRowHeights(true); // else each row of a large folder is measured
     header()->setStretchLastSection(true);
     header()->setMinimumSectionSize(0);
     header()->setResizeContentsPrecision(0); // the rows in sight
@@ -40,6 +40,11 @@ FolderView::FolderView(FolderModel& model) : m_model(model)
         LookIntoVisible();
     });
     connect(this, &QTreeView::collapsed, this, &FolderView::Closed);
+    connect(this, &QTreeView::expanded, this, [this](const QModelIndex& folder) {
+        if (!m_model.hasChildren(folder)) {
+            scheduleDelayedItemsLayout(); // there is nothing to open, so its arrow goes
+        }
+    });
 }
 
 void FolderView::ShowFolder(const QModelIndex& folder)
