@@ -219,9 +219,15 @@ void FormWindow::FocusMoved(const QWidget* pNow)
 void FormWindow::changeEvent(QEvent* pEvent)
 {
     QWidget::changeEvent(pEvent);
-    if (pEvent->type() == QEvent::WindowStateChange) {
-        TellSize();
+    if (pEvent->type() != QEvent::WindowStateChange) {
+        return;
     }
+    if (m_pForm != nullptr && !m_pForm->design.bSizable &&
+        StateOf(*this) == platform::WindowState::Maximized) {
+        showNormal(); // not every system keeps to what the window says of its size
+        return;
+    }
+    TellSize();
 }
 
 void FormWindow::closeEvent(QCloseEvent* pEvent)
@@ -257,6 +263,11 @@ void FormWindow::paintEvent(QPaintEvent* pEvent)
     if (m_bFrameUnknown && windowHandle()->isExposed()) {
         m_bFrameUnknown = false;
         QMetaObject::invokeMethod(this, &FormWindow::FitWithFrame, Qt::QueuedConnection);
+        // A window manager that is busy puts its frame around it a moment later, and says so nowhere.
+        constexpr std::chrono::milliseconds kMoment{150};
+        if (windowHandle()->frameMargins().isNull()) {
+            QTimer::singleShot(kMoment, this, &FormWindow::FitWithFrame);
+        }
     }
 }
 

@@ -10,6 +10,9 @@ namespace {
 /// Below this lightness, of 255, a darker tone cannot be told from the colour itself.
 constexpr int kDarkest = 16;
 
+/// Menus lie on lists, from whose background that of a dark desktop differs by hardly more than that.
+constexpr int kDarkestMenu = 64;
+
 bool NeedsOutline(QStyle::PrimitiveElement element, const QStyleOption& option)
 {
     switch (element) {
@@ -34,13 +37,25 @@ void OutlineStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* p
                                  const QWidget* pWidget) const
 {
     QProxyStyle::drawPrimitive(element, pOption, pPainter, pWidget);
-    if (NeedsOutline(element, *pOption) && pOption->palette.window().color().lightness() < kDarkest) {
+    const int nLightness = pOption->palette.window().color().lightness();
+    const bool bMenu = element == PE_PanelMenu;
+    if (NeedsOutline(element, *pOption) && nLightness < (bMenu ? kDarkestMenu : kDarkest)) {
         pPainter->save();
-        pPainter->setPen(pOption->palette.color(QPalette::WindowText));
+        pPainter->setPen(
+            pOption->palette.color(nLightness < kDarkest ? QPalette::WindowText : QPalette::PlaceholderText));
         pPainter->setBrush(Qt::NoBrush);
         pPainter->drawRect(pOption->rect.adjusted(0, 0, -1, -1));
         pPainter->restore();
     }
+}
+
+int OutlineStyle::styleHint(StyleHint hint, const QStyleOption* pOption, const QWidget* pWidget,
+                            QStyleHintReturn* pReturn) const
+{
+    // Else those of the toolkit's own boxes alone would have some.
+    return hint == SH_DialogButtonBox_ButtonsHaveIcons
+               ? 0
+               : QProxyStyle::styleHint(hint, pOption, pWidget, pReturn);
 }
 
 } // namespace desktop

@@ -2,6 +2,7 @@
 #include "PictureBoxView.h"
 
 #include "KeyCodes.h"
+#include "ListColors.h"
 #include "SpokenRole.h"
 #include "Twips.h"
 
@@ -16,13 +17,28 @@ namespace {
 /// The height at which a bar can be caught without aiming at it, in twips.
 constexpr float kBarHeight = 90;
 
-QPalette::ColorRole Role(platform::SystemColor color)
+/// What shows best on a list: some dark desktops have all shadows in nearly the colour of their lists.
+QPalette::ColorRole Shadow(const QPalette& palette)
+{
+    constexpr double kVisible = 1.5;
+    const auto contrast = [&](QPalette::ColorRole role) {
+        return Contrast(palette.color(role), palette.color(QPalette::Base));
+    };
+    for (const auto role : {QPalette::Dark, QPalette::Mid, QPalette::Light}) {
+        if (contrast(role) >= kVisible) {
+            return role;
+        }
+    }
+    return QPalette::Text;
+}
+
+QPalette::ColorRole Role(const QPalette& palette, platform::SystemColor color)
 {
     switch (color) {
     case platform::SystemColor::WindowBackground:
         return QPalette::Base;
     case platform::SystemColor::ButtonShadow:
-        return QPalette::Dark;
+        return Shadow(palette);
     case platform::SystemColor::InfoBackground:
         return QPalette::ToolTipBase;
     case platform::SystemColor::ButtonFace:
@@ -44,7 +60,7 @@ PictureBoxView::PictureBoxView(const platform::Form& form, platform::PictureBox&
 
 void PictureBoxView::Follow()
 {
-    Widget().setBackgroundRole(Role(m_box.BackColor()));
+    Widget().setBackgroundRole(Role(Widget().palette(), m_box.BackColor()));
     Widget().setCursor(m_box.SizesNorthSouth() ? Qt::SplitVCursor : Qt::ArrowCursor);
     ControlView::Follow();
 }
