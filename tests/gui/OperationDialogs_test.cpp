@@ -187,8 +187,12 @@ TEST_F(OperationDialogs, SayAtTheEndWhatWasNotDone)
         desktop::tOperationOutcome outcome;
         const char* pText;
     } cases[] = {
-        {0, {8'999, false, one}, "1 of 9000 files was not moved to the trash:"},
-        {1, {9'000, false, one}, "1 of 9001 files was not moved to the trash:"},
+        {0,
+         {8'999, false, one},
+         "8999 of 9000 files were moved to the trash.\n1 of 9000 files was not moved to the trash:"},
+        {1,
+         {9'000, false, one},
+         "9000 of 9001 files were moved to the trash.\n1 of 9001 files was not moved to the trash:"},
         {0, {7, true, {}}, "You cancelled. 7 of 9000 files were moved to the trash before."},
         {0, {0, false, {9'000, {"/x", "Why."}}}, "9000 files were not moved to the trash:"},
         {0,

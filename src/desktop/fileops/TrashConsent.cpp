@@ -45,13 +45,14 @@ bool TrashConsent::Look(tOperationPlan& plan, platform::tFileGroups groups, Held
     if (!plan.inTrash.empty()) {
         m_cannotGo.push_back({Concern::InTrash, plan.inTrash});
     }
-    TakeOutWhatHasNoTrash(folders);
+    TakeOutWhatHasNoTrash(folders, groups);
     m_staying.emplace(std::move(groups), plan.files, folders);
     return m_staying->Look(goOn);
 }
 
-/// Whether a volume has a trash is found out once, not for each of its files.
-void TrashConsent::TakeOutWhatHasNoTrash(HeldFolders& folders)
+/// Whether a volume has a trash is found out once, not for each of its files. What has none is one of those
+/// that stay in its group.
+void TrashConsent::TakeOutWhatHasNoTrash(HeldFolders& folders, platform::tFileGroups& groups)
 {
     TrashFolders trashes;
     std::unordered_map<const HeldFolder*, std::string> reasons; // empty: there is one
@@ -73,6 +74,10 @@ void TrashConsent::TakeOutWhatHasNoTrash(HeldFolders& folders)
         ++m_pPlan->operation.nMissing;
         m_pPlan->operation.cyTotal -= file.identity.cySize;
         byVolume[trashes.VolumeOf(pFolder->Path())].push_back(file.sPath);
+        if (file.nAsked < groups.files.size() && groups.files[file.nAsked]) {
+            const auto& row = *groups.files[file.nAsked];
+            groups.groups[row.nGroup].push_back(row.shown);
+        }
         m_pPlan->notDone.push_back({std::move(file.sPath), reason->second});
     }
     m_pPlan->files = std::move(files);

@@ -36,7 +36,7 @@ public:
     [[nodiscard]] std::vector<tStayingCopy> ToCompare(std::size_t nFile, Consent consent) const;
 
 private:
-    void TakeOutWhatHasNoTrash(HeldFolders& folders);
+    void TakeOutWhatHasNoTrash(HeldFolders& folders, platform::tFileGroups& groups);
 
     tOperationPlan* m_pPlan = nullptr; ///< from Look on
     std::optional<StayingCopies> m_staying;

@@ -45,13 +45,12 @@ QString Share(std::size_t nPart, std::size_t nAll)
 QString Sentences(const tOperation& operation, const tOperationOutcome& outcome)
 {
     const std::size_t nAll = operation.nFiles + operation.nMissing;
-    const bool bAnySettled = outcome.nSkipped > 0 || outcome.nReplaced > 0;
     const QString sShare =
         QStringLiteral("%1 %2").arg(Share(outcome.nFilesDone, nAll), Done(operation.operation));
     QStringList sentences;
     if (outcome.bCancelled) {
         sentences << QStringLiteral("You cancelled. %1 before.").arg(sShare);
-    } else if (bAnySettled) {
+    } else if (outcome.nFilesDone > 0) {
         sentences << sShare + QLatin1Char('.');
     }
     if (outcome.nReplaced > 0) {
@@ -157,7 +156,7 @@ OutcomeSummary::OutcomeSummary(QWidget* pOwner, const tOperation& operation, con
         pList->setReadOnly(true);
         pList->setTabChangesFocus(true);
         pLayout->addWidget(pList, 1);
-        QPushButton* const pCopy = AddButton(*pButtons, QStringLiteral("C&opy All"),
+        QPushButton* const pCopy = AddButton(*pButtons, QStringLiteral("C&opy Text"),
                                              QDialogButtonBox::ActionRole, QStringLiteral("copy"));
         pCopy->setAutoDefault(false);
         connect(pCopy, &QPushButton::clicked, this,
