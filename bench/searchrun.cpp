@@ -124,7 +124,6 @@ void PrintRows(platform::ListItems& rows)
         std::cout << platform::Escaped(rows(n).Key()) << '\n';
         std::cout << (rows(n).SmallIcon() == search::kMarkLast ? "\n" : "");
     }
-    std::cout.flush();
 }
 
 bool WriteRows(const std::string& sFile, platform::ListItems& rows)
@@ -188,6 +187,11 @@ int main(int argc, char** argv)
                 usage.ru_maxrss);
     if (!options.sRowsFile.empty() && !WriteRows(options.sRowsFile, rows)) {
         std::cerr << "searchrun: cannot write " << options.sRowsFile << '\n';
+        return kFolderFailed;
+    }
+    // A list that is cut short is none to act upon.
+    if (!std::cout.flush() || std::fflush(stdout) != 0) {
+        std::cerr << "searchrun: cannot write to the standard output\n";
         return kFolderFailed;
     }
     return bAllFolders ? 0 : kFolderFailed;

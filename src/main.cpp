@@ -3,12 +3,37 @@
 #include "Program.h"
 #include "SessionBus.h"
 
+#include <algorithm>
 #include <csignal>
+#include <cstddef>
 #include <cstdio>
+#include <cstdlib>
+#include <span>
+#include <string_view>
 #include <unistd.h>
+
+namespace {
+
+/// True if something says where to show a window. Without that the toolkit aborts.
+bool HasDisplay(std::span<char* const> arguments)
+{
+    const auto isSet = [](const char* pName) {
+        const char* const pValue = std::getenv(pName);
+        return pValue != nullptr && *pValue != '\0';
+    };
+    const auto isPlatform = [](std::string_view sArgument) { return sArgument.ends_with("-platform"); };
+    return isSet("DISPLAY") || isSet("WAYLAND_DISPLAY") || isSet("QT_QPA_PLATFORM") ||
+           std::any_of(arguments.begin(), arguments.end(), isPlatform);
+}
+
+} // namespace
 
 int main(int argc, char* argv[])
 {
+    if (!HasDisplay({argv, static_cast<std::size_t>(argc)})) {
+        std::fputs("tallyfen: there is no display for its window.\n", stderr);
+        return EXIT_FAILURE;
+    }
     // A file that may not grow any further is a failed write like any other, not the end of the program.
     std::signal(SIGXFSZ, SIG_IGN);
     // Nor is somebody who opens a file that a lease is being asked for.

@@ -34,6 +34,7 @@ for name in a10.txt .a.txt a2.txt 'a - Copy.txt' 'a (1).txt' a.txt; do printf sa
 "$run" --hidden --rows "$tree/rows" "$tree/order" >/dev/null
 expect 'the original first' 'a.txt a (1).txt a - Copy.txt a2.txt a10.txt .a.txt' \
     "$(tr '\0' '\n' <"$tree/rows" | sed 's|.*/||' | paste -sd ' ')"
+"$run" --print "$tree/order" >/dev/full 2>&1 && expect 'a list cut short' failure success
 # Names that would turn the direction of a line, end it, or command the terminal.
 bidi=$(printf 'a\342\200\256b') c1=$(printf 'c\302\233d')
 mkdir "$tree/shown"
