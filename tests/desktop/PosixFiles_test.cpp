@@ -132,11 +132,13 @@ TEST_F(PosixFiles, OpenRegularFilesOnlyAndCreateWhatHasGone)
         EXPECT_EQ(files.FileLength(h), -1) << sPath;
         files.CloseHandle(h);
     }
+    fs::permissions(tree.sRoot, fs::perms(0555));
     {
         const support::Unprivileged user;
         EXPECT_EQ(LengthOf(sLocked), -1);
         EXPECT_EQ(LengthOf(sGone), -1);
     }
+    fs::permissions(tree.sRoot, fs::perms(0755));
     EXPECT_FALSE(files.PathFound(sGone));
     EXPECT_EQ(LengthOf(sGone), 0);
     EXPECT_TRUE(files.PathFound(sGone) && files.PathFound(tree.sRoot + "/link"));

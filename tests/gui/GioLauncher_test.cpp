@@ -252,11 +252,11 @@ TEST_F(Launching, LetsTheUserChooseAProgram)
 TEST_F(Launching, ShowsPropertiesInASheetOfItsOwn)
 {
     const std::string sFile = tree.File("<i>\n\xFF.txt", "before");
-    chmod(sFile.c_str(), 04640);
     const std::string sOther = tree.File("other/<i>\n\xFF.txt");
     ASSERT_TRUE(ShowProperties(Quoted(sFile)));
     ASSERT_TRUE(ShowProperties(Quoted(sOther)));
     tree.File("<i>\n\xFF.txt", std::string(12'345, 'x'));
+    chmod(sFile.c_str(), 04640);
     ASSERT_TRUE(ShowProperties(Quoted(sFile)));
     const auto sheets = desktop::StandingWindow::All();
     ASSERT_EQ(sheets.size(), 2U) << "the one that is open shows what is new";
