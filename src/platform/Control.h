@@ -10,14 +10,14 @@ namespace platform {
 
 class Control;
 
-/// A window of the system as the program names it: the control or form that stands for it, or null.
+/// A window as the native API names it: the control or form behind it, or null.
 using WindowHandle = Control*;
 
-/// What carries out the messages that are sent to a window.
+/// Handles the messages sent to a window.
 using WindowProcedure = long (*)(WindowHandle hWnd, unsigned uMsg, long wParam, long lParam);
 
-/// A place on a form in twips, 1440 to the inch and usually 15 to the logical pixel, from the upper left
-/// corner of the inside of what holds the control.
+/// Position and size of a control on its form, in twips: 1440 to the inch, usually 15 to the logical pixel.
+/// The origin is the upper left corner of the client area of the parent.
 struct tPlace {
     float Left = 0;
     float Top = 0;
@@ -25,10 +25,10 @@ struct tPlace {
     float Height = 0;
 };
 
-/// Where a text stands in its field.
+/// How a text is aligned in its field.
 enum class Alignment { Left, Right, Center };
 
-/// The system's colours that the program asks for.
+/// The system colours that the program uses.
 enum class SystemColor : std::uint32_t {
     WindowBackground = 0x80000005,
     ButtonFace = 0x8000000F,
@@ -36,7 +36,7 @@ enum class SystemColor : std::uint32_t {
     InfoBackground = 0x80000018
 };
 
-/// Whoever shows a control and wants to hear when its state has changed.
+/// Gets notified when the state of a control has changed. Implemented by whatever displays the control.
 class ControlObserver
 {
 public:
@@ -44,7 +44,7 @@ public:
     virtual void ControlChanged(Control& control) = 0;
 };
 
-/// What all controls share: plain state that tells at most one observer of each change.
+/// Base of all controls: plain state that notifies at most one observer of each change.
 class Control
 {
 public:
@@ -55,10 +55,10 @@ public:
 
     WindowHandle hWnd() { return this; }
 
-    /// What the control is called for those who hear it; empty where a text of its own says it.
+    /// The accessible name of the control; empty if its own text says it.
     std::string sSpokenName;
 
-    /// The name of the control's class as the system's window functions know it; empty if nobody asks.
+    /// The window class of the control, as the window functions know it; empty if it is never looked up.
     [[nodiscard]] virtual std::string_view ClassName() const { return {}; }
 
     [[nodiscard]] float Left() const { return m_place.Left; }
@@ -68,7 +68,7 @@ public:
     void SetLeft(float New_Left) { Change(m_place.Left, New_Left); }
     void SetTop(float New_Top) { Change(m_place.Top, New_Top); }
 
-    /// A size below 0 is refused: false, and the control keeps the one it has.
+    /// A negative size is refused: returns false and the size stays as it was.
     bool SetWidth(float New_Width) { return SetSize(m_place.Width, New_Width); }
     bool SetHeight(float New_Height) { return SetSize(m_place.Height, New_Height); }
 
@@ -78,29 +78,31 @@ public:
     [[nodiscard]] bool Visible() const { return m_bVisible; }
     void SetVisible(bool New_Visible) { Change(m_bVisible, New_Visible); }
 
-    /// A control that is not enabled takes no input.
+    /// A disabled control takes no input.
     [[nodiscard]] bool Enabled() const { return m_bEnabled; }
     void SetEnabled(bool New_Enabled) { Change(m_bEnabled, New_Enabled); }
 
-    /// What holds the control, or null; and the controls that it holds, in the order in which they came.
+    /// The control that contains this one, or null; and the controls it contains, in the order in which they
+    /// were added.
     [[nodiscard]] Control* Parent() const { return m_pParent; }
     [[nodiscard]] const std::vector<Control*>& Children() const { return m_children; }
 
-    /// Moves the control into `pParent`, or out of any with null. Neither owns the other: who ends takes
-    /// itself out first.
+    /// Moves the control into `pParent`, or out of its parent with null. Neither owns the other; a control
+    /// that is destroyed detaches itself first.
     void SetParent(Control* pParent);
 
-    /// Carries out a message of the system; 0 for one that means nothing to the control.
+    /// Handles a window message. Returns 0 for a message that the control does not know.
     virtual long Message(unsigned nMessage, long wParam, long lParam);
 
-    /// The same for a message that carries a text.
+    /// The same for a message with a text.
     virtual long TextMessage(unsigned nMessage, long wParam, const std::string& sText);
 
-    /// Where messages sent to the control go: to `Message`, unless the program has put itself in front.
+    /// The procedure that gets the messages for this control: `Message` by default, or the one that the
+    /// program has installed in its place.
     [[nodiscard]] WindowProcedure Procedure() const { return m_procedure; }
     void SetProcedure(WindowProcedure New_Procedure) { m_procedure = New_Procedure; }
 
-    /// The observer is not owned and must outlive the control or be taken off with null.
+    /// The observer is not owned. It must outlive the control or be removed with null.
     void Observe(ControlObserver* pObserver) { m_pObserver = pObserver; }
 
 protected:
@@ -111,7 +113,7 @@ protected:
         }
     }
 
-    /// Gives a member a new value, and tells of it where it differs from the old one.
+    /// Assigns a member, and notifies the observer if the value differs from the old one.
     template <typename T, typename U>
     void Change(T& member, const U& value)
     {

@@ -11,10 +11,10 @@
 namespace platform {
 namespace {
 
-/// The number of a valid character.
+/// The code point of a valid character.
 std::uint32_t CodePoint(std::string_view sChar)
 {
-    // The first byte of n tells n by its high bits; each byte behind it has 6 bits of the number.
+    // The leading byte holds the length in its high bits; each continuation byte adds 6 bits.
     auto nCode = static_cast<std::uint32_t>(static_cast<unsigned char>(sChar[0]));
     nCode &= sChar.size() == 1 ? 0x7FU : 0xFFU >> (sChar.size() + 1);
     for (const char c : sChar.substr(1)) {
@@ -23,8 +23,9 @@ std::uint32_t CodePoint(std::string_view sChar)
     return nCode;
 }
 
-/// The characters above ASCII that do not show, first and last of each range: some end a line, some turn its
-/// direction, some only make two names look the same. Joiners are none: words are written with them.
+/// Invisible characters above ASCII, as ranges with both ends included: some end a line, some change its
+/// direction, some only make two names look the same. Joiners are left out, since words are written with
+/// them.
 constexpr std::pair<std::uint32_t, std::uint32_t> kUnseen[] = {
     {0x80, 0x9F},     {0xAD, 0xAD},       {0x34F, 0x34F},     {0x61C, 0x61C},     {0x115F, 0x1160},
     {0x17B4, 0x17B5}, {0x180E, 0x180E},   {0x200B, 0x200B},   {0x200E, 0x200F},   {0x2028, 0x202E},
@@ -44,7 +45,7 @@ bool IsHexDigit(char c)
     return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
 }
 
-/// True if `sText` starts with what reads as an escape.
+/// True if `sText` starts with something that reads as an escape.
 bool ReadsAsEscape(std::string_view sText)
 {
     return sText.size() >= 4 && sText.starts_with("\\x") && IsHexDigit(sText[2]) && IsHexDigit(sText[3]);

@@ -6,9 +6,9 @@
 
 namespace platform {
 
-/// A name as it can be shown in one line: what is no valid UTF-8, or is a character that does not show but
-/// acts on the text around it, stands as its bytes, "\x0A", and so does a backslash that would read as one of
-/// these. So the name's bytes can be told from what is shown.
+/// A name in a form that can be shown on one line. Bytes that are not valid UTF-8 and invisible characters
+/// that affect the surrounding text are written as their bytes, "\x0A"; so is a backslash that would read as
+/// such an escape. The result can be mapped back to the bytes of the name.
 std::string Escaped(std::string_view sName);
 
 } // namespace platform

@@ -5,14 +5,14 @@
 
 namespace platform {
 
-/// The loop that delivers the user's input and brings changes to the screen.
+/// Delivers the user's input and updates the screen.
 class EventLoop
 {
 public:
     virtual ~EventLoop() = default;
 
-    /// Yields once for `nSteps` steps of the caller's loop, so that handlers of pending events can run.
-    /// A caller that passes over steps which do nothing yields for all of them at once.
+    /// Yields once for `nSteps` steps of the caller's loop, so that handlers of pending events can run. A
+    /// caller that skips steps without effect yields once for all of them.
     virtual void DoEvents(std::int64_t nSteps) = 0;
 };
 

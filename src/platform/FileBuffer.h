@@ -8,13 +8,13 @@
 
 namespace platform {
 
-/// Room for the bytes of one file at a time. The room is kept from file to file, what was in it is not: pages
-/// that the system has to provide and clear anew for every file cost more than reading the file. Few large
-/// ones are reached quicker than many small ones.
+/// A buffer for the contents of one file at a time. The memory is reused from file to file, the contents are
+/// not kept: pages that the system has to provide and clear for every file cost more than reading the file.
+/// It uses large pages where it can, since they are faster to access than many small ones.
 class FileBuffer
 {
 public:
-    /// Room for `nBytes` bytes, uninitialised, until the next call. Null if there is no memory.
+    /// Returns room for `nBytes` bytes, uninitialised and valid until the next call. Null if out of memory.
     std::uint8_t* Reserve(std::size_t nBytes);
 
 private:

@@ -7,7 +7,7 @@
 
 namespace platform {
 
-/// A moment split into its calendar fields (proleptic Gregorian calendar).
+/// A point in time split into calendar fields (proleptic Gregorian calendar).
 struct tSystemTime {
     int wYear = 0;
     int wMonth = 0; ///< 1 to 12
@@ -17,21 +17,21 @@ struct tSystemTime {
     int wSecond = 0;
 };
 
-/// Turns a moment in UTC into one in the user's local time, in place. False, with nothing changed, if the
+/// Converts a time from UTC to the user's local time, in place. Returns false and changes nothing if the
 /// calendar cannot express it.
 bool FileTimeToLocalFileTime(tFileTime& ftTime);
 
-/// Splits a moment, taking it as it stands. False if the calendar cannot express it: years 100 to 9999.
+/// Splits a time without converting it. Returns false if the calendar cannot express it: years 100 to 9999.
 bool FileTimeToSystemTime(const tFileTime& ftTime, tSystemTime& stTime);
 
-/// Both: a moment in UTC, split in the user's local time. Nothing if the calendar cannot express it.
+/// Both steps: converts a time from UTC to local time and splits it. Empty if the calendar cannot express it.
 std::optional<tSystemTime> LocalTime(tFileTime ftTime);
 
-/// The date value of a split moment: whole days since 30 December 1899, the fraction being the time of day
-/// (before that day the whole number is negative and the fraction counts away from 0).
+/// The date value of a split time: whole days since 30 December 1899, with the time of day as the fraction.
+/// For earlier dates the whole part is negative and the fraction counts away from 0.
 double DateValue(const tSystemTime& stTime);
 
-/// The split moment of a date value, to the second.
+/// The split time of a date value, to the second.
 tSystemTime SplitDateValue(double dtDate);
 
 } // namespace platform

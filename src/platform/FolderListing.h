@@ -9,36 +9,36 @@
 
 namespace platform {
 
-/// A moment in UTC: whole seconds since 1 January 1970, before it negative.
+/// A point in time in UTC: whole seconds since 1 January 1970, negative for earlier times.
 struct tFileTime {
     std::int64_t nSeconds = 0;
 };
 
-/// One entry of a folder: a regular file or a folder.
+/// An entry of a folder: a regular file or a subfolder.
 struct tFindData {
-    std::string_view cFileName; ///< the name's field as the system fills it: the name, then at least one NUL
+    std::string_view cFileName; ///< the name field as the system fills it: the name, followed by at least one
+                                ///< NUL
     bool bDirectory = false;
     bool bHidden = false;
     std::int64_t nFileSize = 0; ///< bytes; 0 for a folder
-    tFileTime ftLastWriteTime;  ///< not filled for a folder
+    tFileTime ftLastWriteTime;  ///< not set for a folder
 };
 
-/// What tells folders apart, whatever the paths that lead to them.
+/// Identifies a folder, whatever path leads to it.
 struct tFolderIdentity {
     std::uint64_t nDevice = 0; ///< the file system
-    std::uint64_t nNumber = 0; ///< the folder's number in it
-    std::uint64_t nMount = 0;  ///< the mount by which it was reached; 0 if the system does not say
+    std::uint64_t nNumber = 0; ///< the inode number of the folder
+    std::uint64_t nMount = 0;  ///< the mount through which it was reached; 0 if unknown
 };
 
-/// The entries of one folder, without "." and "..", in the order in which they were added until they are
-/// sorted
-/// (`SortListing`).
+/// The entries of one folder, without "." and "..", in the order in which they were added until `SortListing`
+/// sorts them.
 class FolderListing
 {
 public:
     void Clear();
 
-    /// Appends an entry; `cFileName` is copied, with its NUL.
+    /// Appends an entry; `cFileName` is copied, including its NUL.
     void Add(const tFindData& entry);
 
     [[nodiscard]] std::size_t Count() const { return m_entries.size(); }
@@ -47,10 +47,10 @@ public:
     [[nodiscard]] const tFolderIdentity& Identity() const { return m_identity; }
     void SetIdentity(const tFolderIdentity& New_Identity) { m_identity = New_Identity; }
 
-    /// Entry `n`, counted from 0. The name lives as long as the listing stays unchanged.
+    /// Entry `n`, counted from 0. Its name is valid as long as the listing does not change.
     [[nodiscard]] tFindData Entry(std::size_t n) const;
 
-    /// Puts entry `order[n]` at place `n`; `order` names each entry once.
+    /// Moves entry `order[n]` to index `n`; `order` names each entry once.
     void Reorder(const std::vector<std::uint32_t>& order);
 
 private:

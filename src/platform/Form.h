@@ -14,24 +14,24 @@ class MenuItem;
 
 enum class WindowState { Normal = 0, Minimized = 1, Maximized = 2 };
 
-/// How a form presents itself; fixed from its design on.
+/// The fixed appearance of a form.
 struct tFormDesign {
     std::string sCaption;
-    float ClientWidth = 0; ///< of the inside, in twips
+    float ClientWidth = 0; ///< of the client area, in twips
     float ClientHeight = 0;
-    bool bSizable = false;   ///< else a fixed dialog frame without minimise and maximise buttons
-    bool bControlBox = true; ///< false: nothing in the frame closes the form, and no key does
+    bool bSizable = false;   ///< otherwise a fixed dialog frame without minimise and maximise buttons
+    bool bControlBox = true; ///< false: neither the frame nor a key closes the form
     bool bShowInTaskbar = false;
-    bool bCenterOnScreen = false; ///< else on the owner
+    bool bCenterOnScreen = false; ///< otherwise on the owner
 };
 
-/// A window. While it is not enabled it takes no input and no control of it can get the focus.
+/// A window. While it is disabled it takes no input, and none of its controls can get the focus.
 class Form : public Control
 {
 public:
-    std::function<void()> Load;   ///< when the form is loaded, before it shows
-    std::function<void()> Unload; ///< before its window goes
-    std::function<void()> Resize; ///< when its inside has got a size, the first one included
+    std::function<void()> Load;   ///< when the form is loaded, before it is shown
+    std::function<void()> Unload; ///< before its window is closed
+    std::function<void()> Resize; ///< when the client area changes size, including the first time
 
     tFormDesign design;
 
@@ -41,34 +41,34 @@ public:
     /// The menus of the menu bar; not owned. Empty for a form without one.
     std::vector<MenuItem*> menus;
 
-    /// What Enter and Esc press, or null.
+    /// Pressed by Enter and Esc, or null.
     CommandButton* DefaultButton = nullptr;
     CommandButton* CancelButton = nullptr;
 
-    /// The size of the inside, in twips.
+    /// The size of the client area, in twips.
     [[nodiscard]] float ScaleWidth() const { return m_scaleWidth; }
     [[nodiscard]] float ScaleHeight() const { return m_scaleHeight; }
     [[nodiscard]] platform::WindowState WindowState() const { return m_windowState; }
 
-    /// Whoever shows the form tells it its size and its state, which runs `Resize`.
+    /// Called by the display code to report size and state of the window; runs `Resize`.
     void TellSize(float width, float height, platform::WindowState state);
 
     [[nodiscard]] bool Loaded() const { return m_bLoaded; }
 
-    /// Loads the form if it is not loaded, and shows it, owned by `pOwner` or by nobody. A modal form returns
+    /// Loads the form if needed and shows it, owned by `pOwner` if that is not null. A modal form returns
     /// only when it has been unloaded.
     void Show(bool bModal = false, Form* pOwner = nullptr);
 
-    /// Brings what has changed to the screen at once.
+    /// Repaints what has changed at once.
     void Refresh();
 
-    /// Runs `Unload` and takes the window down. Nothing happens if the form is not loaded.
+    /// Runs `Unload` and closes the window. Does nothing if the form is not loaded.
     void UnloadForm();
 
     /// The control that has the focus, or null.
     [[nodiscard]] Control* ActiveControl() const { return m_pActive; }
 
-    /// Gives `control` the focus; false if the form is not enabled.
+    /// Gives `control` the focus; false if the form is disabled.
     bool SetFocus(Control& control);
 
 private:

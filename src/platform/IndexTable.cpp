@@ -8,7 +8,7 @@
 namespace platform {
 namespace {
 
-/// Spreads every bit of a number over the whole result (the finalizer of SplitMix64).
+/// Spreads each bit of a number over the whole result (the finalizer of SplitMix64).
 std::uint64_t Mix(std::uint64_t n)
 {
     n ^= n >> 30;

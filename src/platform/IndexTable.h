@@ -8,8 +8,7 @@
 
 namespace platform {
 
-// Hashes differ from one run of the program to the next, so that nobody can name files such that all of them
-// have one hash.
+// Hashes are seeded in each run of the program, so that nobody can craft file names with equal hashes.
 
 /// A hash of the bytes of `sText`.
 std::uint64_t HashBytes(std::string_view sText);
@@ -17,15 +16,15 @@ std::uint64_t HashBytes(std::string_view sText);
 /// A hash of a pair of numbers.
 std::uint64_t HashNumbers(std::uint64_t nFirst, std::uint64_t nSecond);
 
-/// A hash table of numbers that stand for things kept elsewhere (rows, entries), at about 12 bytes each.
-/// The caller brings each thing's hash and the test whether a number is the thing looked for.
+/// A hash table of numbers that identify items kept elsewhere (rows, entries), at about 12 bytes each. The
+/// caller supplies the hash of each item and the predicate that recognises it.
 class IndexTable
 {
 public:
     void Clear() { *this = IndexTable(); }
 
-    /// Where the number is kept whose thing has hash `nHash` and satisfies `isIt(number)`; null if none.
-    /// The number may be replaced by that of an equal thing. Valid until the next Insert.
+    /// The stored number whose item has hash `nHash` and satisfies `isIt(number)`; null if there is none. The
+    /// caller may replace it with the number of an equal item. Valid until the next Insert.
     template <typename Predicate>
     std::uint32_t* Find(std::uint64_t nHash, Predicate isIt)
     {
@@ -41,7 +40,7 @@ public:
         return nullptr;
     }
 
-    /// Adds a number, below 2^32 - 1, whose thing the table does not hold yet.
+    /// Adds a number below 2^32 - 1 whose item is not yet in the table.
     void Insert(std::uint64_t nHash, std::uint32_t nNumber);
 
 private:
@@ -55,7 +54,7 @@ private:
     void Place(tSlot slot);
     void Grow();
 
-    std::vector<tSlot> m_slots; ///< none, or a power of two of them
+    std::vector<tSlot> m_slots; ///< empty, or a power of two in size
     std::size_t m_nMask = 0;
     std::size_t m_nUsed = 0;
 };

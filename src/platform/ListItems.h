@@ -17,7 +17,7 @@ namespace platform {
 class ListItems;
 class ListView;
 
-/// A row as its readers hold it. It stands for a place in the list, so it is good until rows before it go.
+/// A reference to a row. It refers to a position in the list, so it is valid until an earlier row is removed.
 class ListItem
 {
 public:
@@ -25,26 +25,25 @@ public:
 
     ListItem(ListItems& items, std::size_t nRow) : m_pItems(&items), m_nRow(nRow) {}
 
-    /// The row's place in the list, counted from 1.
+    /// The position of the row in the list, counted from 1.
     [[nodiscard]] std::size_t Index() const { return m_nRow + 1; }
 
     [[nodiscard]] std::string Key() const;
     [[nodiscard]] std::string_view Text() const;
 
-    /// The text of column `n` + 1, `n` from 1 to kMaxSubItems. Empty until it is set.
+    /// The text of column `n` + 1, with `n` from 1 to kMaxSubItems. Initially empty.
     [[nodiscard]] std::string_view SubItems(std::size_t n) const;
     void SetSubItems(std::size_t n, std::string_view New_Text);
 
-    /// The number of the row's picture in the list's image list, counted from 1.
+    /// The row's picture in the list's image list, counted from 1.
     [[nodiscard]] int SmallIcon() const;
     void SetSmallIcon(int New_SmallIcon);
 
-    /// In a list of one selected row at a time, selecting a row takes the selection from the others and makes
-    /// it the current one.
+    /// In a single-selection list, selecting a row deselects the others and makes it the current row.
     [[nodiscard]] bool Selected() const;
     void SetSelected(bool New_Selected);
 
-    /// Scrolls the list so that the row can be seen.
+    /// Scrolls the list until the row is visible.
     void EnsureVisible();
 
 private:
@@ -52,8 +51,8 @@ private:
     std::size_t m_nRow;
 };
 
-/// The rows of a list view, in about 60 bytes each besides their texts. What a row's `Key` has in front of
-/// its `Text`, a file's folder, is kept once for all rows that share it.
+/// The rows of a list view, at about 60 bytes each plus their texts. The part of a row's `Key` before its
+/// `Text`, the folder of a file, is stored once for all rows that share it.
 class ListItems
 {
 public:
@@ -64,19 +63,19 @@ public:
     /// Row `n`, counted from 1.
     [[nodiscard]] ListItem operator()(std::size_t n) { return {*this, n - 1}; }
 
-    /// The place, counted from 1, of the row with that key.
+    /// The position, counted from 1, of the row with that key.
     [[nodiscard]] std::optional<std::size_t> Find(std::string_view sKey);
 
-    /// How many rows are selected.
+    /// The number of selected rows.
     [[nodiscard]] std::size_t SelectedCount() const;
 
-    /// Which rows are selected, a bit for each; and the same for all rows at once, of which the list's
-    /// observer hears once. A list of one selected row at a time takes at most one.
+    /// The selection, one bit for each row. Setting it changes all rows at once with a single notification of
+    /// the observer. A single-selection list accepts at most one row.
     [[nodiscard]] const std::vector<bool>& Selection() const { return m_selected; }
     void SetSelection(std::vector<bool> New_Selection);
 
-    /// Adds a row at the end, or in its place in a sorted list. Refused, with nothing added, if a row has
-    /// that key already.
+    /// Adds a row at the end, or at its position in a sorted list. Does nothing and returns nothing if a row
+    /// already has that key.
     std::optional<ListItem> Add(std::string_view sKey, std::string_view sText, int nSmallIcon);
 
     /// Removes row `n`, counted from 1.
@@ -90,7 +89,7 @@ private:
     friend class ListView;
 
     struct tRow {
-        StoredText sHead; ///< `Key` up to `Text`; the whole of a `Key` that does not end in `Text`
+        StoredText sHead; ///< `Key` up to `Text`; all of `Key` if it does not end in `Text`
         StoredText sText;
         std::array<StoredText, ListItem::kMaxSubItems> aSubItems;
         std::uint8_t nSmallIcon = 0;
@@ -106,7 +105,7 @@ private:
     std::uint32_t* FindKey(std::string_view sKey, std::uint64_t nHash);
     void IndexKeys();
 
-    /// Orders the rows by their texts; returns for each place the place its row had before.
+    /// Sorts the rows by their texts. Returns for each new position the old position of its row.
     std::vector<std::size_t> Sort(bool bDescending);
 
     ListView& m_list;
@@ -114,7 +113,7 @@ private:
     std::vector<bool> m_selected; ///< a bit for each row
     IndexTable m_keys;            ///< rows by their keys
     TextStore m_texts;
-    std::vector<StoredText> m_heads; ///< each head once
+    std::vector<StoredText> m_heads; ///< each distinct head once
     IndexTable m_headsByText;
 };
 

@@ -41,7 +41,7 @@ void ListView::SetSorted(bool New_Sorted)
     }
 }
 
-/// Sorts the rows; returns where the row went that was at `nFollowed`.
+/// Sorts the rows; returns the new position of the row that was at `nFollowed`.
 std::size_t ListView::SortRows(std::size_t nFollowed)
 {
     const auto order = ListItems.Sort(m_nSortOrder != 0);
@@ -126,7 +126,8 @@ void ListView::SelectionChanged()
 
 void ListView::RowRemoved(std::size_t nRow)
 {
-    // The row that takes the place of the current one becomes it, the one before it at the end of the list.
+    // The row that moves up into the position of the current one becomes current, or at the end of the list
+    // the row before it.
     const std::size_t nCount = ListItems.Count();
     if (nCount == 0) {
         m_nCurrent.reset();

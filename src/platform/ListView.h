@@ -15,7 +15,7 @@
 
 namespace platform {
 
-/// Where a text that is wider than its column is left out.
+/// Where a text that is wider than its column is shortened.
 enum class Ellipsis { AtEnd, InMiddle };
 
 /// A column of a list view.
@@ -33,24 +33,24 @@ public:
     const Ellipsis ellipsis;
 };
 
-/// Whoever shows a list view and wants to hear of its rows, which are counted from 0 here.
+/// Gets notified when the rows of a list view change. Rows are counted from 0 here.
 class ListViewObserver
 {
 public:
     virtual ~ListViewObserver() = default;
     virtual void RowAdded(std::size_t nRow) = 0;
-    virtual void RowChanged(std::size_t nRow) = 0; ///< its texts or its picture
+    virtual void RowChanged(std::size_t nRow) = 0; ///< its texts or its icon
     virtual void RowRemoved(std::size_t nRow) = 0;
     virtual void RowsCleared() = 0;
     virtual void RowsSorted() = 0;
-    virtual void SelectionChanged() = 0; ///< of any rows, or the current row
+    virtual void SelectionChanged() = 0; ///< of any row, or of the current row
     virtual void ShowRow(std::size_t nRow) = 0;
 
     /// The row at a point of the list, in twips.
     virtual std::optional<std::size_t> RowAt(float x, float y) = 0;
 };
 
-/// A list of rows in columns. Selected rows and the current row, the one with the focus, are two things.
+/// A list of rows in columns. The selected rows and the current row, the one with the focus, are independent.
 class ListView : public Control
 {
 public:
@@ -65,28 +65,29 @@ public:
     std::function<void()> DblClick;
     std::function<void(int KeyCode, int Shift)> KeyUp;
     std::function<void()> ColumnClick;
-    std::function<void()> MenuKey; ///< the key for the menu of what has the focus
+    std::function<void()> MenuKey; ///< the menu key was pressed while the list had the focus
 
     class ListItems ListItems;
 
-    /// Column `n`, counted from 1. They are fixed from the design on, but for their widths.
+    /// Column `n`, counted from 1. Fixed after the design except for their widths.
     [[nodiscard]] ColumnHeader& ColumnHeaders(std::size_t n) { return m_columns.at(n - 1); }
     [[nodiscard]] std::size_t ColumnCount() const { return m_columns.size(); }
     void AddColumn(const std::string& sHeader, Alignment alignment, float width,
                    Ellipsis ellipsis = Ellipsis::AtEnd);
 
     bool MultiSelect = false;          ///< several rows can be selected at once
-    bool ShowsSelectionAlways = false; ///< also without the focus
+    bool ShowsSelectionAlways = false; ///< shows the selection without the focus, too
     SystemColor BackColor = SystemColor::WindowBackground;
 
-    /// The current row. The first row of an empty list becomes it, without being selected.
+    /// The current row. The first row added to an empty list becomes current without being selected.
     [[nodiscard]] std::optional<ListItem> SelectedItem();
     void SetSelectedItem(std::size_t nRow); ///< counted from 0
 
     /// The row at a point of the list, in twips.
     [[nodiscard]] std::optional<ListItem> HitTest(float x, float y);
 
-    /// Sorts by `Text`, and keeps rows that are added later sorted, from the next SetSorted(true) on.
+    /// From the next SetSorted(true) on, the rows are sorted by `Text`, and rows added later go to their
+    /// sorted position.
     void SetSorted(bool New_Sorted);
 
     /// 0 for ascending, 1 for descending.
@@ -96,17 +97,17 @@ public:
     [[nodiscard]] bool FullRowSelect() const { return (m_nExtendedStyle & LVS_EX_FULLROWSELECT) != 0; }
     long Message(unsigned nMessage, long wParam, long lParam) override;
 
-    /// Gives the list the keyboard focus; false if its form takes no input at the moment.
+    /// Gives the list the keyboard focus; false if its form is disabled.
     bool SetFocus() { return m_form.SetFocus(*this); }
 
-    /// The observer is not owned and must outlive the list or be taken off with null.
+    /// The observer is not owned. It must outlive the list or be removed with null.
     void ObserveRows(ListViewObserver* pObserver) { m_pRowObserver = pObserver; }
 
 private:
     friend class ListItem;
     friend class ListItems;
 
-    std::size_t RowAdded(std::size_t nRow); ///< returns where the row ends up
+    std::size_t RowAdded(std::size_t nRow); ///< returns the final position of the row
     void RowChanged(std::size_t nRow);
     void ShowRow(std::size_t nRow);
     void SelectRow(std::size_t nRow, bool bSelected);

@@ -18,26 +18,25 @@ bool IsDigit(char c)
     return c >= '0' && c <= '9';
 }
 
-/// The byte of a key for each byte of a name that is no digit. None is 0, which stands behind the end of a
-/// key.
+/// The weight of each byte that is not a digit. None is 0, which follows the end of a key.
 constexpr auto kWeights = [] {
     std::array<char, 256> weights{};
     for (std::size_t n = 0; n < weights.size(); ++n) {
         const bool bCapital = n >= 'A' && n <= 'Z';
-        // No name holds a separator, so those before it can give way to the dot.
+        // Names contain no separator, so the bytes below it can move up by one to make room for the dot.
         weights[n] = static_cast<char>(n == '.' ? 1 : n < '.' ? n + 1 : bCapital ? n - 'A' + 'a' : n);
     }
     return weights;
 }();
 
-/// Appends the number at the start of `sText`: how long it is without the zeros before it, then its digits.
-/// Returns what follows.
+/// Appends the number at the start of `sText`: its length without leading zeros, then its digits. Returns the
+/// remaining text.
 std::string_view AppendNumber(std::string_view sText, std::string& sKey)
 {
     const auto end = std::find_if_not(sText.begin(), sText.end(), IsDigit);
     const auto first = std::find_if(sText.begin(), end, [](char c) { return c != '0'; });
     sKey.push_back('0');
-    auto nLength = static_cast<std::size_t>(end - first) + 1; // none is 0
+    auto nLength = static_cast<std::size_t>(end - first) + 1; // never 0
     for (; nLength >= kLongestLength; nLength -= kLongestLength - 1) {
         sKey.push_back(static_cast<char>(kLongestLength));
     }
@@ -63,16 +62,16 @@ std::string_view NameIn(const tFindData& entry)
     return entry.cFileName.substr(0, entry.cFileName.find('\0'));
 }
 
-/// An entry to be sorted.
+/// An entry to sort.
 struct tKeyed {
-    std::uint64_t nWindow; ///< the eight bytes of the key behind what all keys have in common
+    std::uint64_t nWindow; ///< the eight bytes of the key after the common prefix of all keys
     std::size_t nKeyStart;
     std::uint32_t nKeyLength;
     std::uint32_t nEntry;
 };
 
-/// Sorts entries by their keys, which lie in `sKeys`. Most comparisons need no more than the windows: where
-/// one folder holds a million numbered names, that takes half the time of comparing the keys themselves.
+/// Sorts entries by their keys, which are stored in `sKeys`. Most comparisons need only the windows, which
+/// halves the time for a folder with a million numbered names.
 class cSorter
 {
 public:

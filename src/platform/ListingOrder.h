@@ -8,13 +8,14 @@
 
 namespace platform {
 
-/// Bytes that order names as a person would: keys compare as their names do. "." comes before every other
-/// character, a run of ASCII digits counts as one number, which stands where digits do, ASCII letters count
-/// as small ones, every other byte counts by its value, and a name comes before its longer continuation.
-/// Names that differ in letter case or in zeros before a number alone have one key; they go by their bytes.
+/// A sort key for the natural order of names: keys compare bytewise as the names should. "." comes before
+/// every other character. A run of ASCII digits counts as one number and sorts among the other characters as
+/// a digit would. ASCII letters compare as lower case, all other bytes by value, and a name comes before any
+/// longer name that it is a prefix of. Names that differ only in letter case or in leading zeros have the
+/// same key; their bytes decide.
 std::string NameKey(std::string_view sName);
 
-/// Puts the visible entries before the hidden ones, and both in the order of their names.
+/// Sorts the entries by name, visible ones before hidden ones.
 void SortListing(FolderListing& listing);
 
 } // namespace platform

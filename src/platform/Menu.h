@@ -15,10 +15,10 @@ class MenuItem : public Control
 public:
     std::function<void()> Click;
 
-    /// What the item says; "&" stands before the letter of its access key, and "-" alone is a separator.
+    /// The caption; "&" precedes the letter of the access key, and "-" alone is a separator.
     std::string sCaption;
 
-    /// The key that gives the command, as "F2"; empty for none.
+    /// The shortcut key, for example "F2"; empty for none.
     std::string sShortcut;
 
     /// The items of a submenu; not owned.

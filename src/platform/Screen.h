@@ -3,20 +3,20 @@
 
 namespace platform {
 
-/// The shapes of the mouse pointer that the program asks for.
+/// The mouse pointers that the program uses.
 enum class MousePointer { Default = 0, Hourglass = 11 };
 
-/// What concerns all windows at once.
+/// Properties of the whole screen.
 class Screen
 {
 public:
     virtual ~Screen() = default;
     virtual void SetMousePointer(MousePointer pointer) = 0;
 
-    /// How wide the screen is, in twips; 0 where there is none.
+    /// The width of the screen in twips; 0 if there is none.
     virtual float Width() { return 0; }
 
-    /// How many twips a logical pixel is wide and high.
+    /// The size of a logical pixel in twips.
     virtual float TwipsPerPixelX() { return 15; }
     virtual float TwipsPerPixelY() { return 15; }
 };

@@ -11,60 +11,64 @@
 
 namespace platform {
 
-/// What a search is going to walk.
+/// The folders that a search is going to walk.
 struct tSearchedFolders {
-    std::vector<std::string> folders; ///< each with everything below it, in the order of the walk
-    bool bHidden = false;             ///< hidden entries count
-    std::size_t nMaxSubfolders = 0;   ///< so many accepted subfolders of a folder are entered, not more
+    std::vector<std::string> folders; ///< each with all its subfolders, in walking order
+    bool bHidden = false;             ///< include hidden entries
+    std::size_t nMaxSubfolders = 0;   ///< upper limit of the accepted subfolders that are entered per folder
 };
 
-/// A file of the table that is to be read.
+/// A file to read.
 struct tFileToRead {
-    std::string_view sFolder; ///< with a separator at the end
+    std::string_view sFolder; ///< ends in a separator
     std::string_view sName;
-    std::int64_t nBytes = 0; ///< so many of its first bytes count, zeros in place of those it does not have
+    std::int64_t nBytes = 0; ///< the number of bytes to process from its start; missing ones are taken as
+                             ///< zeros
 };
 
-/// Which files of the table a search will ask for, and what it wants to know of each.
+/// The files that a search will ask for, and how to process them.
 struct tFilesToRead {
-    std::uint32_t nTable = 0;          ///< the entries of the table, numbered from 0
-    std::vector<std::uint32_t> wanted; ///< those that will be asked for for sure, in ascending order
+    std::uint32_t nTable = 0;          ///< the number of entries in the file table; they are numbered from 0
+    std::vector<std::uint32_t> wanted; ///< those that are certain to be asked for, in ascending order
 
-    /// Entry `n` of the table. Called on any thread while the reading lives; the table must not change.
+    /// Returns entry `n` of the table. Called from any thread during the lifetime of the reading; the table
+    /// must not change.
     tFileToRead (*fileAt)(std::uint32_t n) = nullptr;
 
-    /// What is wanted of a file's bytes: a function of nothing but these, called on any thread.
+    /// Processes the bytes of a file. Called from any thread, so it must depend on nothing else.
     std::int32_t (*sumOf)(const std::uint8_t* pFirst, std::size_t nBytes) = nullptr;
 };
 
-/// How far the reading has come with something.
+/// The state of a request to SearchReading.
 enum class Answer {
-    NotYet, ///< ask again, after a look at the events
-    Stuck,  ///< the same, and what is needed next should be told by ReadFirst
+    NotYet, ///< ask again after handling pending events
+    Stuck,  ///< the same, and the caller should name what it needs next with ReadFirst
     Ready,
-    Failed ///< it cannot be read
+    Failed ///< cannot be read
 };
 
-/// All reading of one search: what it will need is read ahead of it, and nothing is asked twice of the disk.
-/// Lives as long as the search; with it goes all that it keeps. No operation waits for a disk, and none takes
-/// more than a few milliseconds. Where memory runs out for it, its operations throw std::bad_alloc.
+/// All reading for one search. It reads ahead of the search, and nothing is read from disk twice. It lives as
+/// long as the search and releases everything at the end. No operation waits for a disk, and none takes more
+/// than a few milliseconds. Operations throw std::bad_alloc when memory runs out.
 class SearchReading
 {
 public:
     virtual ~SearchReading() = default;
 
-    /// Ready: `listing` holds the entries of folder `sPath`, which ends in a separator. Folders are listed in
-    /// the order of the walk. Failed: it cannot be opened. A listing that fails part way keeps what it got.
+    /// Ready: `listing` holds the entries of folder `sPath`, which ends in a separator. Folders must be asked
+    /// for in walking order. Failed: the folder cannot be opened. A listing that fails part way keeps the
+    /// entries read so far.
     virtual Answer ListFolder(const std::string& sPath, FolderListing& listing) = 0;
 
-    /// Begins to read the files wanted. Called once, after the walk.
+    /// Starts to read the files in `files.wanted`. Called once, after the walk.
     virtual void ReadFiles(tFilesToRead files) = 0;
 
-    /// Ready: `nSum` is what is wanted of entry `n`. Each file is read once at most. One that has gone is
-    /// created empty, by this question and not before. `nInHand` is the entry that the search is at.
+    /// Ready: `nSum` is the result of `sumOf` for entry `n`. Each file is read at most once. A missing file
+    /// is created empty, but only by this call, not by reading ahead. `nInHand` is the entry that the search
+    /// is currently comparing with others.
     virtual Answer AskFor(std::uint32_t nInHand, std::uint32_t n, std::int32_t& nSum) = 0;
 
-    /// These entries will be asked for next, in this order.
+    /// Announces the entries that will be asked for next, in this order.
     virtual void ReadFirst(std::vector<std::uint32_t> entries) = 0;
 };
 

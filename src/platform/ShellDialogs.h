@@ -8,15 +8,15 @@
 
 namespace platform {
 
-/// An item of the shell's folder tree; 0 for none. Good while the dialog that shows the tree runs.
+/// An item of the folder tree; 0 for none. Valid while the dialog with the tree is open.
 using ItemId = long;
 
-/// What the folder dialog tells its callback: once that it has been set up, and with the item's ItemId in
-/// `lParam` that another one has been selected.
+/// Notifications of the folder dialog to its callback: it has been set up; and another item, whose ItemId is
+/// in `lParam`, has been selected.
 inline constexpr unsigned BFFM_INITIALIZED = 1;
 inline constexpr unsigned BFFM_SELCHANGED = 2;
 
-/// A message with a text for the folder dialog: selects the folder of that path, if `wParam` is 1.
+/// A message with a text to the folder dialog: selects the folder with that path, if `wParam` is 1.
 inline constexpr unsigned BFFM_SETSELECTIONA = 0x466;
 
 inline constexpr unsigned BIF_RETURNONLYFSDIRS = 1;
@@ -24,40 +24,41 @@ inline constexpr unsigned BIF_STATUSTEXT = 4;
 
 using BrowseCallback = int (*)(WindowHandle hWnd, unsigned uMsg, long lParam, long lpData);
 
-/// What the folder dialog is to be.
+/// Input of the folder dialog.
 struct BROWSEINFO {
     WindowHandle hwndOwner = nullptr;
     std::string lpszTitle;
     unsigned ulFlags = 0;
     BrowseCallback lpfn = nullptr;
-    long lParam = 0; ///< given to the callback as `lpData`
+    long lParam = 0; ///< passed to the callback as `lpData`
 };
 
-/// What the query for a volume's label came to.
+/// Result of the query for a volume's label.
 struct tVolumeLabel {
     std::string sLabel; ///< empty if the volume has none
-    std::string sError; ///< what went wrong, without a full stop; empty if nothing did
+    std::string sError; ///< the error message without a full stop; empty on success
 };
 
-/// What the shell shows and knows of folders.
+/// The folder dialog of the shell, and what the shell knows about folders.
 class ShellDialogs
 {
 public:
-    /// The class of the window, inside the folder dialog, that shows the tree.
+    /// The class of the tree window inside the folder dialog.
     static constexpr std::string_view kTreeClass = "SysTreeView32";
 
     virtual ~ShellDialogs() = default;
 
-    /// Runs the folder dialog with an event loop of its own until it is closed. Its tree can be moved into
-    /// another window meanwhile and goes on reporting from there; it has to be back before that window goes.
-    /// Returns the item chosen, or 0.
+    /// Runs the folder dialog in an event loop of its own until it is closed. Its tree can be moved into
+    /// another window meanwhile and keeps sending notifications from there; it must be moved back before that
+    /// window is destroyed. Returns the chosen item, or 0.
     virtual ItemId SHBrowseForFolder(const BROWSEINFO& info) = 0;
 
-    /// Writes the path of an item and a NUL over the start of `sBuffer`, which grows if need be; only the NUL
-    /// for an item that is no folder of the file system. False, with nothing written, for what is no item.
+    /// Writes the path of an item and a NUL over the start of `sBuffer`, which grows if needed; only the NUL
+    /// for an item that is not a folder in the file system. Returns false and writes nothing for an invalid
+    /// item.
     virtual bool SHGetPathFromIDList(ItemId pidl, std::string& sBuffer) = 0;
 
-    /// The label of the volume that holds folder `sFolder`.
+    /// The label of the volume that contains folder `sFolder`.
     virtual tVolumeLabel VolumeLabel(const std::string& sFolder) = 0;
 };
 

@@ -14,10 +14,10 @@ namespace platform {
 class Panel : public Control
 {
 public:
-    std::string sToolTip;                  ///< the blanks at its ends are part of it
+    std::string sToolTip;                  ///< including leading and trailing blanks
     float MinWidth = 0;                    ///< twips
-    bool bSpring = false;                  ///< takes the room that the others leave; else as wide as its text
-    Alignment alignment = Alignment::Left; ///< of the text in the field
+    bool bSpring = false;                  ///< takes up the remaining width; otherwise as wide as its text
+    Alignment alignment = Alignment::Left; ///< of the text
 
     [[nodiscard]] const std::string& Text() const { return m_sText; }
     void SetText(std::string_view New_Text) { Change(m_sText, New_Text); }
@@ -26,7 +26,7 @@ private:
     std::string m_sText;
 };
 
-/// The row of fields along the bottom of a window.
+/// The status bar along the bottom of a window, a row of panels.
 class StatusBar : public Control
 {
 public:

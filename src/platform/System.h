@@ -15,8 +15,8 @@
 
 namespace platform {
 
-/// The operations of the system behind which a person or a disk stands, each set replaceable by one that a
-/// test scripts. None is owned here; each must outlive its use.
+/// The operations of the system that can fail or involve the user, as interfaces that tests can replace. None
+/// is owned here; each must outlive its use.
 struct tSystem {
     FileSystem* files = nullptr;
     EventLoop* events = nullptr;
@@ -31,7 +31,7 @@ struct tSystem {
     Volumes* volumes = nullptr;
 };
 
-/// Puts `system` in place for the whole program. Called before anything that needs it.
+/// Installs `system` for the whole program. Must be called before anything that uses it.
 void UseSystem(const tSystem& system);
 
 FileSystem& Files();

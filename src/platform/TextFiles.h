@@ -8,20 +8,21 @@
 
 namespace platform {
 
-/// The text files that the program writes. Failures are results, which the caller may drop.
+/// Writes text files. Failures are return values, which the caller may ignore.
 class TextFiles
 {
 public:
     virtual ~TextFiles() = default;
 
-    /// Makes a new text file of that path, or empties the one that is there (the one that a link leads to).
-    /// INVALID_HANDLE_VALUE if that fails. Owned by the caller until CloseOutput.
+    /// Creates a text file, or truncates an existing one (for a link, its target). Returns
+    /// INVALID_HANDLE_VALUE on failure. Owned by the caller until CloseOutput.
     virtual FileHandle OpenForOutput(const std::string& sPath) = 0;
 
-    /// Writes a line with CR LF behind it. False if not all of it could be written; what could be stays.
+    /// Writes a line and CR LF. False if it could not be written completely; a partial line stays in the
+    /// file.
     virtual bool PrintLine(FileHandle hFile, std::string_view sLine) = 0;
 
-    /// Writes what is still held back and closes the file. False if not all could be written.
+    /// Flushes and closes the file. False if not everything could be written.
     virtual bool CloseOutput(FileHandle hFile) = 0;
 };
 

@@ -10,7 +10,7 @@
 
 namespace platform {
 
-/// A text that a TextStore keeps, in the size of a pointer. Valid as long as the store keeps it.
+/// A text kept by a TextStore, the size of a pointer. Valid as long as the store keeps the text.
 class StoredText
 {
 public:
@@ -26,7 +26,7 @@ public:
         return {m_pLength + sizeof nLength, nLength};
     }
 
-    /// True if both are the very same text of one store; equal texts stored twice are not.
+    /// True if both refer to the same stored text. Equal texts that were added twice are not the same.
     [[nodiscard]] bool SameAs(StoredText other) const { return m_pLength == other.m_pLength; }
 
 private:
@@ -36,11 +36,12 @@ private:
     const char* m_pLength = nullptr; ///< four bytes of length, then the characters
 };
 
-/// Keeps many short texts in few blocks of memory: four bytes and no allocation for each.
+/// Stores many short texts in a few blocks of memory, with an overhead of four bytes and no allocation for
+/// each.
 class TextStore
 {
 public:
-    /// Copies a text of less than 4 GiB.
+    /// Copies a text shorter than 4 GiB.
     StoredText Add(std::string_view sText);
 
     /// Drops all texts.

@@ -10,19 +10,19 @@
 
 namespace platform {
 
-/// A button of a toolbar, its picture above its caption; one without a key is a separator.
+/// A button of a toolbar, with its icon above its caption; one without a key is a separator.
 struct tToolbarButton {
     std::string sKey;
     std::string sCaption;
     std::string sToolTip;
-    std::string sPicture; ///< the name of its drawing
+    std::string sPicture; ///< the name of the icon
 };
 
-/// The bar of buttons along the top of a form. It is a frame around a native window, which has the style.
+/// The toolbar along the top of a form: a frame around a native window, which has the style.
 class Toolbar : public Control
 {
 public:
-    /// The window inside.
+    /// The native window inside the frame.
     class NativeWindow : public Control
     {
     public:
@@ -41,10 +41,10 @@ public:
 
     Toolbar() { native.SetParent(this); }
 
-    /// A button was pressed; told with its key.
+    /// Called with the key of a button when it is pressed.
     std::function<void(const std::string& sKey)> ButtonClick;
 
-    std::vector<tToolbarButton> buttons; ///< fixed from the design on
+    std::vector<tToolbarButton> buttons; ///< fixed after the design
     NativeWindow native;
 };
 

@@ -22,7 +22,7 @@ std::size_t ValidLength(std::string_view sText)
     if (nLead >= 0xC2 && nLead <= 0xDF) {
         return continues(1, 0x80, 0xBF) ? 2 : 0;
     }
-    // The second byte's limits keep out overlong forms, surrogates and what lies beyond U+10FFFF.
+    // The limits of the second byte exclude overlong forms, surrogates and values above U+10FFFF.
     if (nLead >= 0xE0 && nLead <= 0xEF) {
         const unsigned nLow = nLead == 0xE0 ? 0xA0 : 0x80;
         const unsigned nHigh = nLead == 0xED ? 0x9F : 0xBF;

@@ -5,15 +5,14 @@
 
 namespace platform {
 
-/// The file systems that the machine has mounted.
+/// The mounted file systems.
 class Volumes
 {
 public:
     virtual ~Volumes() = default;
 
-    /// What identifies the mounted file system that holds folder `sFolder`, whether or not the folder is
-    /// still there: the same text for each folder of one file system, by whatever mount. Empty if it cannot
-    /// be told.
+    /// Identifies the file system that contains folder `sFolder`, whether or not the folder still exists: the
+    /// same text for all folders of a file system, through whatever mount. Empty if unknown.
     virtual std::string FileSystemOf(const std::string& sFolder) = 0;
 };
 

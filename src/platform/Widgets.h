@@ -11,17 +11,17 @@
 
 namespace platform {
 
-/// The keys held during an event of the mouse or the keyboard, added up.
+/// Modifier keys held during a mouse or keyboard event; a bit mask.
 inline constexpr int kShiftHeld = 1;
 inline constexpr int kCtrlHeld = 2;
 inline constexpr int kAltHeld = 4;
 
-/// Mouse buttons, added up where several are held. Buttons beyond these count 0.
+/// Mouse buttons; a bit mask. Other buttons are reported as 0.
 inline constexpr int kLeftButton = 1;
 inline constexpr int kRightButton = 2;
 inline constexpr int kMiddleButton = 4;
 
-/// An event of the mouse: the button, the keys held, the place in twips relative to the control.
+/// A mouse event: the button, the modifier keys, and the position in twips relative to the control.
 using MouseEvent = std::function<void(int Button, int Shift, float X, float Y)>;
 
 /// Text on a form.
@@ -48,11 +48,11 @@ private:
     std::string m_sCaption;
 };
 
-/// A plain area of one colour that takes the mouse and can hold other controls.
+/// A plain area of one colour that takes mouse input and can contain other controls.
 class PictureBox : public Control
 {
 public:
-    /// The size of its inside, in pixels.
+    /// The size of its client area in pixels.
     [[nodiscard]] int ScaleWidth() const;
     [[nodiscard]] int ScaleHeight() const;
 
@@ -63,7 +63,7 @@ public:
     [[nodiscard]] SystemColor BackColor() const { return m_backColor; }
     void SetBackColor(SystemColor New_BackColor) { Change(m_backColor, New_BackColor); }
 
-    /// True for a bar by which the user moves the border between what is above and what is below.
+    /// True for a splitter with which the user moves the border between the controls above and below it.
     [[nodiscard]] bool SizesNorthSouth() const { return m_bSizesNorthSouth; }
     void SetSizesNorthSouth(bool New_Value) { Change(m_bSizesNorthSouth, New_Value); }
 
@@ -72,7 +72,7 @@ private:
     bool m_bSizesNorthSouth = false;
 };
 
-/// A picture, by the name of its drawing.
+/// A picture, identified by the name of its drawing.
 class Image : public Control
 {
 public:
@@ -83,7 +83,7 @@ private:
     std::string m_sPicture;
 };
 
-/// The native progress control: a bar from 0 to 100.
+/// The native progress bar, from 0 to 100.
 class ProgressWindow : public Control
 {
 public:
@@ -92,10 +92,10 @@ public:
 
     [[nodiscard]] std::string_view ClassName() const override { return kClass; }
 
-    /// Where the bar stands, 0 to 100.
+    /// The position of the bar, 0 to 100.
     [[nodiscard]] int Position() const { return m_nPosition; }
 
-    /// PBM_SETPOS moves the bar to `wParam`, or to the end of the range that is nearer.
+    /// PBM_SETPOS moves the bar to `wParam`, clamped to the range.
     long Message(unsigned nMessage, long wParam, long lParam) override;
 
 private:

@@ -11,7 +11,7 @@
 namespace platform {
 namespace {
 
-/// The windows that CreateWindowExA made and nobody has destroyed.
+/// The windows made by CreateWindowExA and not destroyed yet.
 std::vector<std::unique_ptr<ProgressWindow>>& Created()
 {
     static std::vector<std::unique_ptr<ProgressWindow>> windows;
