@@ -12,7 +12,7 @@
 
 namespace search {
 
-/// What the long operations use of the main form, whoever offers it.
+/// What the searches and file commands use of the main form.
 class MainFormMembers
 {
 public:
@@ -21,20 +21,21 @@ public:
     platform::Form form; ///< `Enabled`: the user may act on the form
     platform::ListView lvFolders{form};
     platform::ListView lvFiles{form};
-    platform::ComparedBy RowsComparedBy = platform::ComparedBy::Content; ///< in the search that wrote lvFiles
+    platform::ComparedBy RowsComparedBy = platform::ComparedBy::Content; ///< how the search that filled
+                                                                         ///< lvFiles compared the files
     platform::StatusBar StatusBar1{2};
     platform::MenuItem mnuOptionsSearchContent;
     platform::MenuItem mnuOptionsSearchNameSize;
     platform::MenuItem mnuOptionsHidden;
 
-    /// Brings the enabled state of the commands in line with the rows of `lvFiles`.
+    /// Updates the enabled state of the commands to match the rows of `lvFiles`.
     virtual void CheckMenu() = 0;
 
-    /// The folder last selected in the folder picker, empty if there was none.
+    /// The folder last selected in the folder picker; empty if there was none.
     virtual std::string sSelectedFolder() = 0;
 };
 
-/// The bar of the progress window: a range from 0 and a position in it.
+/// The bar of the progress window: a range that starts at 0, and a position in it.
 class ProgressBarMembers
 {
 public:
@@ -43,7 +44,7 @@ public:
     virtual void SetValue(float New_Value) = 0;
 };
 
-/// What the searches use of the progress window, whoever offers it.
+/// What the searches use of the progress window.
 class ProgressFormMembers
 {
 public:
@@ -54,17 +55,17 @@ public:
     platform::Label lblFile;
     virtual ProgressBarMembers& pbProgress() = 0;
 
-    /// Brings the window up in front of the main form, its captions and its bar as designed.
+    /// Shows the window in front of the main form, with its captions and bar as designed.
     virtual void Show() = 0;
 
-    /// Brings the captions to the screen at once.
+    /// Repaints the captions at once.
     virtual void Refresh() = 0;
 
-    /// Takes the window down.
+    /// Closes the window.
     virtual void Unload() = 0;
 };
 
-/// Puts the forms in place for the whole program; they are not owned here.
+/// Installs the forms for the whole program. They are not owned here.
 void UseForms(MainFormMembers& main, ProgressFormMembers& progress);
 
 MainFormMembers& frmMain();

@@ -8,7 +8,7 @@
 namespace search {
 namespace {
 
-/// A file held open for as long as this lives.
+/// Keeps a file open for its own lifetime.
 class cOpenFile
 {
 public:
@@ -109,7 +109,7 @@ tChecksum cCRC::CalculateFile(const std::string& Filename)
     const cOpenFile file(Filename);
     const bool bOpen = file.Handle() != platform::INVALID_HANDLE_VALUE;
     const std::int64_t nSize = bOpen ? platform::Files().FileLength(file.Handle()) : -1;
-    // An empty file counts as unreadable here: it may be one that was missing until it was opened.
+    // An empty file counts as unreadable: opening it may just have created it.
     return CalculateOpened(file.Handle(), nSize != 0 ? nSize : -1);
 }
 
@@ -148,7 +148,7 @@ tChecksum cCRC::CalculateOpened(platform::FileHandle hFile, std::int64_t nSize)
     if (!result.bRead) {
         return kNoChecksum;
     }
-    // Not zeroed before: the read fills nearly always all of it.
+    // Only the rest is zeroed, after the read, since a read nearly always fills the whole buffer.
     std::fill(aBytes + std::min(result.nBytes, nBytes), aBytes + nBytes, std::uint8_t{0});
     return CalculateBytes({aBytes, nBytes});
 }

@@ -9,37 +9,37 @@
 
 namespace search {
 
-/// The pictures that mark a row's place in its group.
+/// The icons that mark a row's position in its group.
 inline constexpr int kMarkFirst = 2;
 inline constexpr int kMarkMiddle = 3;
 inline constexpr int kMarkLast = 4;
 
-/// How far behind each of them lies its picture for a file that has gone.
+/// Offset from each of these icons to its variant for a file that has gone.
 inline constexpr int kMarksGone = 3;
 
-/// The columns behind the file's name, as ListItem::SubItems counts them.
+/// The columns after the file's name, as counted by ListItem::SubItems.
 inline constexpr std::size_t kSizeColumn = 1;
 inline constexpr std::size_t kDateColumn = 2;
 inline constexpr std::size_t kFolderColumn = 3;
 
-/// Writes the groups that a search finds to lvFiles, as adjacent rows with their marks.
+/// Writes the groups found by a search to lvFiles, as adjacent rows with their group marks.
 class cGroupRows
 {
 public:
-    /// Closes the group before and begins one with `entry`. If the list has that file already, only the group
-    /// before is closed.
+    /// Closes the previous group and opens one with `entry`. If the list already contains that file, only
+    /// closes the previous group.
     void OpenGroup(const tFileEntry& entry);
 
-    /// Adds `entry` to the group; false if the list has that file already.
+    /// Adds `entry` to the group; false if the list already contains that file.
     bool Add(const tFileEntry& entry);
 
-    /// Marks the last row added as the end of its group.
+    /// Marks the row added last as the end of its group.
     void CloseGroup();
 
 private:
     bool AddRow(const tFileEntry& entry, int nMark);
 
-    std::optional<platform::ListItem> m_oItem; ///< the row last added
+    std::optional<platform::ListItem> m_oItem; ///< the row added last
 };
 
 } // namespace search

@@ -13,7 +13,7 @@
 namespace search {
 namespace {
 
-/// Two numbers that are equal for two entries exactly when these are alike.
+/// A pair of numbers that is equal for two entries exactly if they are alike.
 struct tLikeness {
     std::uint64_t nFirst = 0, nSecond = 0;
     bool operator==(const tLikeness&) const = default;
@@ -24,7 +24,7 @@ std::uint32_t Entries()
     return static_cast<std::uint32_t>(FileCount);
 }
 
-/// Called at each entry of a long loop: yields at some of them; true if the search is to stop.
+/// Called for each entry in a long loop: yields at some of them. True if the search is to stop.
 bool Stopped(std::uint32_t n)
 {
     constexpr std::uint32_t kEntriesPerYield = 1024;
@@ -34,12 +34,12 @@ bool Stopped(std::uint32_t n)
     return bStopped;
 }
 
-/// Links each entry that takes part to the next one that is alike.
+/// Links each participating entry to the next one that is alike.
 template <typename LikenessOf>
 std::vector<std::uint32_t> LinkAlike(LikenessOf likenessOf)
 {
     std::vector<std::uint32_t> next(Entries(), cPairIndex::kNone);
-    platform::IndexTable nearest; // for each likeness, its entry with the lowest index so far
+    platform::IndexTable nearest; // for each likeness, the lowest entry so far
     for (std::uint32_t i = Entries(); i-- > 0 && !Stopped(i);) {
         if (FileList[i].bDone) {
             continue;
@@ -67,8 +67,8 @@ std::vector<std::uint32_t> ClassesOfNames()
     return classes;
 }
 
-/// What tells full paths apart: the classes of folder and name. A path that is no valid UTF-8 as a whole is
-/// compared by other rules than its parts may be alone, so such paths have classes of their own.
+/// The identity of full paths: the classes of folder and name. If a path as a whole is not valid UTF-8, it is
+/// compared by other rules than its parts may be, so such paths have classes of their own.
 std::vector<tLikeness> PathLikenesses(const std::vector<std::uint32_t>& classesOfNames)
 {
     constexpr std::uint64_t nOddPath = std::uint64_t{1} << 32;
@@ -137,8 +137,8 @@ std::optional<tCandidate> cPairIndex::Next(tPass& pass) const
 
 std::vector<std::uint32_t> cPairIndex::EntriesToRead() const
 {
-    // The first entry of each path can be known to take its turn; a later one is dropped if the first one's
-    // turn comes before its own, which may depend on what is in other files.
+    // The first entry of each path is certain to get its turn. A later one is dropped if the first one's turn
+    // comes before its own, which may depend on the contents of other files.
     std::vector<std::uint32_t> firstOfPath(Entries(), kNone);
     for (std::uint32_t i = 0; i < Entries() && !Stopped(i); ++i) {
         const std::uint32_t nFirst = firstOfPath[i] != kNone ? firstOfPath[i] : i;
@@ -146,7 +146,7 @@ std::vector<std::uint32_t> cPairIndex::EntriesToRead() const
             firstOfPath[m_nextSamePath[i]] = nFirst;
         }
     }
-    // The first entry of a size then meets all others of that size, and these are read with it.
+    // The first entry of a size is compared with all others of that size, so these are read as well.
     std::vector<bool> seen(Entries());
     std::vector<bool> toRead(Entries());
     for (std::uint32_t i = 0; i < Entries() && !Stopped(i); ++i) {
@@ -178,7 +178,7 @@ void cPairIndex::SplitByChecksum(std::int32_t i)
             open.push_back(n);
         }
     }
-    platform::IndexTable nearest; // for each checksum, its entry with the lowest index so far
+    platform::IndexTable nearest; // for each checksum, the lowest entry so far
     for (auto n = static_cast<std::uint32_t>(open.size()); n-- > 0 && !Stopped(n);) {
         const std::uint32_t nEntry = open[n];
         const tChecksumText sCRC = FileList[nEntry].sCRC;

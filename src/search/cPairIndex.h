@@ -10,43 +10,44 @@ namespace search {
 /// What two entries must share to be a pair.
 enum class PairKey { Name, NameAndSize, Size };
 
-/// One later entry that an entry has to be compared with.
+/// A later entry that an entry has to be compared with.
 struct tCandidate {
     std::int32_t j = 0;
-    bool bSamePath = false; ///< the full paths are equal as texts: the same file, reached twice
-    bool bSameKey = false;  ///< the names, names and sizes, or sizes are equal
+    bool bSamePath = false; ///< the full paths compare equal: the same file, reached twice
+    bool bSameKey = false;  ///< the names, the names and sizes, or the sizes are equal
 };
 
-/// Links each entry of FileList that takes part to the next one of the same path and the next one of the
-/// same key. So the comparison visits the pairs that can come to something, in the order in which a loop
-/// over all pairs would meet them, and its cost grows with the entries instead of their square.
+/// Links each participating entry of FileList to the next one with the same path and the next one with the
+/// same key. The comparison then visits only pairs that can match, in the order in which a loop over all
+/// pairs would reach them, and its cost grows linearly with the entries instead of quadratically.
 class cPairIndex
 {
 public:
     static constexpr std::uint32_t kNone = 0xFFFFFFFF;
 
-    /// Indexes FileList as it is now; it must not grow while the index is in use. Yields now and then; what a
-    /// stop leaves of the index is of no use.
+    /// Indexes the current FileList, which must not grow while the index is in use. Yields now and then;
+    /// after a stop the index is incomplete and must not be used.
     explicit cPairIndex(PairKey key);
 
-    /// How far the pass of an entry over the later ones has come.
+    /// The progress of the pass of one entry over the later ones.
     struct tPass {
-        std::uint32_t nPath = kNone; ///< the next entry of the same path,
-        std::uint32_t nKey = kNone;  ///< and that of the same key
+        std::uint32_t nPath = kNone; ///< the next entry with the same path
+        std::uint32_t nKey = kNone;  ///< the next entry with the same key
     };
 
-    /// Begins the pass of entry `i`.
+    /// Starts the pass of entry `i`.
     [[nodiscard]] tPass Start(std::int32_t i) const;
 
-    /// The next entry of the pass, in ascending order, or none.
+    /// The next entry of the pass, in ascending order; empty at the end.
     std::optional<tCandidate> Next(tPass& pass) const;
 
-    /// The entries, in ascending order, whose files the comparison by content asks for if it runs to its end,
-    /// whatever is in them. With what is in them it may ask for some others. Yields like the constructor.
+    /// The entries, in ascending order, whose files a comparison by content that runs to its end reads
+    /// whatever their contents are. Depending on the contents it may read others as well. Yields like the
+    /// constructor.
     [[nodiscard]] std::vector<std::uint32_t> EntriesToRead() const;
 
-    /// Parts the entries that share the key of `i` and follow it by their checksums, which are all known
-    /// now: from here on only those with equal checksums count as having the same key. Yields now and then.
+    /// Splits the entries that follow `i` and share its key by their checksums, all of which must be known:
+    /// from here on only those with equal checksums have the same key. Yields now and then.
     void SplitByChecksum(std::int32_t i);
 
 private:

@@ -12,23 +12,22 @@
 
 namespace search {
 
-/// Numbers texts so that two have one number exactly when they are equal in the form in which they
-/// are compared.
+/// Assigns numbers to texts: two texts get the same number exactly if their folded forms are equal.
 class cTextClasses
 {
 public:
-    /// How a text is brought into the form in which it is compared.
+    /// Converts a text to the form that is compared.
     using Fold = void (*)(std::string_view sText, std::string& sFolded);
 
     explicit cTextClasses(Fold fold = FoldText) : m_fold(fold) {}
 
-    /// The number of the class of `sText`, from 0. The text must outlive its use here.
+    /// The class number of `sText`, from 0. The text must outlive this object.
     std::uint32_t ClassOf(platform::StoredText sText);
 
 private:
     Fold m_fold;
     platform::IndexTable m_byFoldedText;
-    std::vector<platform::StoredText> m_members; ///< one text of each class
+    std::vector<platform::StoredText> m_members; ///< one text for each class
     std::string m_sFolded, m_sOtherFolded;
 };
 

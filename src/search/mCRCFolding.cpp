@@ -2,10 +2,10 @@
 #include "mCRCKernels.h"
 
 // CRC-32 by carry-less multiplication, after V. Gopal, E. Ozturk and others, "Fast CRC Computation for
-// Generic Polynomials Using PCLMULQDQ Instruction", Intel, December 2009. The data are a polynomial of which
-// only the remainder matters, so 16 bytes may be moved any distance to the right if they are multiplied by
-// the remainder of the power of x that the distance stands for. What is left at the end are 16 bytes with the
-// checksum of all the data, and a table loop takes those.
+// Generic Polynomials Using PCLMULQDQ Instruction", Intel, December 2009. The data form a polynomial of which
+// only the remainder matters, so a block of 16 bytes can be moved any distance to the right by multiplying it
+// with the remainder of the matching power of x. At the end, 16 bytes are left that have the checksum of all
+// the data; a table loop processes these.
 
 #if defined(__x86_64__)
 
@@ -15,15 +15,15 @@
 namespace search {
 namespace {
 
-// A lane cannot go on before its last multiplication is through, so several take turns. On a Zen 5 one lane
-// runs at 0.40 of the speed of eight, two at 0.87, and four to sixteen alike; eight rather than four leave
-// room for a multiplier that takes longer to answer.
+// A lane has to wait for its last multiplication, so several are interleaved. On a Zen 5 one lane runs at
+// 0.40 of the speed of eight, two at 0.87, and four to sixteen alike. Eight rather than four leave a margin
+// for multipliers with a higher latency.
 constexpr std::size_t kLanes = 8;
 constexpr std::size_t kBlock = 16;
 constexpr std::size_t kRow = kLanes * kBlock;
 
-/// x to the power `nExponent` modulo the polynomial, in the form that the multiplication needs: bits
-/// reflected, and shifted up by one because the product of two reflected factors comes out one bit too low.
+/// x to the power `nExponent` modulo the polynomial, in the form needed for the multiplication: bits
+/// reflected, and shifted up by one because the product of two reflected factors is one bit too low.
 constexpr std::uint64_t PowerOfX(unsigned nExponent)
 {
     std::uint32_t nPower = 0x80000000U;
@@ -37,7 +37,7 @@ static_assert(PowerOfX(4 * 128 + 32) == 0x154442BD4U && PowerOfX(4 * 128 - 32) =
                   PowerOfX(128 + 32) == 0x1751997D0U && PowerOfX(128 - 32) == 0x0CCAA009EU,
               "the constants k1 to k4 of the paper");
 
-/// The two factors that move a block `nBlocks` blocks to the right: the low one for its first eight bytes.
+/// The two factors that move a block `nBlocks` blocks to the right; the low one is for its first eight bytes.
 template <unsigned nBlocks>
 [[gnu::target("pclmul")]] inline __m128i Factors()
 {
@@ -51,7 +51,7 @@ template <unsigned nBlocks>
     return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
 }
 
-/// `block` moved by the distance of `factors` and added to `onto`.
+/// Moves `block` by the distance of `factors` and adds it to `onto`.
 [[gnu::target("pclmul")]] inline __m128i Fold(__m128i block, __m128i factors, __m128i onto)
 {
     const __m128i first = _mm_clmulepi64_si128(block, factors, 0x00);
@@ -59,7 +59,7 @@ template <unsigned nBlocks>
     return _mm_xor_si128(_mm_xor_si128(first, second), onto);
 }
 
-// The lanes are spelled out rather than looped over: a loop that is not unrolled keeps them in memory.
+// The lanes are expanded rather than looped over: a loop that is not unrolled would keep them in memory.
 template <std::size_t... nLane>
 [[gnu::target("pclmul"), gnu::always_inline]] inline void
 LoadLanes(__m128i* pLanes, const std::uint8_t* pFirst, std::index_sequence<nLane...>)
@@ -83,7 +83,7 @@ template <std::size_t... nLane>
     return sum;
 }
 
-/// `nRows` rows, one or more, with `start` added to their first block, as one block.
+/// Reduces `nRows` rows, at least one, to a single block, with `start` added to their first block.
 [[gnu::target("pclmul")]] __m128i SumOfRows(const std::uint8_t* pFirst, std::size_t nRows, __m128i start)
 {
     constexpr auto lanes = std::make_index_sequence<kLanes>{};
@@ -96,8 +96,8 @@ template <std::size_t... nLane>
     return JoinLanes(aLanes, Factors<1>(), std::make_index_sequence<kLanes - 1>{});
 }
 
-// The same with two blocks in each lane, for processors that multiply both at once. On a Zen 5 it runs at 1.9
-// of the speed of single blocks, which a search of large files gains a quarter by.
+// The same with two blocks per lane, for processors that multiply both at once. On a Zen 5 it runs at 1.9
+// times the speed of single blocks, which makes a search of large files a quarter faster.
 constexpr std::size_t kWideRow = 2 * kRow;
 
 [[gnu::target("pclmul,vpclmulqdq,avx2")]] inline __m256i WideBlockAt(const std::uint8_t* p)
@@ -137,7 +137,8 @@ bool CanFoldWide()
     return bCan;
 }
 
-/// The whole rows at `pFirst`, at least one of `nBytes` bytes, as one block; `nDone` bytes of them.
+/// Reduces the whole rows among the `nBytes` bytes at `pFirst`, at least one, to a single block. Sets `nDone`
+/// to the number of bytes in them.
 [[gnu::target("pclmul")]] __m128i SumOfAllRows(const std::uint8_t* pFirst, std::size_t nBytes, __m128i start,
                                                std::size_t& nDone)
 {
@@ -163,7 +164,7 @@ bool CanFold()
         AddToCRC32BySlicing(pRegister, pFirst, pTable, nBytes);
         return;
     }
-    // The register takes the place of all that precedes the data: it is added to the first four bytes.
+    // The register represents all preceding data: it is added to the first four bytes.
     const __m128i start = _mm_cvtsi32_si128(*pRegister);
     __m128i sum;
     std::size_t nDone = kBlock;

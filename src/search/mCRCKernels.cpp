@@ -8,9 +8,9 @@ constexpr std::size_t kSlice = 16;
 
 using tSlices = std::array<std::array<std::uint32_t, 256>, kSlice>;
 
-// Entry i of table n is what byte i leaves in the register after n more zero bytes. The bytes of a slice can
-// then be looked up independently of each other, where the byte-wise loop waits for one lookup before it
-// knows the index of the next.
+// Entry i of table n is the contribution of byte i to the register after n more zero bytes. The bytes of a
+// slice can then be looked up independently, whereas the bytewise loop waits for each lookup to know the next
+// index.
 constexpr tSlices BuildSlices()
 {
     tSlices slices{};
@@ -27,14 +27,14 @@ constexpr tSlices BuildSlices()
 
 constexpr tSlices kSlices = BuildSlices();
 
-/// The four bytes at `p`, the first of them lowest: the order of the register on any machine.
+/// The four bytes at `p`, lowest first: the byte order of the register on any machine.
 std::uint32_t WordAt(const std::uint8_t* p)
 {
     return std::uint32_t{p[0]} | std::uint32_t{p[1]} << 8 | std::uint32_t{p[2]} << 16 |
            std::uint32_t{p[3]} << 24;
 }
 
-/// What the four bytes of `nWord` leave in the register if `nAfter` bytes of the slice follow them.
+/// The contribution of the four bytes in `nWord` to the register if `nAfter` bytes of the slice follow them.
 std::uint32_t SliceOf(std::uint32_t nWord, std::size_t nAfter)
 {
     return kSlices[nAfter + 3][nWord & 0xFFU] ^ kSlices[nAfter + 2][(nWord >> 8) & 0xFFU] ^

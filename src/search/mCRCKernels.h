@@ -7,11 +7,11 @@
 
 namespace search {
 
-/// The table of a byte-wise loop. Entries are 32 bits wide for either algorithm, so that both loops index
+/// The table of a bytewise loop. Entries are 32 bits wide for both algorithms, so that both loops index
 /// alike.
 using tCRCTable = std::array<std::int32_t, 256>;
 
-/// Entry `nByte` of the table of CRC-32: what that byte leaves in an empty register.
+/// Entry `nByte` of the CRC-32 table: the register after this byte, starting from zero.
 constexpr std::uint32_t CRC32TableEntry(std::uint32_t nByte)
 {
     std::uint32_t nEntry = nByte;
@@ -21,33 +21,33 @@ constexpr std::uint32_t CRC32TableEntry(std::uint32_t nByte)
     return nEntry;
 }
 
-/// A loop that runs `nBytes` bytes from `pFirst` through the register at `*pRegister`, which is read once
-/// before the first byte and written once after the last. `pTable` is the first of the 256 entries of the
-/// algorithm's table. Nothing is owned, no alignment is needed, and with `nBytes` 0 `pFirst` may be null.
+/// A loop that processes `nBytes` bytes from `pFirst` with the register at `*pRegister`, which is read once
+/// at the start and written once at the end. `pTable` points to the 256 entries of the algorithm's table. No
+/// alignment is required, and `pFirst` may be null if `nBytes` is 0.
 using tCRCKernel = void (*)(std::int32_t* pRegister, const std::uint8_t* pFirst, const std::int32_t* pTable,
                             std::size_t nBytes);
 
-/// CRC-16, most significant bit first: a byte at a time. Only the low 16 bits of the register and of the
-/// entries are read; the register comes back with its upper half zero.
+/// CRC-16, most significant bit first, a byte at a time. Uses only the low 16 bits of the register and the
+/// entries; the upper half of the register is zero afterwards.
 void AddToCRC16(std::int32_t* pRegister, const std::uint8_t* pFirst, const std::int32_t* pTable,
                 std::size_t nBytes);
 
-/// CRC-32, least significant bit first: a byte at a time. What the faster loops are measured against.
+/// CRC-32, least significant bit first, a byte at a time. The reference for the faster loops.
 void AddToCRC32ByTable(std::int32_t* pRegister, const std::uint8_t* pFirst, const std::int32_t* pTable,
                        std::size_t nBytes);
 
-/// The same result, 16 bytes at a time, by tables of its own; needs nothing of the processor.
+/// The same result, 16 bytes at a time, with tables of its own; runs on any processor.
 void AddToCRC32BySlicing(std::int32_t* pRegister, const std::uint8_t* pFirst, const std::int32_t* pTable,
                          std::size_t nBytes);
 
-/// The same result by carry-less multiplication. Only to be called where CanFold().
+/// The same result by carry-less multiplication. Must only be called if CanFold().
 void AddToCRC32ByFolding(std::int32_t* pRegister, const std::uint8_t* pFirst, const std::int32_t* pTable,
                          std::size_t nBytes);
 
-/// True if this processor, and this build, can run AddToCRC32ByFolding.
+/// True if this processor and this build support AddToCRC32ByFolding.
 [[nodiscard]] bool CanFold();
 
-/// The fastest CRC-32 loop that this processor can run.
+/// The fastest CRC-32 loop for this processor.
 [[nodiscard]] tCRCKernel FastestCRC32();
 
 } // namespace search

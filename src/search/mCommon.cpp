@@ -35,19 +35,20 @@ void FileTable::Clear()
 
 FileTable::tFolder FileTable::AddFolder(std::string_view sPath, const platform::tFolderIdentity& identity)
 {
-    // By one mount a folder has one path, whatever numbers its file system gives out twice.
+    // Within one mount a folder has only one path, so an equal number there is a duplicate number from the
+    // file system, not the same folder.
     const auto [first, bNew] = m_mounts.try_emplace({identity.nDevice, identity.nNumber}, identity.nMount);
     return {texts.Add(sPath), !bNew && first->second != identity.nMount};
 }
 
 void SetWorking(bool bWorking)
 {
-    // The commands first, while everything else is as it was.
+    // The commands are updated first, while everything else is unchanged.
     frmMain().CheckMenu();
     platform::TheScreen().SetMousePointer(bWorking ? platform::MousePointer::Hourglass
                                                    : platform::MousePointer::Default);
     frmMain().StatusBar1.Panels(1).SetText(bWorking ? "Working..." : "Done");
-    // The form takes input only while nothing runs: this alone keeps a second operation out.
+    // Disabling the form is all that prevents a second operation.
     frmMain().form.SetEnabled(!bWorking);
     bStopped = !bWorking;
 }

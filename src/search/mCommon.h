@@ -16,10 +16,10 @@
 
 namespace search {
 
-/// Files above this size, in bytes, are never compared.
+/// Files larger than this, in bytes, are never compared.
 inline constexpr std::int64_t kMaxComparedSize = 10'000'000;
 
-/// A checksum as text: 1 to 8 uppercase hexadecimal digits, or empty while it is not worked out.
+/// A checksum as text: 1 to 8 uppercase hexadecimal digits, or empty while it is not known.
 class tChecksumText
 {
 public:
@@ -36,16 +36,16 @@ private:
     std::uint8_t m_nLength = 0;
 };
 
-/// One file found.
+/// A file that was found.
 struct tFileEntry {
-    platform::StoredText sName; ///< without any folder, exact bytes
-    platform::StoredText sPath; ///< its folder, ending in a separator; one text for all files of a folder
+    platform::StoredText sName; ///< without the folder, exact bytes
+    platform::StoredText sPath; ///< its folder, ending in a separator; stored once for all files of a folder
     std::int64_t cySize = 0;    ///< bytes
-    double dtDate = 0;          ///< last write in local time: days since 30 December 1899; 0 if unknown
-    tChecksumText sCRC;         ///< worked out only when the search by content needs it
-    bool bDone = false;         ///< takes no further part in a comparison
+    double dtDate = 0;          ///< last modification in local time: days since 30 December 1899; 0 if
+                                ///< unknown
+    tChecksumText sCRC;         ///< computed only if the search by content needs it
+    bool bDone = false;         ///< takes no further part in the comparison
 
-    /// The file's full path.
     [[nodiscard]] std::string FullPath() const
     {
         const std::string_view sFolder = sPath.View();
@@ -56,29 +56,30 @@ struct tFileEntry {
     }
 };
 
-/// The table of files found by the current or last search. It owns its entries and their texts, and holds
-/// one empty entry while it holds no file.
+/// The table of files found by the current or last search. Owns its entries and their texts. It always has at
+/// least one entry, which is empty while there are no files.
 class FileTable
 {
 public:
     tFileEntry& operator[](std::size_t n) { return m_entries[n]; }
 
-    /// Makes entry `nCount` - 1 exist, at least one entry, and keeps the earlier ones.
+    /// Grows the table to `nCount` entries, at least one, and keeps the existing ones.
     void Resize(std::size_t nCount);
 
-    /// Drops all entries but one, empty, and all texts.
+    /// Drops all texts and all entries but one, which is empty then.
     void Clear();
 
-    /// A folder whose files are about to be entered.
+    /// A folder whose files are about to be added.
     struct tFolder {
         platform::StoredText sPath;
-        bool bSeenBefore = false; ///< by another route, as it is where a folder is mounted in two places
+        bool bSeenBefore = false; ///< through another path, for example where a folder is mounted in two
+                                  ///< places
     };
 
-    /// Keeps the path of a folder.
+    /// Stores the path of a folder.
     tFolder AddFolder(std::string_view sPath, const platform::tFolderIdentity& identity);
 
-    platform::TextStore texts; ///< where the entries' texts are kept
+    platform::TextStore texts; ///< storage for the texts of the entries
 
 private:
     using tDeviceAndNumber = std::pair<std::uint64_t, std::uint64_t>;
@@ -89,22 +90,22 @@ private:
         }
     };
     std::unordered_map<tDeviceAndNumber, std::uint64_t, tHash>
-        m_mounts; ///< by which a folder was reached first
+        m_mounts; ///< the mount through which each folder was reached first
     std::vector<tFileEntry> m_entries = std::vector<tFileEntry>(1);
 };
 
 extern FileTable FileList;
 
-/// The number of entries of FileList in use; also the index at which the next one goes.
+/// The number of used entries in FileList, which is also the index of the next one.
 extern std::int32_t FileCount;
 
-/// True: the running operation is to stop, or none is running. False before the first operation.
+/// True if the running operation is to stop, or none is running. False before the first operation.
 extern bool bStopped;
 
-/// Switches the user interface into an operation or, with false, out of it.
+/// Switches the user interface to working mode, or back with false.
 void SetWorking(bool bWorking);
 
-/// Empties the result list, the count panel and the file table.
+/// Clears the result list, the count panel and the file table.
 void ClearResults();
 
 } // namespace search

@@ -30,7 +30,7 @@ bool StoppedAfterYield(std::int64_t nSteps = 1)
     return bStopped;
 }
 
-/// From idle to working; false if there is nothing to search.
+/// Switches from idle to working; false if there is nothing to search.
 bool BeginSearch()
 {
     if (frmMain().lvFolders.ListItems.Count() == 0) {
@@ -41,7 +41,7 @@ bool BeginSearch()
     progress.Show();
     SetWorking(true);
     ClearResults();
-    // With the pointer of an idle program: Cancel is to be clicked.
+    // The normal pointer, although the program is busy, since Cancel can be clicked.
     platform::TheScreen().SetMousePointer(platform::MousePointer::Default);
     progress.lblStatus.SetCaption("Scanning...");
     progress.lblFolder.SetCaption(frmMain().sSelectedFolder());
@@ -49,7 +49,7 @@ bool BeginSearch()
     return true;
 }
 
-/// Begins the reading of the folders of lvFolders.
+/// Starts the reading of the folders in lvFolders.
 std::unique_ptr<platform::SearchReading> BeginReading()
 {
     platform::tSearchedFolders searched;
@@ -62,7 +62,7 @@ std::unique_ptr<platform::SearchReading> BeginReading()
     return platform::Files().BeginReading(searched);
 }
 
-/// The first half of a search, up to the comparison. A stop is not looked for here: the walk notices it.
+/// The first half of a search, up to the comparison. It need not check for a stop: the walk does.
 void ScanFolders(platform::SearchReading& reading)
 {
     auto& folders = frmMain().lvFolders.ListItems;
@@ -75,7 +75,7 @@ void ScanFolders(platform::SearchReading& reading)
     progress.lblStatus.SetCaption("Comparing...");
 }
 
-/// The end of a search, cancelled or not. One that memory ran out for is not to be taken for a whole one.
+/// Ends a search, cancelled or not. Tells the user if `bWhole` is false because memory ran out.
 void EndSearch(bool bWhole)
 {
     frmMain().StatusBar1.Panels(2).SetText(std::to_string(frmMain().lvFiles.ListItems.Count()));
@@ -88,21 +88,21 @@ void EndSearch(bool bWhole)
     }
 }
 
-/// How an entry is read, by whoever reads it.
+/// How to read entry `n`; called by the reading threads.
 platform::tFileToRead FileAt(std::uint32_t n)
 {
     const tFileEntry& entry = FileList[n];
     return {entry.sPath.View(), entry.sName.View(), entry.cySize};
 }
 
-/// The comparison of all entries of FileList in one of the two ways.
+/// Compares all entries of FileList, in one of the two ways.
 class cComparison
 {
 public:
     cComparison(PairKey key, platform::SearchReading& reading, cGroupRows& rows)
         : m_bContent(key == PairKey::Size), m_reading(reading), m_rows(rows)
     {
-        // After a cancel in the scan the comparison ends at its first step.
+        // After a cancel during the scan, the comparison ends at its first step.
         if (bStopped) {
             return;
         }
@@ -113,11 +113,11 @@ public:
         }
     }
 
-    /// Lists every group, unless the search is stopped before.
+    /// Lists every group, unless the search is stopped first.
     void Run()
     {
         for (std::int32_t i = 0; i < FileCount; ++i) {
-            // Yield, and move the bar; entries that are done get no further.
+            // Even entries that are done yield and move the bar.
             if (StoppedAfterYield()) {
                 return;
             }
@@ -136,7 +136,7 @@ public:
 private:
     void Show(const tFileEntry& entry)
     {
-        // Neighbours in the table mostly share their folder.
+        // Neighbours in the table usually share their folder.
         if (!entry.sPath.SameAs(m_sShownPath)) {
             m_sShownPath = entry.sPath;
             frmProgress().lblFolder.SetCaption(LabelText(entry.sPath.View()));
@@ -153,12 +153,12 @@ private:
         cPairIndex::tPass pass = m_index->Start(i);
         while (const auto candidate = m_index->Next(pass)) {
             const std::int32_t j = candidate->j;
-            // Files of one size lie far apart in the table: having the next one fetched by now takes a
-            // twentieth off the search of a million files.
+            // Files of the same size are far apart in the table. Prefetching the next one makes the search of
+            // a million files five percent faster.
             if (pass.nKey != cPairIndex::kNone) {
                 __builtin_prefetch(&FileList[pass.nKey].bDone);
             }
-            // For this pair and for those passed over, which could come to nothing.
+            // For this pair and for the skipped ones, which could not match.
             if (StoppedAfterYield(j - nLast)) {
                 return;
             }
@@ -178,7 +178,6 @@ private:
                     continue;
                 }
             }
-            // The first match opens a group with entry i; entry j joins it.
             if (!bFound) {
                 m_rows.OpenGroup(Entry(i));
                 Entry(i).bDone = true;
@@ -189,14 +188,15 @@ private:
         if (FileCount - 1 > nLast && StoppedAfterYield(FileCount - 1 - nLast)) {
             return;
         }
-        // Now that all files of this size have been read, the later passes need not look at all of them.
+        // All files of this size have been read now, so later passes need to look only at those with the same
+        // checksum.
         if (m_bContent && bNotYetRead && !Entry(i).sCRC.empty()) {
             m_index->SplitByChecksum(i);
         }
     }
 
-    /// Fills the checksums of both entries; false if the search is stopped before they are known, and then
-    /// neither is filled. `pass` is where the pass of entry `i` goes on.
+    /// Sets the checksums of both entries. False if the search is stopped before both are known; then neither
+    /// is set. `pass` is where the pass of entry `i` continues.
     bool Awaited(std::int32_t i, std::int32_t j, const cPairIndex::tPass& pass)
     {
         std::optional<std::int32_t> nSumOfI;
@@ -210,7 +210,7 @@ private:
         return bKnown;
     }
 
-    /// Asks for entry `n` while entry `i` is compared with `j`, until the answer is there or a stop.
+    /// Asks for entry `n`, while comparing entry `i` with `j`, until it is answered or the search is stopped.
     bool Await(std::int32_t i, std::int32_t n, std::int32_t j, const cPairIndex::tPass& pass,
                std::optional<std::int32_t>& nSum)
     {
@@ -234,7 +234,8 @@ private:
         }
     }
 
-    /// The entries that the pass of entry `i` needs next, from its pair with `j` on, as far as is worth it.
+    /// The entries that the pass of entry `i` needs next, starting with its pair with `j`, up to a useful
+    /// number.
     [[nodiscard]] std::vector<std::uint32_t> NextOfPass(std::int32_t i, std::int32_t j,
                                                         cPairIndex::tPass pass) const
     {
@@ -273,10 +274,10 @@ private:
     platform::SearchReading& m_reading;
     cGroupRows& m_rows;
     std::optional<cPairIndex> m_index;
-    platform::StoredText m_sShownPath; ///< the folder on the label; none at the start
+    platform::StoredText m_sShownPath; ///< the folder shown on the label; initially empty
 };
 
-/// Scans and compares, by the key that `keyOf` names once the scan is over. False if memory has run out.
+/// Scans and compares, by the key that `keyOf` returns after the scan. False if memory ran out.
 template <typename KeyOf>
 bool Search(KeyOf keyOf)
 {
@@ -287,7 +288,7 @@ bool Search(KeyOf keyOf)
         ScanFolders(*reading);
         cComparison(keyOf(), *reading, rows).Run();
     } catch (const std::bad_alloc&) {
-        // What has been found so far stays. The table, which is of no more use, makes room for what follows.
+        // The rows found so far stay. The table is no longer needed; its memory is freed.
         FileCount = 0;
         FileList.Clear();
         bWhole = false;
@@ -317,7 +318,7 @@ void FindDuplicatesByName()
         frmMain().RowsComparedBy = bNameSize ? platform::ComparedBy::NameAndSize : platform::ComparedBy::Name;
         return bNameSize ? PairKey::NameAndSize : PairKey::Name;
     });
-    // The list gets the focus, if its form may have it by now, and its current row is selected.
+    // The list gets the focus, if its form is enabled by now, and its current row is selected.
     auto& list = frmMain().lvFiles;
     static_cast<void>(list.SetFocus());
     if (auto item = list.SelectedItem()) {

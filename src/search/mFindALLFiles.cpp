@@ -13,7 +13,7 @@
 namespace search {
 namespace {
 
-/// True if the entry is not hidden, or hidden entries count.
+/// True if the entry is not hidden, or hidden entries are included.
 bool Accepted(const platform::tFindData& entry)
 {
     return !entry.bHidden || frmMain().mnuOptionsHidden.Checked();
@@ -36,12 +36,12 @@ void AppendFile(const FileTable::tFolder& folder, std::string_view sName, const 
     if (const auto stTime = platform::LocalTime(entry.ftLastWriteTime)) {
         file.dtDate = platform::DateValue(*stTime);
     }
-    // A file reached by a second route would be found a duplicate of itself.
+    // A file reached through a second path would be reported as a duplicate of itself.
     file.bDone = file.cySize > kMaxComparedSize || folder.bSeenBefore;
     ++FileCount;
 }
 
-/// The names of the accepted subfolders; none if the walk is to stop.
+/// The names of the accepted subfolders; empty if the walk is to stop.
 std::optional<std::vector<std::string>> CollectSubfolders(const platform::FolderListing& listing)
 {
     std::vector<std::string> names;
@@ -60,7 +60,7 @@ std::optional<std::vector<std::string>> CollectSubfolders(const platform::Folder
 /// Appends the accepted files; false if the walk is to stop.
 bool AppendFiles(const platform::FolderListing& listing, const std::string& sPath)
 {
-    std::optional<FileTable::tFolder> folder; // kept once there is a file in it
+    std::optional<FileTable::tFolder> folder; // set with the first file
     for (std::size_t n = 0; n < listing.Count(); ++n) {
         if (StoppedAfterYield()) {
             return false;
@@ -76,7 +76,7 @@ bool AppendFiles(const platform::FolderListing& listing, const std::string& sPat
     return true;
 }
 
-/// False if the folder cannot be opened, or the walk is to stop.
+/// Lists a folder. False if it cannot be opened, or the walk is to stop.
 bool Listed(const std::string& sPath, platform::SearchReading& reading, platform::FolderListing& listing)
 {
     while (!bStopped) {
@@ -98,7 +98,7 @@ void FindAllFiles(std::string sPath, platform::SearchReading& reading)
     }
     std::vector<std::string> subfolders;
     {
-        // The listing of a folder is gone before its subfolders are entered.
+        // Releases the listing of a folder before its subfolders are entered.
         platform::FolderListing listing;
         if (!Listed(sPath, reading, listing)) {
             return;

@@ -12,23 +12,23 @@
 
 namespace search {
 
-/// Appends the files of folder `sPath` and of all folders below it to FileList and raises FileCount: a
-/// folder's own files first, in the order of the listing, then its subfolders one by one. Hidden entries are
-/// left out unless mnuOptionsHidden is checked; a folder that cannot be opened counts as empty. Yields at
-/// every entry, and while `reading` has no listing yet, and returns at once when bStopped is set.
+/// Appends the files in folder `sPath` and all its subfolders to FileList and raises FileCount: the folder's
+/// own files first, in listing order, then one subfolder after the other. Skips hidden entries unless
+/// mnuOptionsHidden is checked; a folder that cannot be opened counts as empty. Yields at every entry and
+/// while waiting for `reading`, and returns at once when bStopped is set.
 void FindAllFiles(std::string sPath, platform::SearchReading& reading);
 
-/// So many accepted subfolders of a folder are entered.
+/// The maximum number of accepted subfolders that are entered per folder.
 inline constexpr std::size_t kMaxSubfolders = std::numeric_limits<std::int16_t>::max();
 
-/// `sText` up to its first NUL character, or all of it.
+/// `sText` up to its first NUL, or all of it.
 std::string_view TrimNull(std::string_view sText);
 
-/// The local date and time of `ftTime`, day first and without leading zeros, as 5/2/2004 9:7:3. Empty if the
+/// `ftTime` as local date and time, day first and without leading zeros, as in 5/2/2004 9:7:3. Empty if the
 /// calendar cannot express it.
 std::string FileTimeToText(platform::tFileTime ftTime);
 
-/// True if full path `sPath` names a file or folder at this moment.
+/// True if there currently is a file or folder at full path `sPath`.
 bool FileFound(const std::string& sPath);
 
 } // namespace search

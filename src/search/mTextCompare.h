@@ -6,14 +6,14 @@
 
 namespace search {
 
-/// Writes to `sFolded` the form of `sText` in which texts are compared: letter case folded, by Unicode for a
-/// valid UTF-8 text, for ASCII letters alone for any other. Two texts compare equal if these forms are equal.
+/// Writes the form of `sText` that is compared to `sFolded`: case-folded by Unicode rules if `sText` is valid
+/// UTF-8, otherwise for ASCII letters only. Two texts are equal if these forms are.
 void FoldText(std::string_view sText, std::string& sFolded);
 
-/// `sText` with its ASCII letters in lower case and every other byte as it is.
+/// `sText` with ASCII letters in lower case and all other bytes unchanged.
 void FoldAscii(std::string_view sText, std::string& sFolded);
 
-/// True if the texts are equal in this sense.
+/// True if the texts are equal by the rules of FoldText.
 bool TextEqual(std::string_view sFirst, std::string_view sSecond);
 
 } // namespace search
