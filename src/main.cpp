@@ -14,7 +14,7 @@
 
 namespace {
 
-/// True if something says where to show a window. Without that the toolkit aborts.
+/// True if a display is configured. Without one the toolkit would abort.
 bool HasDisplay(std::span<char* const> arguments)
 {
     const auto isSet = [](const char* pName) {
@@ -34,14 +34,14 @@ int main(int argc, char* argv[])
         std::fputs("tallyfen: there is no display for its window.\n", stderr);
         return EXIT_FAILURE;
     }
-    // A file that may not grow any further is a failed write like any other, not the end of the program.
+    // Writing beyond the file size limit then fails like any other write, instead of ending the program.
     std::signal(SIGXFSZ, SIG_IGN);
-    // Nor is somebody who opens a file that a lease is being asked for.
+    // The signal for a broken lease must not end the program, either.
     std::signal(SIGIO, SIG_IGN);
     desktop::StartNoSessionBus();
     program::Program program(argc, argv);
     const int nResult = program.Run();
-    // A thread that a file system holds goes on using what would be taken down now.
+    // A thread stuck in a file system call still uses what a normal exit would destroy.
     if (desktop::ThreadsLeftBehind() > 0) {
         std::fflush(nullptr);
         _exit(nResult);

@@ -8,7 +8,7 @@
 
 namespace dialogs {
 
-/// Gives a control with a caption what the design of its form says.
+/// Resets a control with a caption to its design.
 template <typename T>
 void Design(T& control, const platform::tPlace& place, std::string_view sCaption)
 {

@@ -6,19 +6,19 @@
 
 namespace dialogs {
 
-/// What the dialogs use of the main form beyond what the searches do, whoever offers it.
+/// What the dialogs use of the main form, beyond what the searches use.
 class MainFormMembers : public search::MainFormMembers
 {
 public:
     platform::ListView lvFake{form}; ///< covers lvFiles while a search fills it
 };
 
-/// Puts the main form in place for the dialogs; it is not owned here.
+/// Installs the main form for the dialogs. It is not owned here.
 void UseMainForm(MainFormMembers& main);
 
 MainFormMembers& frmMain();
 
-/// Lays lvFake exactly over lvFiles, with columns as wide as those of that list.
+/// Puts lvFake exactly over lvFiles, with the same column widths.
 void LayCoverList();
 
 } // namespace dialogs

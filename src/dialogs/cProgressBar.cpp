@@ -22,7 +22,7 @@ float PerY()
     return platform::TheScreen().TwipsPerPixelY();
 }
 
-/// `number`, refused if the arithmetic that led to it has left the range of its type.
+/// Returns `number`, or throws if the arithmetic that produced it has overflowed.
 float Checked(float number)
 {
     if (!std::isfinite(number)) {
@@ -31,7 +31,7 @@ float Checked(float number)
     return number;
 }
 
-/// The nearest whole number, of two equally near the even one.
+/// The nearest integer; ties go to the even one.
 std::int32_t Rounded(float number)
 {
     const double rounded = std::nearbyint(static_cast<double>(Checked(number)));
@@ -102,7 +102,7 @@ float cProgressBar::Value() const
 
 void cProgressBar::SetValue(float New_Value)
 {
-    // Never a division by 0.
+    // Avoids a division by 0.
     const bool bAsItIs = !(New_Value > 0) || !(sngMax > sngMin);
     sngPercent = bAsItIs ? New_Value : Checked(New_Value / Checked(sngMax - sngMin) * 100);
     UpdatePosition();

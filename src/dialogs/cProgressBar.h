@@ -6,11 +6,11 @@
 
 namespace dialogs {
 
-/// A progress bar put on a form at run time. It keeps its rectangle in pixels and speaks twips, and turns the
-/// caller's value into a percentage, so that the window's own range of 0 to 100 is never set.
+/// A progress bar that is created on a form at run time. It keeps its rectangle in pixels, has an interface
+/// in twips, and converts the value to a percentage, so that the native range of 0 to 100 is never changed.
 ///
-/// The rectangle is set first, then the window created, then range and value set. Numbers that do not go into
-/// 32 bits raise std::overflow_error.
+/// First set the rectangle, then create the window, then set range and value. Numbers that do not fit in 32
+/// bits throw std::overflow_error.
 class cProgressBar final : public search::ProgressBarMembers
 {
 public:
@@ -19,7 +19,8 @@ public:
     cProgressBar& operator=(const cProgressBar&) = delete;
     ~cProgressBar() override;
 
-    /// In twips. The window moves when `Left` or `Top` is set, and takes `Width` and `Height` along then.
+    /// In twips. The window moves only when `Left` or `Top` is set; this also applies the current `Width` and
+    /// `Height`.
     [[nodiscard]] float Left() const;
     void SetLeft(float New_Left);
     [[nodiscard]] float Top() const;
@@ -29,20 +30,20 @@ public:
     [[nodiscard]] float Height() const;
     void SetHeight(float New_Height);
 
-    /// The bar follows a change of the range when the next value is set.
+    /// A change of the range takes effect when the next value is set.
     [[nodiscard]] float Min() const { return sngMin; }
     void SetMin(float New_Min) { sngMin = New_Min; }
     [[nodiscard]] float Max() const { return sngMax; }
     void SetMax(float New_Max) override { sngMax = New_Max; }
 
-    /// Measured from 0, whatever `Min` is. One set while the range is empty, or not above 0, stands for a
-    /// percentage as it is.
+    /// Counted from 0, whatever `Min` is. While the range is empty, or if the value is not above 0, it is
+    /// used as a percentage directly.
     [[nodiscard]] float Value() const;
     void SetValue(float New_Value) override;
 
     void SetVisible(bool New_Visible);
 
-    /// Creates the window, at position 0, inside `hParent`.
+    /// Creates the window inside `hParent`, at position 0.
     void Create(const platform::WindowHandle& hParent);
 
 private:

@@ -6,7 +6,7 @@
 
 namespace dialogs {
 
-/// The box that says what the program is and whose.
+/// The about box.
 class frmAbout
 {
 public:
@@ -22,7 +22,7 @@ private:
     void btnOK_Click();
 };
 
-/// The one about box.
+/// The only about box.
 frmAbout& theAboutForm();
 
 } // namespace dialogs

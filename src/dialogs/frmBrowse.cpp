@@ -11,11 +11,12 @@
 namespace dialogs {
 namespace {
 
-/// Adds the folder to the list with the label of its volume. Returns what went wrong, without a full stop;
-/// empty if nothing did.
+/// Adds the folder to the list with the label of its volume. Returns an error message without a full stop;
+/// empty on success.
 std::string AddFolder(const std::string& sSelected)
 {
-    // By its own path, so that a link to a folder, a home for one, does not list it a second time.
+    // By its canonical path, so that a link to a folder, for example to the home folder, does not list it
+    // twice.
     const std::string sFolder = platform::Files().CanonicalFolder(sSelected).value_or(sSelected);
     auto row = frmMain().lvFolders.ListItems.Add(sFolder, sFolder, 1);
     if (!row) {

@@ -7,15 +7,15 @@
 namespace dialogs {
 
 /// The Add Folder window: the shell's folder tree (mSysTree) in a picture box, and a button that adds the
-/// folder selected there to the list, as often as it is pressed.
+/// selected folder to the list. It stays open, so that several folders can be added.
 class frmBrowse
 {
 public:
     frmBrowse();
 
     platform::Form form;
-    platform::PictureBox picBrowse; ///< hosts the tree
-    platform::CommandButton cmdAdd; ///< enabled by the tree's selection
+    platform::PictureBox picBrowse; ///< contains the tree
+    platform::CommandButton cmdAdd; ///< enabled according to the tree's selection
     platform::CommandButton cmdClose;
     platform::Label Label1;
 
@@ -27,7 +27,7 @@ private:
     void cmdClose_Click();
 };
 
-/// The one Add Folder window.
+/// The only Add Folder window.
 frmBrowse& theBrowseForm();
 
 } // namespace dialogs

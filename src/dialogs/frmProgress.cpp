@@ -21,7 +21,7 @@ frmProgress::frmProgress()
     RestoreDesign();
 }
 
-/// Each load shows the window as designed, whatever the search before has left in it.
+/// Resets the window to its design, since a previous search may have changed it.
 void frmProgress::RestoreDesign()
 {
     Design(Label1, {1155, 210, 4005, 435}, "Please wait while Tallyfen is performing requested operation.");

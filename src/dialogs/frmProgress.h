@@ -10,8 +10,8 @@
 
 namespace dialogs {
 
-/// The small window in front of the main form while a search runs. It shows what the search is at, takes the
-/// user's Cancel, and keeps the result list out of sight while rows go into it.
+/// The small window in front of the main form while a search runs. It shows the progress, lets the user
+/// cancel, and covers the result list while rows are added to it.
 class frmProgress final : public search::ProgressFormMembers
 {
 public:
@@ -22,7 +22,7 @@ public:
     platform::CommandButton cmdCancel;
     platform::Image Image1;
 
-    /// Made when first referred to, gone with the form.
+    /// Created on first use, destroyed with the form.
     cProgressBar& pbProgress() override;
 
     void Show() override;
@@ -40,7 +40,7 @@ private:
     std::optional<cProgressBar> m_pbProgress;
 };
 
-/// The one progress window.
+/// The only progress window.
 frmProgress& theProgressForm();
 
 } // namespace dialogs

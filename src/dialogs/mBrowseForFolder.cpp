@@ -8,7 +8,7 @@
 namespace dialogs {
 namespace {
 
-std::string sBrowseStart; ///< the folder to select when the dialog opens, and a NUL
+std::string sBrowseStart; ///< the folder to select when the dialog opens, followed by a NUL
 
 int BrowseCallback(platform::WindowHandle hWnd, unsigned uMsg, long /*lParam*/, long /*lpData*/)
 {
@@ -23,7 +23,7 @@ int BrowseCallback(platform::WindowHandle hWnd, unsigned uMsg, long /*lParam*/, 
 std::string BrowseForFolder(platform::WindowHandle hOwner, const std::string& sTitle,
                             const std::string& sStart)
 {
-    // The callback is only there to select a folder.
+    // The callback is needed only to select a folder.
     platform::BROWSEINFO info;
     info.hwndOwner = hOwner;
     info.lpszTitle = sTitle;
@@ -32,12 +32,11 @@ std::string BrowseForFolder(platform::WindowHandle hOwner, const std::string& sT
         sBrowseStart = sStart + '\0';
         info.lpfn = &BrowseCallback;
     }
-    // On Cancel there is no item, and the buffer stays as it is.
+    // On Cancel there is no item, and the buffer does not change.
     const platform::ItemId pidl = platform::TheFileDialogs().SHBrowseForFolderA(info);
     std::string sBuffer(266, '\0');
     platform::TheFileDialogs().SHGetPathFromIDListA(pidl, sBuffer);
     std::string sFolder = StripNull(sBuffer);
-    // The path is ours by now.
     platform::TheFileDialogs().CoTaskMemFree(pidl);
     return sFolder;
 }

@@ -7,12 +7,12 @@
 
 namespace dialogs {
 
-/// Asks for a folder, `sStart` selected at first if it is not empty. Returns it without a separator at its
-/// end but for the root's; empty if the user cancelled.
+/// Asks for a folder, initially `sStart` if that is not empty. Returns it without a trailing separator
+/// (except for the root); empty if the user cancelled.
 std::string BrowseForFolder(platform::WindowHandle hOwner, const std::string& sTitle,
                             const std::string& sStart);
 
-/// The text before the first NUL; without one, the text without the blanks around it.
+/// The text up to the first NUL; without a NUL, the text with leading and trailing blanks removed.
 std::string StripNull(const std::string& sText);
 
 } // namespace dialogs

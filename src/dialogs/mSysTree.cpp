@@ -26,8 +26,8 @@ void HideBrowse()
     UnhookBrowse();
 }
 
-/// Stands in for the dialog's own procedure up to its first move, by which the shell brings the dialog to its
-/// place when the callback has returned: from then on it is to be hidden.
+/// The dialog's window procedure until it is moved for the first time. The shell moves it into position after
+/// the callback has returned; from then on it has to be hidden.
 long BrowseWndProc(platform::WindowHandle hWnd, unsigned uMsg, long wParam, long lParam)
 {
     if (uMsg == platform::WM_MOVE) {
@@ -48,10 +48,9 @@ void HostTree(platform::PictureBox& host)
     HookBrowse();
 }
 
-/// The dialog has been set up.
 void BrowseInitialized()
 {
-    // Off the screen, at any resolution.
+    // Off the screen at any resolution.
     platform::MoveWindow(hBrowse, -static_cast<int>(platform::TheScreen().Width()), 0, 480, 480);
     platform::SendMessageA(hBrowse, platform::BFFM_SETSELECTIONA, 1, sSelectedFolder);
     for (auto hChild = platform::GetWindow(hBrowse, platform::GW_CHILD); hChild != nullptr;
@@ -66,7 +65,7 @@ void BrowseInitialized()
 
 void SelectionChanged(platform::ItemId pidl)
 {
-    // The selected item's path, unless the shell gives none.
+    // If the item has no path, the buffer holds no NUL and the last folder stays.
     std::string sBuffer(260, ' ');
     platform::Shell().SHGetPathFromIDList(pidl, sBuffer);
     const std::size_t nEnd = sBuffer.find('\0');
@@ -92,15 +91,15 @@ int SysTreeCallback(platform::WindowHandle hWnd, unsigned uMsg, long lParam, lon
 
 void ShowSysTree(const std::string& sStart)
 {
-    // What the tree starts from, as the shell reads it.
+    // The shell expects a terminating NUL.
     sSelectedFolder = sStart + '\0';
-    // Its answer is of no interest: folders have been added meanwhile.
+    // The result is ignored: the folders have been added during the call.
     platform::Shell().SHBrowseForFolder({.hwndOwner = platform::GetDesktopWindow(),
                                          .lpszTitle = {},
                                          .ulFlags = platform::BIF_RETURNONLYFSDIRS | platform::BIF_STATUSTEXT,
                                          .lpfn = &SysTreeCallback,
                                          .lParam = 0});
-    // The windows have gone, and what is gone must not be named.
+    // The windows have been destroyed, so these handles must not be used any more.
     hBrowse = nullptr;
     hTree = nullptr;
 }

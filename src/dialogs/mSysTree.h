@@ -5,23 +5,24 @@
 
 #include <string>
 
-// The shell's folder tree in a picture box of ours. The shell's dialog offers one answer and closes; we want
-// a window that stays open. So its dialog is opened off the screen, its tree moved into the picture box, and
-// the dialog hidden and left running: its callback goes on reporting the selection.
+// Shows the shell's folder tree in a picture box of the program. The shell's dialog returns one answer and
+// closes, whereas the program needs a window that stays open. So the dialog is opened off the screen, its
+// tree is moved into the picture box, and the dialog is hidden and keeps running: its callback continues to
+// report the selection.
 
 namespace dialogs {
 
-/// The folder selected in the tree at this moment, or last. Empty at program start.
+/// The folder currently or last selected in the tree. Initially empty.
 extern std::string sSelectedFolder;
 
-/// The picture box that takes the tree; set before ShowSysTree.
+/// The picture box that receives the tree; must be set before ShowSysTree.
 extern platform::PictureBox* oHost;
 
-/// Opens the dialog with folder `sStart` selected, or the one that the shell starts with. Returns when the
-/// dialog has ended; until then the program's windows go on working inside the call.
+/// Opens the dialog with folder `sStart` selected, or with the shell's initial folder if it is empty. Returns
+/// when the dialog has ended; the windows of the program stay usable during the call.
 void ShowSysTree(const std::string& sStart);
 
-/// Gives the tree back and ends the dialog.
+/// Returns the tree to the dialog and ends the dialog.
 void CloseSysTree();
 
 } // namespace dialogs

@@ -3,8 +3,8 @@
 
 namespace mainwindow {
 
-/// Starts the program: brings up the main form. From then on the program lives in the event loop, until that
-/// form is unloaded. The system and the forms are in place by now (UseSystem, UseForms, UseMainForm).
+/// Starts the program by showing the main form. From then on the program runs in the event loop until that
+/// form is unloaded. The system and the forms must have been installed (UseSystem, UseForms, UseMainForm).
 void Main();
 
 } // namespace mainwindow

@@ -12,16 +12,16 @@
 
 namespace mainwindow {
 
-/// The program's window: the folders to compare above, the result rows below, and every command in its menus.
+/// The main window: the folders to compare, the result rows below them, and all commands in its menus.
 class frmMain final : public dialogs::MainFormMembers, public platform::FileGroups
 {
 public:
     frmMain();
 
-    platform::Toolbar Toolbar1;  ///< a second way to nine of the commands
-    platform::PictureBox picSep; ///< the bar between the two lists
+    platform::Toolbar Toolbar1;  ///< gives access to nine of the commands
+    platform::PictureBox picSep; ///< the splitter between the two lists
 
-    platform::MenuItem mnuFile; ///< also the pop-up menu of lvFiles
+    platform::MenuItem mnuFile; ///< also the context menu of lvFiles
     platform::MenuItem mnuFileOpen, mnuFileExplore, mnuFileOpenWith, sepFile, mnuSelect, sepFile4;
     platform::MenuItem mnuFileMoveTo, mnuFileCopyTo, sepFile5, mnuFileDelete, mnuFileProperties, sepFile6;
     platform::MenuItem mnuFileExit;
@@ -39,26 +39,27 @@ public:
     /// True if the last mouse press in lvFiles was on a row.
     bool bItemHit = false;
 
-    /// The commands that need a row are enabled if lvFiles has one. The toolbar's buttons always are.
+    /// Enables the commands that need a row if lvFiles has one. The toolbar buttons are always enabled.
     void CheckMenu() override;
 
     std::string sSelectedFolder() override;
 
-    /// What the rows of lvFiles say of these files.
+    /// The groups of these files according to the rows of lvFiles.
     platform::tFileGroups GroupsOf(std::span<const std::string> paths) override;
 
 private:
-    /// Says in the first panel whether there are folders to search.
+    /// Shows in the first panel whether there are folders to search.
     void CheckStatus();
 
-    /// Turns the marks of selected rows whose files have gone from blue to red.
+    /// Changes the marks of selected rows whose files have gone from blue to red.
     void MarkMissingFiles();
 
-    /// The file and the folder of the current row of lvFiles; empty without one.
+    /// The full path and the folder of the current row of lvFiles; empty without one.
     std::string CurrentKey();
     std::string CurrentFolder();
 
-    /// Asks for a folder, under `sTitle`, and has the files of the selected rows moved or copied there.
+    /// Asks for a folder, with `sTitle`, and moves or copies the files of the selected rows there with
+    /// `operation`.
     void SendSelectedToFolder(const std::string& sTitle,
                               bool (*operation)(const std::string& sFrom, const std::string& sTo));
 
@@ -118,7 +119,7 @@ private:
     void mnuHelpAbout_Click();
 };
 
-/// The one main form, made when it is first asked for.
+/// The only main form, created on first use.
 frmMain& theMainForm();
 
 } // namespace mainwindow

@@ -9,14 +9,14 @@
 #include "mFileOperation.h"
 #include "mFindALLFiles.h"
 
-// The commands that change the files of the selected rows. The shell does it, in one request a command; then
-// the disk is looked at again, and the marks of the files that have gone turn red.
+// The commands that change the files of the selected rows. The shell does the work, in one request per
+// command; then the program checks the disk and turns the marks of the files that have gone red.
 
 namespace mainwindow {
 namespace {
 
-/// The files of the selected rows that are there, in row order, and where they would go in folder `sFolder`:
-/// a NUL behind each path.
+/// The existing files of the selected rows, in row order, and their destinations in folder `sFolder`; a NUL
+/// follows each path.
 struct tFileLists {
     tFileLists(platform::ListItems& rows, const std::string& sFolder)
     {
@@ -47,18 +47,17 @@ platform::tFileGroups frmMain::GroupsOf(std::span<const std::string> paths)
 
 void frmMain::mnuFileDelete_Click()
 {
-    // Without rows there is nothing to delete.
     if (lvFiles.ListItems.Count() == 0) {
         return;
     }
-    // Busy, before the disk is asked which files are there.
+    // Checking which files exist can take a while, so switch to working mode first.
     search::SetWorking(true);
     const tFileLists lists(lvFiles.ListItems, "");
-    // Also without any file: the shell then has nothing to ask.
+    // Also called without any files; the shell then shows nothing.
     if (results::DeleteFiles(lists.sFrom)) {
         MarkMissingFiles();
     }
-    // The shell's windows may have left another one in front.
+    // Another window may be in front after the shell's dialogs.
     search::SetWorking(false);
     platform::SetForegroundWindow(form.hWnd());
 }
@@ -76,35 +75,32 @@ void frmMain::mnuFileCopyTo_Click()
 void frmMain::SendSelectedToFolder(const std::string& sTitle,
                                    bool (*operation)(const std::string& sFrom, const std::string& sTo))
 {
-    // Without rows there is nothing to send.
     if (lvFiles.ListItems.Count() == 0) {
         return;
     }
-    // The folder, from that of the current row on.
     const std::string sFolder = dialogs::BrowseForFolder(form.hWnd(), sTitle, CurrentFolder());
     if (sFolder.empty()) {
         return;
     }
-    // Busy, before the disk is asked which files are there.
+    // Checking which files exist can take a while, so switch to working mode first.
     search::SetWorking(true);
     const tFileLists lists(lvFiles.ListItems, results::JoinPath(sFolder, ""));
-    // After a copy too: a file can have gone meanwhile.
+    // Also after a copy, since a file may have gone meanwhile.
     if (operation(lists.sFrom, lists.sTo)) {
         MarkMissingFiles();
     }
-    // The shell's windows may have left another one in front.
+    // Another window may be in front after the shell's dialogs.
     search::SetWorking(false);
     platform::SetForegroundWindow(form.hWnd());
 }
 
 void frmMain::MarkMissingFiles()
 {
-    // Without rows there is nothing to mark.
     const std::size_t nCount = lvFiles.ListItems.Count();
     if (nCount == 0) {
         return;
     }
-    // Only a selected row's file has been acted upon, and red never turns back.
+    // Only the files of selected rows can have changed, and a red mark never turns blue again.
     platform::LockWindowUpdate(lvFiles.hWnd());
     for (std::size_t n = 1; n <= nCount; ++n) {
         platform::ListItem row = lvFiles.ListItems(n);

@@ -2,16 +2,16 @@
 #include "MainForm.h"
 #include "frmMain.h"
 
-// What stands where in the main form, and how it keeps in order when the window or the bar between the lists
-// is moved. A size below 0 is refused by its control, which then keeps the one it has; nobody is told.
+// The layout of the main form, initially and when the window is resized or the splitter between the lists is
+// moved. A control refuses a negative size and keeps its old one; that is intended here and not reported.
 
 namespace mainwindow {
 namespace {
 
-constexpr float kVolumeWidth = 1440;   ///< of the second column of lvFolders, which keeps it
-constexpr float kFoldersMargin = 880;  ///< what the columns of lvFolders leave free
-constexpr float kFilesMargin = 1450;   ///< what those of lvFiles leave free
-constexpr float kLeastListRoom = 1000; ///< between the bar and what is beyond the list next to it
+constexpr float kVolumeWidth = 1440;   ///< of the second column of lvFolders, which never changes
+constexpr float kFoldersMargin = 880;  ///< the width that the columns of lvFolders leave free
+constexpr float kFilesMargin = 1450;   ///< the width that the columns of lvFiles leave free
+constexpr float kLeastListRoom = 1000; ///< minimum distance of the splitter from the far end of each list
 
 } // namespace
 
@@ -72,29 +72,29 @@ void frmMain::DesignStatusBar()
 
 void frmMain::Form_Resize()
 {
-    // A minimised window has no room to share out.
+    // A minimised window has no area to lay out.
     if (form.WindowState() == platform::WindowState::Minimized) {
         return;
     }
-    // With large letters the toolbar is higher than designed. What is below it starts where it ends then.
+    // With large fonts the toolbar is higher than designed, so the controls below it move down.
     const float covered = Toolbar1.Height() - lvFolders.Top();
     if (covered > 0) {
         lvFolders.SetTop(lvFolders.Top() + covered);
         picSep.SetTop(picSep.Top() + covered);
     }
-    // The upper list and the bar: the folders' column takes the room.
+    // The width goes to the folder column.
     static_cast<void>(lvFolders.SetWidth(form.ScaleWidth()));
     static_cast<void>(picSep.SetWidth(form.ScaleWidth()));
     static_cast<void>(lvFolders.ColumnHeaders(1).SetWidth(lvFolders.Width() - kFoldersMargin - kVolumeWidth));
-    // The lower list, which takes all of a change in height.
+    // The lower list takes up all of a change in height.
     lvFiles.SetTop(picSep.Top() + picSep.Height());
     static_cast<void>(lvFiles.SetWidth(form.ScaleWidth()));
     static_cast<void>(lvFiles.SetHeight(form.ScaleHeight() - lvFiles.Top() - StatusBar1.Height()));
-    // The paths' column takes what the three others leave.
+    // The path column takes the width that the other three leave.
     const float others = lvFiles.ColumnHeaders(1).Width() + lvFiles.ColumnHeaders(2).Width() +
                          lvFiles.ColumnHeaders(3).Width();
     static_cast<void>(lvFiles.ColumnHeaders(4).SetWidth(lvFiles.Width() - (others + kFilesMargin)));
-    // A window that takes no input can be resized all the same; the rows stay covered.
+    // The window can be resized while it is disabled during a search; the rows must stay covered.
     if (lvFake.Visible()) {
         dialogs::LayCoverList();
     }
@@ -112,7 +112,7 @@ void frmMain::picSep_MouseMove(int Button, float Y)
     if (Button != platform::kLeftButton) {
         return;
     }
-    // Y counts from the bar itself. Beyond the limits the bar stays where it last was.
+    // Y is relative to the splitter itself. Beyond the limits the splitter stays where it was.
     const float top = picSep.Top() + Y;
     if (top > lvFolders.Top() + kLeastListRoom && top < StatusBar1.Top() - kLeastListRoom) {
         picSep.SetTop(top);
@@ -125,7 +125,7 @@ void frmMain::picSep_MouseUp(int Button)
         return;
     }
     picSep.SetBackColor(platform::SystemColor::ButtonFace);
-    // The list starts a pixel below the toolbar, and so reaches a pixel under the bar.
+    // The list starts one pixel below the toolbar, and so extends one pixel under the splitter.
     static_cast<void>(lvFolders.SetHeight(picSep.Top() - Toolbar1.Height()));
     lvFiles.SetTop(picSep.Top() + picSep.Height());
     static_cast<void>(lvFiles.SetHeight(form.ScaleHeight() - lvFiles.Top() - StatusBar1.Height()));

@@ -9,8 +9,8 @@
 
 #include <utility>
 
-// What mouse and keyboard do on the two lists, and the commands that change the list of folders. Keys act
-// when they are released.
+// Mouse and keyboard handlers of the two lists, and the commands that change the folder list. Keys act on
+// release.
 
 namespace mainwindow {
 namespace {
@@ -19,7 +19,7 @@ constexpr int kKeyCtrl = 17;
 constexpr int kKeyDelete = 46;
 constexpr int kKeyA = 65;
 
-/// Ctrl and A have been pressed together, with neither Shift nor Alt.
+/// True for Ctrl+A without Shift or Alt.
 bool SelectsAll(int KeyCode, int Shift)
 {
     return (KeyCode == kKeyCtrl || KeyCode == kKeyA) && Shift == platform::kCtrlHeld;
@@ -41,8 +41,8 @@ void frmMain::lvFiles_MouseUp(int Button)
 
 void frmMain::lvFiles_MenuKey()
 {
-    // The menu comes up at the current row, which its commands are therefore for. No mouse has pressed that
-    // row, so it ends with the menu.
+    // The menu opens at the current row, so its commands apply to that row. No mouse press has hit it, so the
+    // flag is restored when the menu closes.
     const bool bHitBefore = std::exchange(bItemHit, lvFiles.SelectedItem().has_value());
     platform::Windows().PopupMenu(mnuFile, &lvFiles);
     bItemHit = bHitBefore;
@@ -86,14 +86,13 @@ void frmMain::lvFolders_ColumnClick()
 
 void frmMain::mnuSearchAdd_Click()
 {
-    // The window first, before the wait for its tree.
+    // Show the window at once, since loading the tree takes a while.
     auto& browse = dialogs::theBrowseForm();
     browse.form.Show(false, &form);
     browse.form.Refresh();
-    // All that the user does in the window happens within this call.
+    // Returns when the user has closed the window.
     dialogs::oHost = &browse.picBrowse;
     dialogs::ShowSysTree("");
-    // The folders added meanwhile show in the status word.
     CheckStatus();
 }
 
@@ -111,7 +110,7 @@ void frmMain::mnuSearchNew_Click()
 
 void frmMain::mnuSearchRemove_Click()
 {
-    // Without a current row there is none to select, and the other steps follow all the same.
+    // Without a current row the rest still has to be done.
     if (auto current = lvFolders.SelectedItem()) {
         current->SetSelected(true);
     }
@@ -127,7 +126,7 @@ void frmMain::mnuSearchClearFolders_Click()
 
 void frmMain::mnuSearchClearResults_Click()
 {
-    // Less than ClearResults: the count of the last search and the commands stay as they are.
+    // Not ClearResults: the result count of the last search and the commands stay as they are.
     lvFiles.ListItems.Clear();
     CheckStatus();
 }

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "frmMain.h"
 
-// The menus and the toolbar: what is in them, and how a choice finds its command.
+// The menus and the toolbar: their contents, and which command each item starts.
 
 namespace mainwindow {
 namespace {
 
 using platform::MenuItem;
 
-/// The modes of the search. A click turns the item over and gives both others the opposite of its new state,
-/// so that a click on the mode in force leaves both others in its place.
+/// The search modes. A click toggles the item and sets both others to the opposite of its new state, so
+/// clicking the active mode checks both others.
 void ChooseMode(MenuItem& clicked, MenuItem& second, MenuItem& third)
 {
     clicked.SetChecked(!clicked.Checked());
@@ -22,7 +22,7 @@ void ChooseMode(MenuItem& clicked, MenuItem& second, MenuItem& third)
 void frmMain::DesignMenu()
 {
     static constexpr struct {
-        std::size_t nDepth; ///< 0 in the menu bar
+        std::size_t nDepth; ///< 0 for the menu bar
         MenuItem frmMain::* pItem;
         const char* pCaption;
         Command pHandler = nullptr;
@@ -144,7 +144,7 @@ void frmMain::DesignToolbar()
 
 void frmMain::Toolbar1_ButtonClick(const std::string& sKey)
 {
-    // Whether the menu's item is enabled does not count here.
+    // Runs the command even if its menu item is disabled.
     for (const auto& row : ToolbarRows()) {
         if (row.pCommand != nullptr && row.button.sKey == sKey) {
             (this->*row.pCommand)();

@@ -4,8 +4,8 @@
 #include "frmMain.h"
 #include "mFileOperation.h"
 
-// The commands that look at one file, that of the current row, however many rows are selected. Most act only
-// if the last mouse press in the list was on a row. What they start lives on its own.
+// The commands that open or show one file, that of the current row, however many rows are selected. Most act
+// only if the last mouse press in the list was on a row. The programs they start run independently.
 
 namespace mainwindow {
 namespace {

@@ -5,7 +5,7 @@
 
 namespace mainwindow {
 
-/// Turns the buttons of a toolbar from raised to flat, or back.
+/// Switches the buttons of a toolbar from raised to flat, or back.
 void FlatToolbar(platform::Toolbar& toolbar);
 
 } // namespace mainwindow

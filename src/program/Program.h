@@ -8,14 +8,14 @@
 
 namespace program {
 
-/// The program on its machine: the system and the forms, put in place for one another. There is one.
+/// The whole program: creates the system and the forms and connects them. There must be only one.
 class Program
 {
 public:
-    /// `replace` may put others in the place of parts of the system, before anything uses them.
+    /// `replace` may replace parts of the system before they are used.
     Program(int& argc, char* argv[], const std::function<void(platform::tSystem&)>& replace = {});
 
-    /// Brings up the window and lives until it has gone; returns the program's result.
+    /// Shows the window and runs the event loop until it is closed. Returns the exit code.
     int Run();
 
 private:

@@ -16,7 +16,7 @@
 namespace results {
 namespace {
 
-/// The report as it is written, line by line. After a line that cannot be written no other one is.
+/// The report file, written line by line. Stops at the first line that cannot be written.
 class Report
 {
 public:
@@ -44,7 +44,7 @@ private:
     bool m_bWritten;
 };
 
-/// A row's lines tell its place in its group, whether or not its file has gone.
+/// A row's line shows its position in the group, whether or not its file has gone.
 void WriteRow(Report& report, const platform::ListItem& row)
 {
     const std::string sName = platform::Escaped(row.Key());
@@ -94,11 +94,11 @@ void SaveResults()
     if (sPath.empty()) {
         return;
     }
-    // The dialog has asked about a file that is there.
+    // The dialog has already asked before replacing an existing file.
     search::SetWorking(true);
     WriteReport(sPath, main.lvFiles.ListItems);
     search::SetWorking(false);
-    // The new report, or the reason why there is none, comes to the screen.
+    // Shows the new report, or the reason why there is none.
     RunProgram(sPath, "", "", platform::SW_SHOWNORMAL);
 }
 

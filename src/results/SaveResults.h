@@ -3,9 +3,9 @@
 
 namespace results {
 
-/// Writes the rows of lvFiles to a text file that the user names, and opens it. Does nothing without rows or
-/// without a name. A file that cannot be written is not spoken of here: opening it then shows what is there,
-/// or says why not.
+/// Writes the rows of lvFiles to a text file chosen by the user, and opens the file. Does nothing without
+/// rows or if the user cancels. A failed write is not reported here: opening the file then shows what was
+/// written, or an error message.
 void SaveResults();
 
 } // namespace results

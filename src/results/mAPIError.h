@@ -5,8 +5,7 @@
 
 namespace results {
 
-/// The system's text for error code `nCode`, with the line end that the system gives it; "Unknown error." if
-/// it has none.
+/// The system's message for error code `nCode`, including its line end; "Unknown error." if there is none.
 std::string GetErrorText(long nCode);
 
 } // namespace results

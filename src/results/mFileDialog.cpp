@@ -10,7 +10,7 @@
 namespace results {
 namespace {
 
-/// What the dialog has room for, at the least.
+/// The minimum buffer size that the dialog expects.
 constexpr std::size_t kMaxFile = 260;
 
 } // namespace
@@ -18,7 +18,7 @@ constexpr std::size_t kMaxFile = 260;
 std::string ShowSaveDialog(platform::WindowHandle hOwner, const std::string& sFilter,
                            const std::string& sFileName, std::string& sInitDir, const std::string& sTitle)
 {
-    // The request. The proposed name stands in a buffer that takes the chosen path.
+    // The buffer with the proposed name also receives the chosen path.
     platform::OPENFILENAME request;
     request.hwndOwner = hOwner;
     request.lpstrFilter = FilterToNulls(sFilter);
@@ -30,11 +30,11 @@ std::string ShowSaveDialog(platform::WindowHandle hOwner, const std::string& sFi
     request.Flags = platform::OFN_OVERWRITEPROMPT | platform::OFN_HIDEREADONLY | platform::OFN_NOCHANGEDIR |
                     platform::OFN_EXPLORER | platform::OFN_LONGNAMES;
     request.lpstrDefExt = FilterExtension(request.lpstrFilter);
-    // A dialog that fails is as one that was cancelled.
+    // A dialog that fails is treated like one that was cancelled.
     if (!platform::TheFileDialogs().GetSaveFileNameA(request)) {
         return {};
     }
-    // The next dialog starts where this one ended.
+    // The next dialog starts in the same folder.
     std::string sPath = CutAtNull(request.lpstrFile);
     sInitDir = ParentFolder(sPath, false);
     return sPath;

@@ -74,7 +74,7 @@ private:
 
     platform::tShownFile Shown(const ListItem& row)
     {
-        // Neighbours often share their folder.
+        // Adjacent rows often share their folder.
         const std::string_view sFolder = row.SubItems(search::kFolderColumn);
         if (sFolder != m_sFolder.View()) {
             m_sFolder = m_groups.texts.Add(sFolder);
@@ -86,7 +86,8 @@ private:
 
     platform::ListItems& m_rows;
     platform::tFileGroups& m_groups;
-    std::vector<std::uint32_t> m_asked; ///< by rows, counted from 1: the place of its path among those asked
+    std::vector<std::uint32_t> m_asked; ///< for each row, counted from 1: the index of its path in the
+                                        ///< request
     platform::StoredText m_sFolder;     ///< of the row read last
 };
 

@@ -8,8 +8,8 @@
 
 namespace results {
 
-/// What the rows of `lv`, which a search wrote that compared files by `comparedBy`, say of the files `paths`.
-/// One pass over the rows, however many paths there are.
+/// The groups of the files `paths` according to the rows of `lv`, which come from a search that compared
+/// files by `comparedBy`. Makes a single pass over the rows, however many paths there are.
 platform::tFileGroups GroupsOf(platform::ListView& lv, platform::ComparedBy comparedBy,
                                std::span<const std::string> paths);
 

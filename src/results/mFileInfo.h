@@ -5,23 +5,23 @@
 
 #include <string>
 
-// What is asked of paths and files by those who act on the rows.
+// Queries about paths and files for the commands on rows.
 
 namespace results {
 
-/// True if the shell sees something at full path `sPath`. False for an empty path.
+/// True if the shell finds a file or folder at full path `sPath`. False for an empty path.
 bool FileExists(const std::string& sPath);
 
-/// `sFolder` and `sFile` with exactly one separator between them; `sFile` alone without a folder.
+/// `sFolder` and `sFile` joined with exactly one separator; `sFile` alone if there is no folder.
 std::string JoinPath(const std::string& sFolder, const std::string& sFile,
                      char cSeparator = platform::kSeparator);
 
-/// The folder that holds `sPathName`, a trailing separator of which does not count. It ends in a separator if
-/// `bTrailing`. Empty if nothing stands in front of the last separator's place.
+/// The parent folder of `sPathName`, ignoring a trailing separator. The result ends in a separator if
+/// `bTrailing`. Empty if nothing precedes the last separator.
 std::string ParentFolder(std::string sPathName, bool bTrailing, char cSeparator = platform::kSeparator);
 
-/// What a folder's drive is told by: a drive letter and its colon, or the two separators in front of a
-/// network path; otherwise the mounted file system that holds it. Empty for an empty path.
+/// Identifies the drive of a folder: the drive letter and its colon, or the two separators in front of a
+/// network path; otherwise the file system that contains it. Empty for an empty path.
 std::string DriveOf(const std::string& sFolder, char cSeparator = platform::kSeparator);
 
 } // namespace results

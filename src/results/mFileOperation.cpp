@@ -10,7 +10,7 @@
 namespace results {
 namespace {
 
-/// The highest code with which the shell says that it has failed.
+/// The highest result with which the shell reports a failure.
 constexpr long kLastFailure = 32;
 
 bool RunRequest(unsigned wFunc, const std::string& sFrom, const std::string& sTo, unsigned fFlags)
@@ -71,7 +71,7 @@ void RunProgram(const std::string& sProgram, const std::string& sParams, const s
     }
 }
 
-// What the next three come to is for the shell to show.
+// The shell reports failures of the next three itself.
 
 void ExploreFolder(platform::WindowHandle hOwner, const std::string& sPath)
 {

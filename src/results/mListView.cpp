@@ -8,7 +8,7 @@ namespace {
 
 using platform::ListView;
 
-/// Removes the first selected row. True if another one may be selected behind it.
+/// Removes the first selected row. True if another selected row may follow.
 bool RemoveFirstSelected(ListView& lv)
 {
     const std::size_t nCount = lv.ListItems.Count();
@@ -41,10 +41,10 @@ void SelectAllItems(ListView& lv)
 
 void RemoveSelectedItems(ListView& lv)
 {
-    // Each scan starts over, since a removal moves the rows behind it.
+    // Each scan starts over, since a removal moves the rows after it.
     while (RemoveFirstSelected(lv)) {
     }
-    // The user is not left without a selection.
+    // So that the user always has a selection.
     if (auto current = lv.SelectedItem()) {
         current->SetSelected(true);
         current->EnsureVisible();

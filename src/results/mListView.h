@@ -3,18 +3,19 @@
 
 #include "ListView.h"
 
-// What the program's lists have in common beyond what a list does by itself.
+// Functions shared by the lists of the program.
 
 namespace results {
 
-/// Lets a click anywhere in a row select it, with a selection bar that spans all columns, or turns that off.
+/// Turns full-row selection on or off: a click anywhere in a row selects it, and the highlight spans all
+/// columns.
 void SetFullRowSelect(platform::ListView& lv, bool bOn);
 
-/// Selects every row. In a list of one selected row at a time this leaves the last one selected. The current
-/// row stays.
+/// Selects all rows. In a single-selection list this leaves the last one selected. The current row does not
+/// change.
 void SelectAllItems(platform::ListView& lv);
 
-/// Removes every selected row. If rows are left, the current one is then selected and in sight.
+/// Removes the selected rows. If rows are left, the current one is then selected and scrolled into view.
 void RemoveSelectedItems(platform::ListView& lv);
 
 } // namespace results

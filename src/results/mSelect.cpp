@@ -15,7 +15,7 @@ namespace {
 using platform::ListItem;
 using platform::ListView;
 
-/// Applies `rule` to each row, with nothing drawn until the last one.
+/// Applies `rule` to each row, with painting suspended.
 template <typename Rule>
 void ForEachRow(ListView& lv, const Rule& rule)
 {
@@ -27,7 +27,7 @@ void ForEachRow(ListView& lv, const Rule& rule)
     platform::LockWindowUpdate(nullptr);
 }
 
-/// Selects the rows that `rule` holds for and no others.
+/// Selects the rows for which `rule` holds, and no others.
 template <typename Rule>
 void SelectOnly(ListView& lv, const Rule& rule)
 {
@@ -43,7 +43,7 @@ void SelectOnly(ListView& lv, const Rule& rule)
     });
 }
 
-/// Gives each row the selection that `rule` says.
+/// Sets the selection of each row to the result of `rule`.
 template <typename Rule>
 void RewriteSelection(ListView& lv, const Rule& rule)
 {
@@ -61,7 +61,7 @@ std::string CurrentFolder(ListView& lv)
     return current ? std::string(current->SubItems(search::kFolderColumn)) : std::string();
 }
 
-/// The drives of folders. Thousands of rows share a folder, and each is looked up once.
+/// Looks up the drives of folders, once for each folder, since thousands of rows share one.
 class Drives
 {
 public:
