@@ -7,7 +7,7 @@
 
 namespace desktop {
 
-/// Where a text stands in its field, at half the field's height.
+/// The alignment of a text in its field, vertically centred.
 inline Qt::Alignment AlignmentOf(platform::Alignment alignment)
 {
     switch (alignment) {

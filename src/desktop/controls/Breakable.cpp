@@ -7,7 +7,8 @@ namespace desktop {
 
 QString Breakable(const QString& sText)
 {
-    constexpr int kLongestRun = 24; // characters; of the widest ones, what the narrowest window has room for
+    constexpr int kLongestRun = 24; // characters; the narrowest window has room for this many of the widest
+                                    // ones
     constexpr char16_t kZeroWidthSpace = 0x200B;
     QString sBreakable;
     int nRun = 0;

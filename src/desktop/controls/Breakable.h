@@ -5,8 +5,9 @@
 
 namespace desktop {
 
-/// A text for a label that breaks its lines. Those break between words only: a name without blanks, which can
-/// be longer than the screen is wide, gets places within where a line may end. Nothing of it is left out.
+/// Prepares a text for a label with word wrap, which breaks lines only between words: long runs without
+/// blanks, such as a file name wider than the screen, get additional break opportunities. No character is
+/// removed.
 QString Breakable(const QString& sText);
 
 } // namespace desktop

@@ -12,13 +12,13 @@ class Form;
 
 namespace desktop {
 
-/// Keeps a control and the widget that shows it in step: what changes in the control reaches the widget, and
-/// input into the widget the control's events. It does not own either, and both must outlive it; from its
-/// end on the widget tells the control nothing any more. Call `Follow` once when it is made.
+/// Keeps a control and its widget in sync: changes of the control are shown in the widget, and input into the
+/// widget raises the control's events. It owns neither, and both must outlive it; after its destruction the
+/// widget no longer reports to the control. The owner calls `Follow` once after construction.
 class ControlView : public QObject, public platform::ControlObserver
 {
 public:
-    /// `form` is the one that holds the control.
+    /// `form` is the form that contains the control.
     ControlView(const platform::Form& form, platform::Control& control, QWidget& widget);
     ControlView(const ControlView&) = delete;
     ControlView& operator=(const ControlView&) = delete;
@@ -27,20 +27,20 @@ public:
     [[nodiscard]] platform::Control& Shown() const { return m_control; }
     [[nodiscard]] QWidget& Widget() const { return m_widget; }
 
-    /// Brings the widget in line with the control.
+    /// Updates the widget from the control.
     virtual void Follow();
 
-    /// Brings to the widget what has been put off for a moment.
+    /// Applies updates that were deferred for a moment.
     virtual void Flush() {}
 
     void ControlChanged(platform::Control& control) override;
 
 protected:
-    /// Where the widget goes; the control's place, unless what it says needs more room.
+    /// The geometry of the widget: that of the control, unless its text needs more room.
     [[nodiscard]] virtual QRect Place() const;
 
-    /// False while the form is not enabled: assistive tools press a button without any event that could be
-    /// held back.
+    /// False while the form is disabled. Needed because assistive tools press a button without an input event
+    /// that InputGate could filter.
     [[nodiscard]] bool TakesInput() const;
 
 private:

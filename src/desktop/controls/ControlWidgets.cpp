@@ -20,7 +20,7 @@
 namespace desktop {
 namespace {
 
-/// What a button's text keeps from its edges.
+/// Distance of a button's text from its edges, in pixels.
 constexpr int kButtonMargin = 8;
 
 class ButtonView final : public ControlView
@@ -45,7 +45,7 @@ public:
     }
 
 protected:
-    /// The text needs its room; the button keeps inside what holds it.
+    /// Wide enough for the text, but within the parent.
     [[nodiscard]] QRect Place() const override
     {
         QRect place = ControlView::Place();
@@ -123,7 +123,7 @@ private:
     platform::ProgressWindow& m_progress;
 };
 
-/// A list shows its rows by itself; here it only gets its place.
+/// A list shows its rows by itself; this only sets its geometry.
 class ListPlaceView final : public ControlView
 {
 public:

@@ -8,8 +8,8 @@
 
 namespace desktop {
 
-/// Makes the widget that shows a control of `form`, inside `parent`, and what keeps the two in step; null for
-/// a control that somebody else shows.
+/// Creates the widget for a control of `form`, inside `parent`, and returns the view that keeps the two in
+/// sync; null for a control that is displayed by other code.
 std::unique_ptr<ControlView> ShowControl(const platform::Form& form, platform::Control& control,
                                          QWidget& parent);
 

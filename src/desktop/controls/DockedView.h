@@ -5,14 +5,14 @@
 
 namespace desktop {
 
-/// A control that keeps to an edge of its form, at the form's full width.
+/// A control docked to an edge of its form, over the full width.
 class DockedView : public ControlView
 {
 public:
     using ControlView::ControlView;
 
-    /// Gives the control its place inside a form of that size, in pixels. It is as high as designed, or
-    /// higher where its texts need that.
+    /// Docks the control inside a form of this size, in pixels. Its height is as designed, or larger if its
+    /// texts need that.
     void Dock(QSize inside);
 
 protected:

@@ -40,12 +40,12 @@ FormWindow::FormWindow(platform::Form& form, QWidget* pOwner)
     setWindowTitle(ShownText(form.design.sCaption));
     setWindowFlags(FrameOf(form.design));
     if (m_pOwner != nullptr) {
-        winId(); // makes the system's window, which is what has an owner
+        winId(); // creates the native window, which is needed to set the owner
         windowHandle()->setTransientParent(m_pOwner->windowHandle());
     }
     if (!form.menus.empty()) {
         m_pMenuBar = new QMenuBar(this);
-        m_pMenuBar->setNativeMenuBar(false); // its height is part of the layout
+        m_pMenuBar->setNativeMenuBar(false); // otherwise its height would not be part of the layout
         m_menus = std::make_unique<Menus>(form, *m_pMenuBar);
     }
     const QSize inside(Pixels(form.design.ClientWidth), Pixels(form.design.ClientHeight));
@@ -76,7 +76,7 @@ void FormWindow::MakeWidgets()
             m_views.push_back(std::move(view));
         }
     }
-    // In a very small window what docks first covers what docks later.
+    // In a very small window, controls that are docked first cover the later ones.
     QWidget* pAbove = nullptr;
     for (const auto& view : m_views) {
         if (dynamic_cast<DockedView*>(view.get()) != nullptr) {
@@ -89,7 +89,7 @@ void FormWindow::MakeWidgets()
         }
     }
     for (const auto& view : m_views) {
-        view->Follow(); // once more: how far a label may grow depends on its neighbours
+        view->Follow(); // again, because how far a label may grow depends on its neighbours
     }
     if (auto* const pButton = qobject_cast<QPushButton*>(WidgetOf(m_pForm->DefaultButton))) {
         pButton->setDefault(true);
@@ -99,7 +99,8 @@ void FormWindow::MakeWidgets()
 
 void FormWindow::FollowChildren()
 {
-    // Children come and go while the form shows; its own controls have no parent.
+    // Child controls can be added and removed while the form is shown; the form's own controls have no
+    // parent.
     const auto& children = m_pForm->Children();
     std::erase_if(m_views, [&](const auto& view) {
         const auto& own = m_pForm->controls;
@@ -124,7 +125,7 @@ void FormWindow::ShowUp(bool bModal)
 {
     setWindowModality(bModal ? Qt::ApplicationModal : Qt::NonModal);
     PlaceOnScreen(*this, m_pForm->design, m_pOwner);
-    TellSize(); // laid out before anybody sees it
+    TellSize(); // so that it is laid out before it becomes visible
     if (m_pForm == nullptr) {
         return;
     }
@@ -179,8 +180,8 @@ void FormWindow::RefreshNow()
     repaint();
 }
 
-/// Waits until the system has the window on the screen; before that nothing can be painted in it. Nobody's
-/// input is taken meanwhile. A window that is minimised, say, with its owner never comes.
+/// Waits until the system shows the window, since nothing can be painted before that. Input is not processed
+/// meanwhile. Gives up after a while: a window that is, for example, minimised with its owner is never shown.
 void FormWindow::WaitUntilExposed()
 {
     constexpr std::chrono::milliseconds kLongest{500};
@@ -232,7 +233,7 @@ void FormWindow::changeEvent(QEvent* pEvent)
 
 void FormWindow::closeEvent(QCloseEvent* pEvent)
 {
-    pEvent->ignore(); // the form decides, and takes its window down
+    pEvent->ignore(); // the form decides, and takes down its window
     if (m_pForm != nullptr && m_pForm->Enabled() && m_pForm->design.bControlBox && !m_bWaits) {
         m_pForm->UnloadForm();
     }
@@ -274,7 +275,7 @@ void FormWindow::paintEvent(QPaintEvent* pEvent)
 void FormWindow::resizeEvent(QResizeEvent* pEvent)
 {
     QWidget::resizeEvent(pEvent);
-    if (m_told) { // else the window is still being made
+    if (m_told) { // otherwise the window is still being created
         TellSize();
     }
 }
@@ -333,7 +334,7 @@ std::vector<QWidget*> FormWindow::TabOrder() const
             order.push_back(&view->Widget());
             continue;
         }
-        // A box takes no focus itself; what somebody put into it may.
+        // The box itself takes no focus, but widgets placed inside it may.
         for (QWidget* pGuest : view->Widget().findChildren<QWidget*>()) {
             if (TakesFocusByTab(*pGuest)) {
                 order.push_back(pGuest);

@@ -19,30 +19,30 @@ class QMenuBar;
 
 namespace desktop {
 
-/// The window of one form, with a widget for each of its controls. It is made when the form is shown and
-/// deletes itself some time after it has been taken down.
+/// The window of a form, with a widget for each of its controls. It is created when the form is shown and
+/// deletes itself some time after the form has been taken down.
 ///
-/// Windows are nobody's children here, so that a window stays usable while its owner is disabled.
+/// The windows have no parent, so that one stays usable while its owner is disabled.
 class FormWindow final : public QWidget, public platform::ControlObserver
 {
 public:
-    /// `pOwner` is the window over which this one stays, or null.
+    /// The window stays above `pOwner` if that is not null.
     FormWindow(platform::Form& form, QWidget* pOwner);
     FormWindow(const FormWindow&) = delete;
     FormWindow& operator=(const FormWindow&) = delete;
     ~FormWindow() override;
 
-    /// Brings the window to the screen.
+    /// Shows the window.
     void ShowUp(bool bModal);
 
-    /// Runs an event loop until the window has been taken down. The window may be gone behind it.
+    /// Runs an event loop until the window has been taken down. The window may have been deleted by then.
     void RunUntilDown();
 
-    /// Takes the window off the screen and lets go of the form and its controls. Works from inside the
-    /// window's own events too.
+    /// Hides the window and disconnects it from the form and its controls. Can be called from the window's
+    /// own event handlers.
     void TakeDown();
 
-    /// Brings all that has changed to the screen at once.
+    /// Repaints everything that has changed at once.
     void RefreshNow();
 
     void ControlChanged(platform::Control& control) override;
@@ -68,14 +68,14 @@ private:
     platform::Form* m_pForm; ///< null once the window has been taken down
     QPointer<QWidget> m_pOwner;
     QMenuBar* m_pMenuBar = nullptr;
-    QWidget* m_pInside; ///< all but the menu bar; holds the controls' widgets
+    QWidget* m_pInside; ///< everything but the menu bar; contains the widgets of the controls
     std::unique_ptr<InputGate> m_inputGate;
     std::unique_ptr<Menus> m_menus;
     std::vector<std::unique_ptr<ControlView>> m_views;
     std::optional<std::tuple<QSize, platform::WindowState>> m_told;
     bool m_bFrameUnknown = true;
-    bool m_bWaits = false;        ///< for the system, to bring the window to the screen
-    QPointer<QEventLoop> m_pLoop; ///< the one that runs until the window is down
+    bool m_bWaits = false;        ///< waiting for the system to show the window
+    QPointer<QEventLoop> m_pLoop; ///< of RunUntilDown
 };
 
 } // namespace desktop

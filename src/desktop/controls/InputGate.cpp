@@ -44,7 +44,7 @@ bool IsInput(QEvent::Type type)
     }
 }
 
-/// The window in front of those that `window` owns, or itself.
+/// The frontmost of the windows that `window` owns, or the window itself.
 QWidget& FrontOf(QWidget& window)
 {
     for (QWidget* pEach : QApplication::topLevelWidgets()) {
@@ -61,7 +61,7 @@ QWidget& FrontOf(QWidget& window)
 
 InputGate::InputGate(const platform::Form& form, QWidget& window) : m_form(form), m_window(window)
 {
-    // Input comes to the system's window first and to a widget in it then; both are to miss it.
+    // Input goes to the native window first and then to a widget in it; both have to be filtered.
     qApp->installEventFilter(this);
 }
 
@@ -79,7 +79,7 @@ bool InputGate::eventFilter(QObject* pWatched, QEvent* pEvent)
         return false;
     }
     if (pEvent->type() == QEvent::WindowBlocked) {
-        EndPress(); // a modal window takes the input from here on
+        EndPress(); // a modal window takes over the input
     }
     if (m_form.Enabled() || m_bEndsPress) {
         if (bWidget && pEvent->type() == QEvent::MouseButtonPress) {
@@ -93,13 +93,13 @@ bool InputGate::eventFilter(QObject* pWatched, QEvent* pEvent)
         (pEvent->type() == QEvent::MouseButtonPress && !bWidget)) {
         QMetaObject::invokeMethod(this, &InputGate::ShowOwned, Qt::QueuedConnection);
     }
-    // The toolkit is to know of a button that comes up, but no widget.
+    // The toolkit must get the release of a button, but no widget may.
     return IsInput(pEvent->type()) && (bWidget || pEvent->type() != QEvent::MouseButtonRelease);
 }
 
 void InputGate::NotePress(QWidget& widget, const QMouseEvent& event)
 {
-    // A press that a widget does not take goes on to what holds it.
+    // An event that a widget ignores is passed on to its parent.
     const bool bGoesOn = m_pressed != nullptr && widget.isAncestorOf(m_pressed);
     if (event.buttons() == event.button() && !bGoesOn) {
         m_pressed = &widget;
@@ -107,11 +107,11 @@ void InputGate::NotePress(QWidget& widget, const QMouseEvent& event)
     }
 }
 
-/// Lets go of what is pressed, as if the button came up where nothing is.
+/// Ends the current press as if the button had been released over nothing.
 void InputGate::EndPress()
 {
     const QPointer<QWidget> pressed = std::exchange(m_pressed, nullptr);
-    // The right button drags nothing, and its coming up opens a menu.
+    // The right button drags nothing, and its release would open a menu.
     if (pressed == nullptr || m_button == Qt::RightButton) {
         return;
     }
@@ -122,7 +122,7 @@ void InputGate::EndPress()
     QApplication::sendEvent(pressed, &release);
 }
 
-/// Brings what the form waits for to the front, with the keyboard.
+/// Brings the window that the form is waiting for to the front, with the keyboard focus.
 void InputGate::ShowOwned() const
 {
     QWidget& front = FrontOf(m_window);

@@ -12,9 +12,9 @@ class Form;
 
 namespace desktop {
 
-/// Keeps all input from a form's window while the form is not enabled. The widgets in it stay as they look,
-/// and keep the focus that they have; what the mouse is dragging there is let go of, as its button may come
-/// up unseen. Who clicks there is led to the window that the form waits for.
+/// Blocks all input to a form's window while the form is disabled. The widgets keep their look and the focus.
+/// A drag in progress is ended, since the release of the button may be missed. A click brings the window to
+/// the front that the form is waiting for.
 class InputGate final : public QObject
 {
 public:
@@ -32,8 +32,8 @@ private:
 
     const platform::Form& m_form;
     QWidget& m_window;
-    QPointer<QWidget> m_pressed;             ///< in which the mouse button has gone down that is held
-    Qt::MouseButton m_button = Qt::NoButton; ///< that one
+    QPointer<QWidget> m_pressed;             ///< the widget in which the held mouse button was pressed
+    Qt::MouseButton m_button = Qt::NoButton; ///< the held button
     bool m_bEndsPress = false;
 };
 

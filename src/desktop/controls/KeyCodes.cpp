@@ -21,7 +21,7 @@ int ShiftMask(Qt::KeyboardModifiers modifiers)
 
 namespace {
 
-/// The Latin letter on a place of the keyboard, 0 if there is none. Places are numbered as X11 and Wayland
+/// The Latin letter at a keyboard position, 0 if there is none. Scan codes are numbered as X11 and Wayland
 /// do.
 int LetterAt(quint32 nScanCode)
 {

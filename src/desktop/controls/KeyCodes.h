@@ -7,17 +7,17 @@ class QKeyEvent;
 
 namespace desktop {
 
-/// The number that the program knows a key by, 0 for keys that it does not know. A key with a letter of
-/// another script goes by the Latin letter of its place on the keyboard.
+/// The virtual key code of a key, as used by the program; 0 for keys without one. On a non-Latin keyboard
+/// layout, a letter key has the code of the Latin letter at its position.
 int VirtualKey(const QKeyEvent& event);
 
-/// The held keys as the program adds them up.
+/// The held modifier keys, as the program's bit mask.
 int ShiftMask(Qt::KeyboardModifiers modifiers);
 
-/// The same once a key has come up, whether or not its event still counts that key as held.
+/// The same after a key was released, whether or not the event still counts that key as held.
 int ShiftMaskAfter(const QKeyEvent& released);
 
-/// Mouse buttons as the program adds them up.
+/// Mouse buttons, as the program's bit mask.
 int ButtonMask(Qt::MouseButtons buttons);
 
 } // namespace desktop

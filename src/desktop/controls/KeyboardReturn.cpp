@@ -22,7 +22,7 @@ bool KeyboardReturn::eventFilter(QObject* pWatched, QEvent* pEvent)
     }
     const auto* const pHidden = static_cast<QWidget*>(pWatched);
     const bool bWindow = pHidden->windowType() == Qt::Window || pHidden->windowType() == Qt::Dialog;
-    // Whoever has gone on to another program is not called back.
+    // Does not take the focus if the user has switched to another program.
     const QWindow* const pHandle = pHidden->windowHandle();
     if (!bWindow || pHandle == nullptr || pHandle != QGuiApplication::focusWindow()) {
         return false;

@@ -5,8 +5,8 @@
 
 namespace desktop {
 
-/// Gives the keyboard of a window that goes back to the one that it belongs to. Window managers do this by
-/// themselves, but not everybody has one.
+/// When a window closes, gives the keyboard focus back to its owner. Window managers do this, but there may
+/// not be one.
 class KeyboardReturn final : public QObject
 {
 public:

@@ -12,7 +12,7 @@
 
 namespace desktop {
 
-/// A frame of a usual screen.
+/// One frame at a usual refresh rate.
 constexpr std::chrono::milliseconds kWait{16};
 
 LabelWidget::LabelWidget(QWidget* pParent) : QLabel(pParent)

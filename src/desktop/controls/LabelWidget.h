@@ -14,14 +14,14 @@ class Label;
 
 namespace desktop {
 
-/// Text that breaks into lines at its width. The last line that fits whole takes all the rest, and ends in
-/// dots where that is too long.
+/// A label with word wrap. The last line that fits completely shows all the rest of the text, ending in dots
+/// if that is too long.
 class LabelWidget final : public QLabel
 {
 public:
     explicit LabelWidget(QWidget* pParent);
 
-    /// The height that the whole text needs at a width.
+    /// The height that the whole text needs at this width, in pixels.
     [[nodiscard]] int HeightNeeded(int nWidth) const;
 
 protected:
@@ -31,8 +31,8 @@ private:
     [[nodiscard]] QStringList Lines(int nWidth, int nMost) const;
 };
 
-/// Shows a label. A caption is taken over some milliseconds later, so that an operation can set a hundred
-/// thousand of them a second, and grows downwards over free room where it needs more than the label has.
+/// Shows a label. A caption is applied some milliseconds later, so that an operation can set a hundred
+/// thousand of them a second. A label that needs more room than it has grows downwards over free space.
 class LabelView final : public ControlView
 {
 public:

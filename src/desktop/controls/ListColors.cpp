@@ -7,10 +7,10 @@
 namespace desktop {
 namespace {
 
-/// What text needs to be read with ease.
+/// The minimum contrast for text that is easy to read.
 constexpr double kReadable = 4.5;
 
-/// How bright a colour is to the eye, 0 to 1.
+/// The relative luminance of a colour, 0 to 1.
 double Luminance(const QColor& color)
 {
     const auto linear = [](double part) {
@@ -31,8 +31,8 @@ QColor Mixed(const QColor& one, const QColor& other, float ofOther)
                             part(one.blueF(), other.blueF()));
 }
 
-/// The colour for information is meant for small bubbles, and many a dark desktop leaves it bright, some
-/// light ones have it black. A whole list takes its hue only, at a tone beside that of the other lists.
+/// The information colour is meant for tool tips: many dark desktops keep it bright, and some light ones have
+/// it black. For a whole list only its hue is used, at a lightness close to that of the other lists.
 QColor Toned(const QColor& information, const QColor& base)
 {
     constexpr float kMostSaturated = 0.25F;

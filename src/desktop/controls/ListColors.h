@@ -8,11 +8,11 @@
 
 namespace desktop {
 
-/// How well two colours can be told apart, from 1, not at all, to 21, black and white.
+/// The contrast ratio of two colours, from 1 (equal) to 21 (black and white).
 double Contrast(const QColor& one, const QColor& other);
 
-/// The colours of a list with that background, of those of the desktop. One that has not got the keyboard
-/// shows its selection in another colour also where the desktop has no such colour.
+/// The palette of a list with this background, based on the desktop's palette. A list without the focus shows
+/// its selection in a different colour, even if the desktop defines none for that.
 QPalette ListColors(const QPalette& desktop, platform::SystemColor background);
 
 } // namespace desktop

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the user does in a list: the mouse and the keys.
+// Mouse and keyboard input of a list.
 
 #include "KeyCodes.h"
 #include "ListViewWidget.h"
@@ -117,7 +117,7 @@ void ListViewWidget::mouseDoubleClickEvent(QMouseEvent* pEvent)
 
 void ListViewWidget::contextMenuEvent(QContextMenuEvent* pEvent)
 {
-    // What the mouse asks for comes when its button goes up.
+    // The context menu of the mouse opens on release of the button.
     if (pEvent->reason() != QContextMenuEvent::Keyboard || !m_list.MenuKey) {
         QTreeView::contextMenuEvent(pEvent);
         return;
@@ -128,12 +128,12 @@ void ListViewWidget::contextMenuEvent(QContextMenuEvent* pEvent)
 
 void ListViewWidget::keyPressEvent(QKeyEvent* pEvent)
 {
-    // Selecting all is the program's, when the keys come up.
+    // The program handles Select All, on release of the keys.
     if (pEvent->matches(QKeySequence::SelectAll)) {
         pEvent->ignore();
         return;
     }
-    // The toolkit knows the menu key, but not what stands for it on keyboards that have none.
+    // The toolkit knows the menu key, but not the combination used on keyboards without one.
     if (pEvent->key() == Qt::Key_F10 && pEvent->modifiers() == Qt::ShiftModifier && m_list.MenuKey) {
         BringUpToDate();
         m_list.MenuKey();

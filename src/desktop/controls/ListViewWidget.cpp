@@ -127,7 +127,7 @@ void ListViewWidget::RowsSorted()
     m_model.RowsSorted();
 }
 
-/// What the mouse and the keys have to do with the rows as they were ends.
+/// Ends mouse and keyboard actions that refer to the previous rows.
 void ListViewWidget::ForgetRows()
 {
     EndDrag();
@@ -160,12 +160,12 @@ void ListViewWidget::MarkStale()
 {
     if (!m_bStale) {
         m_bStale = true;
-        // A list that cannot be seen is not painted and stays as it is.
+        // A hidden list is not painted and stays stale.
         viewport()->update();
     }
 }
 
-/// Shows what the list has told.
+/// Applies the pending notifications of the list.
 void ListViewWidget::BringUpToDate()
 {
     if (!std::exchange(m_bStale, false)) {
@@ -224,18 +224,18 @@ void ListViewWidget::changeEvent(QEvent* pEvent)
 
 void ListViewWidget::focusInEvent(QFocusEvent* pEvent)
 {
-    // A view that gets the focus without a current row makes one of its own.
+    // A view that gets the focus without a current row would choose one itself.
     BringUpToDate();
     SpokenRows::focusInEvent(pEvent);
 }
 
 QRegion ListViewWidget::visualRegionForSelection(const QItemSelection& /*selection*/) const
 {
-    // To look for each row's place costs more than to paint them all.
+    // Determining the positions of the rows costs more than painting them all.
     return viewport()->rect();
 }
 
-/// The row whose place at a point of the viewport takes the mouse.
+/// The row that reacts to the mouse at a point of the viewport.
 std::optional<std::size_t> ListViewWidget::RowUnder(const QPoint& pos) const
 {
     const QModelIndex index = indexAt(pos);
@@ -253,7 +253,7 @@ std::optional<std::size_t> ListViewWidget::RowUnder(const QPoint& pos) const
     return static_cast<std::size_t>(index.row());
 }
 
-/// The row at a height of the viewport, or the number of rows below the last.
+/// The row at a vertical position in the viewport, or the number of rows below the last one.
 std::size_t ListViewWidget::LineAt(int y) const
 {
     const int nInside = std::clamp(y, 0, std::max(0, viewport()->height() - 1));

@@ -19,21 +19,23 @@
 
 namespace desktop {
 
-/// Shows a list view. The list's state is the truth: the user's clicks and keys change it, and what it tells
-/// is shown when the widget is painted next, all at once, so that a list which nobody sees costs nothing but
-/// a mark for each row that is added or changed. Place, visibility and focus are left to who made the widget.
+/// Shows a list view. The list holds the state; the widget only displays it. Mouse and keyboard input changes
+/// the list, and its notifications are handled together at the next paint, so that for a hidden list they
+/// cost only a flag for each row that is added or changed. Position, visibility and focus are managed by the
+/// creator of the widget.
 class ListViewWidget final : public SpokenRows<QTreeView>,
                              public platform::ListViewObserver,
                              public platform::ControlObserver
 {
 public:
-    /// The list must outlive the widget; it has no other row observer, and its columns no other observer.
+    /// The list must outlive the widget. The widget has to be the only row observer of the list and the only
+    /// observer of its columns.
     ListViewWidget(platform::ListView& list, QWidget* pParent);
     ListViewWidget(const ListViewWidget&) = delete;
     ListViewWidget& operator=(const ListViewWidget&) = delete;
     ~ListViewWidget() override;
 
-    /// Stops showing the list, which may go before the widget does.
+    /// Stops showing the list; afterwards the list may be destroyed before the widget.
     void LetGo();
 
     void RowAdded(std::size_t nRow) override;
@@ -45,7 +47,7 @@ public:
     void ShowRow(std::size_t nRow) override;
     std::optional<std::size_t> RowAt(float x, float y) override;
 
-    /// One of the columns has got another width.
+    /// The width of a column has changed.
     void ControlChanged(platform::Control& control) override;
 
     void keyboardSearch(const QString& sTyped) override;
@@ -89,13 +91,13 @@ private:
     TypeAhead m_typeAhead;
     MarkDelegate m_delegate;
 
-    bool m_bStale = true;                   ///< the list has told something that is not shown yet
-    std::optional<std::size_t> m_rowToShow; ///< asked for since
+    bool m_bStale = true;                   ///< there are notifications that are not shown yet
+    std::optional<std::size_t> m_rowToShow; ///< scroll to this row at the next paint
     bool m_bSetsColumns = false;
     bool m_bSetsColors = false;
-    QPoint m_pressed;          ///< where the left button went down
-    bool m_bDragBegun = false; ///< the pointer has left that place
-    QBasicTimer m_scrollTimer; ///< runs while a drag is held above or below the rows
+    QPoint m_pressed;          ///< where the left button was pressed
+    bool m_bDragBegun = false; ///< the pointer has moved away from there
+    QBasicTimer m_scrollTimer; ///< runs while a drag is held above or below the rows, to scroll
     int m_nDragY = 0;
 };
 

@@ -21,9 +21,9 @@ namespace {
 constexpr int kFolder = 1;
 constexpr int kFirst = 2;
 constexpr int kLast = 4;
-constexpr int kMarks = 3; ///< of a file that is there, and as many of one that has gone
+constexpr int kMarks = 3; ///< for existing files, and as many for files that have gone
 
-// A mark as drawn in a square of 16 by 16.
+// The geometry of a mark in a square of 16 by 16.
 constexpr int kSide = 16;
 constexpr int kStrokeLeft = 4;
 constexpr int kStrokeWidth = 4;
@@ -32,7 +32,7 @@ constexpr int kArmHeight = 4;
 constexpr int kArmToGap = 1;
 constexpr int kGapHeight = 2;
 
-/// The pure colour, or a paler one where that is easier to see.
+/// The pure colour, or a lighter one if that has a better contrast.
 QColor MarkColor(bool bGone, const QColor& background)
 {
     const QColor pure = bGone ? QColor(0xFF, 0, 0) : QColor(0, 0, 0xFF);
@@ -52,7 +52,8 @@ void PaintMark(QPainter& painter, const QRect& picture, const QRect& row, int nS
     const int nLeft = picture.left() + kStrokeLeft;
     QRegion mark(nLeft, nTop, kStrokeWidth, nBottom - nTop);
     if (bGone) {
-        // The stroke of a file that has gone is broken, for those to whom red is blue. Rows still join.
+        // The stroke for a file that has gone is broken, for users who cannot distinguish red and blue. It
+        // still connects to the next row.
         mark -= QRect(nLeft, nArmTop - kArmToGap - kGapHeight, kStrokeWidth, kGapHeight);
         mark -= QRect(nLeft, nArmTop + kArmHeight + kArmToGap, kStrokeWidth, kGapHeight);
     }

@@ -8,10 +8,10 @@
 
 namespace desktop {
 
-/// Paints the cells of a list with the pictures of its rows: 1 is a folder, 2 to 7 are the marks of a group's
-/// first, middle and last row, in blue, and in red and broken for a file that has gone. The marks fill the
-/// height of their row, so that those of a group join into one bracket. The whole text of a cell that is cut
-/// is its tool tip.
+/// Paints the cells of a list with the icons of its rows: 1 is a folder; 2 to 7 are the group marks for the
+/// first, middle and last row, first in blue and then, for files that have gone, in red and broken. The marks
+/// fill the height of their rows, so that those of a group form one bracket. A truncated cell shows its whole
+/// text as a tool tip.
 class MarkDelegate final : public QStyledItemDelegate
 {
 public:
@@ -23,8 +23,8 @@ public:
     bool helpEvent(QHelpEvent* pEvent, QAbstractItemView* pView, const QStyleOptionViewItem& option,
                    const QModelIndex& index) override;
 
-    /// The part of a cell that its picture and its text take up. Without full row selection it is what shows
-    /// the selection and what takes the mouse.
+    /// The part of a cell covered by its icon and text. Without full-row selection, only this part shows the
+    /// selection and reacts to the mouse.
     [[nodiscard]] QRect Label(const QStyleOptionViewItem& option, const QModelIndex& index) const;
 
 protected:

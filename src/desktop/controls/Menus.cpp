@@ -12,7 +12,7 @@
 
 namespace desktop {
 
-/// Keeps one item and its action in step. A submenu's widget is entered as that of its item.
+/// Keeps an item and its action in sync. The widget of a submenu is entered as that of its item.
 class Menus::Item final : public QObject, public platform::ControlObserver
 {
 public:
@@ -36,7 +36,7 @@ public:
     {
         m_action.setEnabled(m_item.Enabled());
         m_action.setVisible(m_item.Visible());
-        // An item that is not checked looks like any other, without an empty box for the mark.
+        // An unchecked item looks like any other, without an empty check box.
         m_action.setChecked(m_item.Checked());
         m_action.setCheckable(m_item.Checked());
         m_action.setChecked(m_item.Checked());
@@ -68,7 +68,7 @@ QAction* Menus::Add(platform::MenuItem& item, QWidget& parent)
     }
     auto* const pAction = new QAction(&parent);
     if (item.sCaption == "-") {
-        pAction->setSeparator(true); // without a text, which would show in the line
+        pAction->setSeparator(true); // without a text, which would be shown in the line
         return pAction;
     }
     pAction->setText(ShownText(item.sCaption));
@@ -76,7 +76,7 @@ QAction* Menus::Add(platform::MenuItem& item, QWidget& parent)
     m_items.push_back(std::make_unique<Item>(item, *pAction));
     Item* const pShown = m_items.back().get();
     QObject::connect(pAction, &QAction::triggered, pShown, [this, pShown, &item] {
-        pShown->ControlChanged(item); // takes back what the action did to its own check mark
+        pShown->ControlChanged(item); // reverts the check mark that the action has toggled itself
         if (m_form.Enabled() && item.Click) {
             item.Click();
         }

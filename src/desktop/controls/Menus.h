@@ -15,9 +15,9 @@ class MenuItem;
 
 namespace desktop {
 
-/// Keeps the menus of a form and the actions of its menu bar in step. An action tells its item that it was
-/// chosen, and changes nothing by itself, not even its check mark. From the end of this object on the menu
-/// bar tells the items nothing any more.
+/// Keeps the menus of a form and the actions of its menu bar in sync. An action notifies its item when it is
+/// triggered, and changes nothing itself, not even its check mark. After the destruction of this object the
+/// menu bar no longer reports to the items.
 class Menus
 {
 public:
@@ -29,7 +29,7 @@ public:
 private:
     class Item;
 
-    /// Makes an item's action and those of the items below it.
+    /// Creates the action of an item and those of its submenu.
     QAction* Add(platform::MenuItem& item, QWidget& parent);
 
     platform::Form& m_form;

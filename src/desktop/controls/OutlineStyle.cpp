@@ -7,7 +7,7 @@
 namespace desktop {
 namespace {
 
-/// Below this lightness, of 255, a darker tone cannot be told from the colour itself.
+/// Below this lightness (0 to 255) a darker shade cannot be told from the colour itself.
 constexpr int kDarkest = 16;
 
 /// Menus lie on lists, from whose background that of a dark desktop differs by hardly more than that.
@@ -22,7 +22,7 @@ bool NeedsOutline(QStyle::PrimitiveElement element, const QStyleOption& option)
     case QStyle::PE_IndicatorCheckBox:
         return true;
     case QStyle::PE_PanelButtonCommand: {
-        // The button that Enter presses has one that tells it from the others.
+        // The default button has an outline of its own that distinguishes it from the others.
         const auto* const pButton = qstyleoption_cast<const QStyleOptionButton*>(&option);
         return pButton == nullptr || !pButton->features.testFlag(QStyleOptionButton::DefaultButton);
     }

@@ -5,13 +5,13 @@
 
 namespace desktop {
 
-/// The toolkit's own style, but for themes with a dark window. That style outlines boxes, menus and buttons
-/// in a darker tone of the window's colour, and nothing is darker than black: here they get the colour of the
-/// text. No button of a dialog has an icon.
+/// The toolkit's own style, corrected for themes with a dark window colour. That style draws the outlines of
+/// boxes, menus and buttons in a darker shade of the window colour, and nothing is darker than black: here
+/// they get the text colour. Buttons of dialogs have no icons.
 class OutlineStyle final : public QProxyStyle
 {
 public:
-    /// The name of the style that is in need of it.
+    /// The name of the style that needs the correction.
     static constexpr const char* kFor = "fusion";
 
     OutlineStyle() : QProxyStyle(QLatin1String(kFor)) {}

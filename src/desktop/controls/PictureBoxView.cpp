@@ -14,7 +14,7 @@
 namespace desktop {
 namespace {
 
-/// The height at which a bar can be caught without aiming at it, in twips.
+/// The height at which a splitter is easy to hit, in twips.
 constexpr float kBarHeight = 90;
 
 /// What shows best on a list: some dark desktops have all shadows in nearly the colour of their lists.
@@ -44,7 +44,7 @@ QPalette::ColorRole Role(const QPalette& palette, platform::SystemColor color)
     case platform::SystemColor::ButtonFace:
         break;
     }
-    return QPalette::Window; // what the form around it has
+    return QPalette::Window; // the background of the surrounding form
 }
 
 } // namespace
@@ -96,7 +96,7 @@ int PictureBoxView::Beyond() const
 bool PictureBoxView::Tell(const platform::MouseEvent& tell, const QMouseEvent& event) const
 {
     if (tell) {
-        // A move tells of the buttons held, the others of the one that changed.
+        // A move event reports the held buttons, the others the one that changed.
         const Qt::MouseButtons buttons =
             event.type() == QEvent::MouseMove ? event.buttons() : Qt::MouseButtons(event.button());
         const QPoint at = event.position().toPoint();

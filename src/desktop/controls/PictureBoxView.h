@@ -8,8 +8,8 @@ class QMouseEvent;
 
 namespace desktop {
 
-/// Shows a picture box. A bar that sizes what is above and below it is thin: it takes the mouse some pixels
-/// beyond what shows of it, too.
+/// Shows a picture box. A splitter is thin, so it also reacts to the mouse some pixels above and below its
+/// visible part.
 class PictureBoxView final : public ControlView
 {
 public:
@@ -22,7 +22,7 @@ protected:
     [[nodiscard]] QRect Place() const override;
 
 private:
-    /// How far the widget reaches above and below the box.
+    /// How far the widget extends above and below the box, in pixels.
     [[nodiscard]] int Beyond() const;
     [[nodiscard]] bool Tell(const platform::MouseEvent& tell, const QMouseEvent& event) const;
     void Paint() const;

@@ -3,8 +3,8 @@
 
 #include <QFile>
 
-// The drawings lie in a library, so nothing but this call would bring them into the program. The macro must
-// stand outside any namespace.
+// The drawings are in a static library and would not be linked in without this call. The macro must be used
+// outside any namespace.
 static void BringInDrawings()
 {
     Q_INIT_RESOURCE(pictures);

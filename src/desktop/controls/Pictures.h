@@ -6,7 +6,7 @@
 
 namespace desktop {
 
-/// The drawing of that name, crisp at any size; an empty icon for a name without a drawing.
+/// The icon of this name, sharp at any size; an empty icon if there is none.
 QIcon Picture(const std::string& sName);
 
 } // namespace desktop

@@ -20,7 +20,7 @@
 namespace desktop {
 namespace {
 
-/// The place of the current row on the screen, or the list's own where that row is out of sight.
+/// The position of the current row on the screen, or that of the list if the row is scrolled out of view.
 QPoint CurrentRowOn(const QAbstractItemView& rows)
 {
     const QRect inSight = rows.viewport()->rect();
@@ -28,7 +28,7 @@ QPoint CurrentRowOn(const QAbstractItemView& rows)
     return rows.viewport()->mapToGlobal(row.isEmpty() ? inSight.topLeft() : row.center());
 }
 
-/// Shows a menu that a key asked for, at its first command, as keys go on.
+/// Shows a menu opened by a key with its first command highlighted, so that the keyboard continues there.
 void ExecByKey(QMenu& menu, const QPoint& place)
 {
     QTimer shown;
@@ -77,7 +77,7 @@ void QtWindows::ShowForm(platform::Form& form, bool bModal, platform::Form* pOwn
         SetForegroundWindow(form.hWnd());
         return;
     }
-    // A modal form without an owner of its own stays over the window from which it was opened.
+    // A modal form without an owner stays above the window from which it was opened.
     QWidget* const pOver = bModal && pOwner == nullptr ? QApplication::activeWindow() : WindowOf(pOwner);
     auto* const pWindow = new FormWindow(form, pOver);
     m_windows[&form] = pWindow;
@@ -97,7 +97,7 @@ void QtWindows::TakeDownForm(platform::Form& form)
     m_windows.erase(found);
     pWindow->TakeDown();
     if (m_windows.empty() && m_bRuns) {
-        QApplication::exit(); // to quit would be to close windows that are none of the forms
+        QApplication::exit(); // quit() would also close windows that do not belong to forms
     }
 }
 
@@ -163,8 +163,8 @@ float QtWindows::TwipsPerPixelY()
     return TwipsPerPixel();
 }
 
-/// What a message stands over: the active window or, where one has just gone and no other is active yet, one
-/// that the user can get on with.
+/// The owner of a message box: the active window or, if one has just closed and none is active yet, one that
+/// is not disabled.
 QWidget* QtWindows::MessageOwner() const
 {
     if (QApplication::activeWindow() != nullptr) {

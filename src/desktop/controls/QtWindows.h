@@ -16,8 +16,7 @@ namespace desktop {
 
 class FormWindow;
 
-/// Forms, message boxes and the mouse pointer on the screen. What still shows at the end of this object is
-/// taken down.
+/// Shows forms and message boxes and sets the mouse pointer. Closes all remaining windows on destruction.
 class QtWindows final : public platform::WindowManager, public platform::Screen, public platform::MessageBoxes
 {
 public:
@@ -26,7 +25,7 @@ public:
     QtWindows& operator=(const QtWindows&) = delete;
     ~QtWindows() override;
 
-    /// Runs the application's event loop until the last form has been taken down; returns its result.
+    /// Runs the application's event loop until the last form has been taken down; returns its exit code.
     int RunUntilAllDown();
 
     void ShowForm(platform::Form& form, bool bModal, platform::Form* pOwner) override;
@@ -49,7 +48,7 @@ private:
 
     KeyboardReturn m_keyboardReturn;
     std::map<const platform::Form*, FormWindow*> m_windows;
-    QPointer<QWidget> m_locked; ///< the widget in which all drawing is stopped
+    QPointer<QWidget> m_locked; ///< the widget in which painting is suspended
     bool m_bRuns = false;
 };
 

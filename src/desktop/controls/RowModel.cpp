@@ -10,7 +10,7 @@
 namespace desktop {
 namespace {
 
-/// What a picture says of its row, for those who hear it.
+/// The spoken form of a row's mark.
 QLatin1String SpokenMark(int nSmallIcon)
 {
     constexpr std::array<const char*, 8> kSpoken = {"",
@@ -45,7 +45,7 @@ QString RowModel::Text(const QModelIndex& index) const
 
 QVariant RowModel::data(const QModelIndex& index, int nRole) const
 {
-    // Rows that have gone are asked for until the views have heard of it.
+    // The views can ask for removed rows until they have been notified.
     if (!checkIndex(index, CheckIndexOption::IndexIsValid) ||
         static_cast<std::size_t>(index.row()) >= m_list.ListItems.Count()) {
         return {};
@@ -128,7 +128,7 @@ void RowModel::RowsCleared()
 
 void RowModel::RowsSorted()
 {
-    // What the views hold on to, the current row and the rows seen to be selected, they are told anew.
+    // Makes the views refresh what they keep about rows: the current row, and the visible selected rows.
     layoutAboutToBeChanged();
     layoutChanged();
 }

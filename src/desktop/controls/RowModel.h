@@ -11,13 +11,13 @@
 
 namespace desktop {
 
-/// The rows of a list for the toolkit's views, which read each text from the row itself when they show it.
-/// Rows are added by the hundred thousand while nobody sees them, so they and what changes in rows are taken
-/// in together, when the view asks for it.
+/// The rows of a list as a model for the toolkit's views, which reads each text from the row itself on
+/// demand. Hundreds of thousands of rows may be added while the list is hidden, so additions and changes are
+/// passed on together, when the view asks for it.
 class RowModel final : public QAbstractTableModel
 {
 public:
-    static constexpr int kSmallIconRole = Qt::UserRole; ///< the number of the row's picture
+    static constexpr int kSmallIconRole = Qt::UserRole; ///< the row's icon number
 
     explicit RowModel(platform::ListView& list) : m_list(list) {}
 
@@ -26,10 +26,10 @@ public:
     [[nodiscard]] QVariant data(const QModelIndex& index, int nRole) const override;
     [[nodiscard]] QVariant headerData(int nSection, Qt::Orientation orientation, int nRole) const override;
 
-    /// Shows the rows that have been added, and tells of those that have changed.
+    /// Passes added and changed rows on to the views.
     void TakeIn();
 
-    // What the list has told. Rows are counted from 0.
+    // Notifications from the list. Rows are counted from 0.
     void RowChanged(std::size_t nRow);
     void RowRemoved(std::size_t nRow);
     void RowsCleared();
@@ -39,8 +39,8 @@ private:
     [[nodiscard]] QString Text(const QModelIndex& index) const;
 
     platform::ListView& m_list;
-    int m_nRows = 0;                              ///< those that the views know of
-    std::optional<std::pair<int, int>> m_changed; ///< the first and the last of those that have changed
+    int m_nRows = 0;                              ///< the number of rows that the views know
+    std::optional<std::pair<int, int>> m_changed; ///< the first and the last changed row
 };
 
 } // namespace desktop

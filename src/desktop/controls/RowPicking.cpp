@@ -88,7 +88,7 @@ void RowPicking::Forget()
     Release();
 }
 
-/// Where a range to `nRow` begins.
+/// The start of a range to `nRow`.
 std::size_t RowPicking::Anchor(std::size_t nRow)
 {
     if (!m_anchor) {
@@ -109,7 +109,7 @@ void RowPicking::SelectOnly(std::optional<std::size_t> row)
     m_list.ListItems.SetSelection(std::move(selected));
 }
 
-/// Selects from where the press began to a line.
+/// Selects the range from the start of the press to a line.
 void RowPicking::SelectTo(std::size_t nLine)
 {
     m_nLine = nLine;

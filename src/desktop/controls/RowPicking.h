@@ -9,41 +9,41 @@
 
 namespace desktop {
 
-/// The keys held that change what a press does to the selection.
+/// The held modifier keys that affect the selection.
 struct tHeld {
     bool bShift = false;
     bool bCtrl = false;
 };
 
-/// What the user's mouse and keys do to the selected rows and the current row of a list, as lists everywhere
-/// have it. A press selects its row alone; with Ctrl it turns the row's selection round; with Shift it
-/// selects from the anchor to the row, and with both it adds these rows. The anchor is the row last pressed
-/// without Shift. Rows are counted from 0. A list of one selected row at a time knows the plain press only.
+/// Applies the user's mouse and key input to the selected rows and the current row of a list, as is usual for
+/// lists. A click selects only its row; with Ctrl it toggles the row; with Shift it selects the range from
+/// the anchor to the row, and with both it adds this range. The anchor is the row last clicked without Shift.
+/// Rows are counted from 0. In a single-selection list the modifier keys have no effect.
 class RowPicking
 {
 public:
     explicit RowPicking(platform::ListView& list) : m_list(list) {}
 
-    /// The left button goes down over row `row` or over none, which selects nothing but starts a drag from
-    /// line `nLine`: the row at that height, or the number of rows below the last.
+    /// The left button was pressed over `row`, or over no row, which deselects everything but can start a
+    /// drag. `nLine` is the row at that height, or the number of rows below the last one.
     void Press(std::optional<std::size_t> row, std::size_t nLine, tHeld held);
 
-    /// The right button goes down: a selected row keeps the others selected.
+    /// The right button was pressed. If the row is selected, the selection stays.
     void PressRight(std::optional<std::size_t> row, tHeld held);
 
-    /// The pointer moves to a line while the left button is down: the rows between the two lines become
-    /// selected, or with Ctrl what the press made of its own row.
+    /// The pointer has moved to a line with the left button held: the rows between the two lines are selected
+    /// or, with Ctrl, get the state that the press gave to its own row.
     void DragTo(std::size_t nLine);
     void Release();
     [[nodiscard]] bool Dragging() const { return m_drag != Drag::None; }
 
-    /// A key leads to a row. With Ctrl alone it only becomes the current one.
+    /// A key moves to a row. With Ctrl alone the row only becomes the current one.
     void MoveTo(std::size_t nRow, tHeld held);
 
-    /// The space bar selects the current row.
+    /// The space key selects the current row.
     void PickCurrent(tHeld held);
 
-    /// Rows have gone or changed their places.
+    /// To be called when rows have been removed or moved.
     void Forget();
 
 private:
@@ -56,9 +56,9 @@ private:
     platform::ListView& m_list;
     std::optional<std::size_t> m_anchor;
     Drag m_drag = Drag::None;
-    std::size_t m_nStart = 0;           ///< where the rows begin that the press or drag takes
-    std::optional<std::size_t> m_nLine; ///< where they end, if it has taken any yet
-    std::vector<bool> m_before;         ///< what was selected before
+    std::size_t m_nStart = 0;           ///< the start of the range of the current click or drag
+    std::optional<std::size_t> m_nLine; ///< its end, if it has one yet
+    std::vector<bool> m_before;         ///< the selection before it
 };
 
 } // namespace desktop

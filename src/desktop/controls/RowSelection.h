@@ -9,9 +9,9 @@ namespace desktop {
 
 class RowModel;
 
-/// The selection of a list for the toolkit's views. The truth is the `Selected` of the rows: selecting writes
-/// it, and nothing else. The toolkit's own selection, which grows slow with its ranges, is only a mirror of
-/// the rows in sight, so that they are painted and read out as they are.
+/// The selection of a list for the toolkit's views. The `Selected` flags of the rows hold the state, and
+/// selecting only sets these. The toolkit's own selection, which gets slow with many ranges, merely mirrors
+/// the visible rows, so that they are painted and read out correctly.
 class RowSelection final : public QItemSelectionModel
 {
 public:
@@ -20,12 +20,12 @@ public:
     using QItemSelectionModel::select;
     void select(const QItemSelection& selection, SelectionFlags flags) override;
 
-    /// Mirrors the rows from `nFirst` to `nLast`, no others. In a list without full row selection a row is
-    /// selected in its first column.
+    /// Mirrors the rows from `nFirst` to `nLast` and no others. In a list without full-row selection only the
+    /// first column of a row is selected.
     void Mirror(int nFirst, int nLast);
 
-    /// While it follows the list it writes nothing to it: the views move their selection by themselves when
-    /// rows go, and the list has rules of its own for that.
+    /// While this is set, the selection follows the list and writes nothing to it: the views change their
+    /// selection on their own when rows are removed, but the list has other rules for that.
     bool bFollows = false;
 
 private:

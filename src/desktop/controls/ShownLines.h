@@ -6,8 +6,7 @@
 
 namespace desktop {
 
-/// A text of the program as the screen shows it: it breaks where a carriage return and a line feed stand
-/// together, and each line is shown as ShownText shows it.
+/// A text of the program as displayed: lines end at CR LF, and each is converted by ShownText.
 QString ShownLines(std::string_view sText);
 
 } // namespace desktop

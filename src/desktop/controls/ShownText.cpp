@@ -17,7 +17,7 @@ bool IsPlain(char c)
 
 QString ShownText(std::string_view sText)
 {
-    // Nearly every name there is, and a list asks for names whenever it paints.
+    // A fast path for nearly all names, since a list asks for names with every paint.
     if (std::all_of(sText.begin(), sText.end(), IsPlain)) {
         return QString::fromLatin1(sText.data(), static_cast<qsizetype>(sText.size()));
     }

@@ -7,12 +7,12 @@
 
 namespace desktop {
 
-/// A text of the file system as the screen shows it. What is valid UTF-8 and can be seen stands as it is;
-/// every other byte stands as `\xNN`, and so does a backslash that would read as one of these. So no name can
-/// forge a line, two names never look the same for their bytes, and the bytes can be told from what is shown.
+/// A text from the file system as displayed. Valid and visible UTF-8 is shown as it is; every other byte is
+/// written as `\xNN`, and so is a backslash that would read as such an escape. So no name can fake a line
+/// break, two different names never look the same, and the bytes can be recovered from the displayed text.
 QString ShownText(std::string_view sText);
 
-/// A text that may hold any name, as a tool tip, which would otherwise take some of it for markup.
+/// Converts a text that may contain any name to a tool tip, so that no part of it is interpreted as markup.
 QString AsToolTip(const QString& sText);
 
 } // namespace desktop

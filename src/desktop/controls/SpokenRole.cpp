@@ -12,7 +12,7 @@ constexpr const char* kProperty = "spokenRole";
 QAccessibleInterface* WithItsRole(const QString& /*sClass*/, QObject* pObject)
 {
     const QVariant role = pObject == nullptr ? QVariant() : pObject->property(kProperty);
-    // The toolkit owns what it is given here.
+    // The toolkit takes ownership of the returned object.
     return role.isValid() ? new QAccessibleWidget(static_cast<QWidget*>(pObject),
                                                   static_cast<QAccessible::Role>(role.toInt()))
                           : nullptr;

@@ -6,8 +6,8 @@
 
 namespace desktop {
 
-/// Has assistive programs hear that `widget`, whose class says nothing about it, is of that kind. To be
-/// called before its name or its title is set, by which the toolkit looks for its kind.
+/// Makes `widget` report this role to assistive programs, for widgets whose class has no suitable one. Must
+/// be called before the name or title of the widget is set, since the toolkit determines the role then.
 void GiveSpokenRole(QWidget& widget, QAccessible::Role role);
 
 } // namespace desktop

@@ -9,8 +9,8 @@ class QWidget;
 
 namespace desktop {
 
-/// A view of rows that tells assistive programs its current row when it gets the keyboard. The toolkit tells
-/// of the view alone, so that nobody would hear where the next key acts.
+/// A view of rows that reports its current row to assistive programs when it gets the focus. The toolkit
+/// reports only the view, so that users would not hear which row the next key applies to.
 template <typename View>
 class SpokenRows : public View
 {
@@ -25,7 +25,8 @@ protected:
     void focusInEvent(QFocusEvent* pEvent) override
     {
         View::focusInEvent(pEvent);
-        // Behind what is told of the view: the last to be told of has the keyboard.
+        // After the toolkit's report of the view, since assistive programs take the object reported last as
+        // the focus.
         m_tell.start(0);
     }
 
@@ -41,7 +42,7 @@ private:
         }
     }
 
-    QTimer m_tell; ///< runs while the current row is still to be told of
+    QTimer m_tell; ///< runs while the report of the current row is pending
 };
 
 } // namespace desktop

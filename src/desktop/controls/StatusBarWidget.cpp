@@ -21,7 +21,7 @@ constexpr int kTextMargin = 4;
 
 } // namespace
 
-/// A text in an inset bevel.
+/// A text in a sunken frame.
 class PanelWidget final : public QLabel
 {
 public:
@@ -31,13 +31,13 @@ protected:
     void paintEvent(QPaintEvent* pEvent) override
     {
         QLabel::paintEvent(pEvent);
-        // Not as a frame of the label: not every style draws all four strokes of that.
+        // Painted here rather than as the label's frame, since not every style draws all four sides of that.
         QPainter painter(this);
         qDrawShadePanel(&painter, rect(), palette(), true);
     }
 };
 
-/// Shows one panel; the bar places it.
+/// Shows one panel; the bar sets its position.
 class StatusBarView::PanelView final : public platform::ControlObserver
 {
 public:
@@ -49,7 +49,7 @@ public:
         m_label.setMinimumWidth(Pixels(m_panel.MinWidth));
         m_label.setSizePolicy(m_panel.bSpring ? QSizePolicy::Ignored : QSizePolicy::Minimum,
                               QSizePolicy::Preferred);
-        // As plain text a tool tip loses nothing of the blanks at its ends.
+        // As plain text a tool tip keeps leading and trailing blanks.
         m_label.setToolTip(ShownText(m_panel.sToolTip));
         EnterWidget(m_panel, &m_label);
         m_panel.Observe(this);
@@ -79,7 +79,7 @@ StatusBarView::StatusBarView(const platform::Form& form, platform::StatusBar& ba
     : DockedView(form, bar, *new QWidget(pParent))
 {
     GiveSpokenRole(Widget(), QAccessible::StatusBar);
-    Widget().setAutoFillBackground(true); // on a very low window there are lists below it
+    Widget().setAutoFillBackground(true); // in a very low window it covers lists
     auto* const pRow = new QHBoxLayout(&Widget());
     pRow->setContentsMargins(0, kGap, 0, 0);
     pRow->setSpacing(kGap);

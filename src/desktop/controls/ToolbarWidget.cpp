@@ -29,7 +29,7 @@ ToolbarView::ToolbarView(const platform::Form& form, platform::Toolbar& toolbar,
     m_widget.setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     m_widget.layout()->setContentsMargins(0, 0, 0, 0);
     m_widget.layout()->setSpacing(0);
-    // The button behind which the others wait where the window is too narrow for them.
+    // The extension button, which gives access to the buttons that do not fit into a narrow window.
     for (QToolButton* pMore : m_widget.findChildren<QToolButton*>()) {
         pMore->setAccessibleName(QStringLiteral("More commands"));
     }

@@ -27,7 +27,7 @@ void UseTextScale(double factor)
         {QStringLiteral("Tahoma"), QStringLiteral("DejaVu Sans Condensed"), QStringLiteral("DejaVu Sans")});
     font.setPointSizeF(kFontPoints * factor);
     QApplication::setFont(font);
-    // The toolkit makes pixels of points by the same resolution.
+    // The toolkit converts points to pixels with the same resolution.
     const double perInch = QGuiApplication::primaryScreen()->logicalDotsPerInchY();
     g_twipsPerPixel = static_cast<float>(kTwipsPerInch / perInch / factor);
 }

@@ -8,11 +8,11 @@
 
 namespace desktop {
 
-/// Twips, in which the program counts on its forms (platform::tPlace), to a logical pixel: 15 with texts of
-/// the usual size.
+/// The number of twips, the unit of the program's forms (platform::tPlace), per logical pixel: 15 at normal
+/// text size.
 float TwipsPerPixel();
 
-/// Has texts, and the forms with them, `factor` times the usual size. To be called before a form is shown.
+/// Scales texts, and the forms with them, by `factor`. Must be called before a form is shown.
 void UseTextScale(double factor);
 
 inline int Pixels(float twips)

@@ -15,7 +15,7 @@ char Lower(char c)
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-/// Nearly all rows are told by their first letter, without making a text of it.
+/// Rejects nearly all rows by their first letter, without converting their texts.
 bool BeginsOtherwise(std::string_view sName, char cFirst)
 {
     const bool bPlain = !sName.empty() && sName[0] >= ' ' && sName[0] <= '~' && sName[0] != '\\';

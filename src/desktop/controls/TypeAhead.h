@@ -11,18 +11,19 @@
 
 namespace desktop {
 
-/// Finds the row of a list whose name, as it is shown, begins with what the user types, whatever the letter
-/// case. Letters that follow each other quickly make a longer beginning; one letter again and again leads
-/// from row to row. Below the last row the search goes on with the first.
+/// Finds the row of a list whose name, as displayed, starts with the typed letters, ignoring case. Letters
+/// typed in quick succession form a longer prefix; typing the same letter repeatedly moves from row to row.
+/// The search wraps around after the last row.
 class TypeAhead
 {
 public:
     explicit TypeAhead(platform::ListView& list) : m_list(list) {}
 
-    /// What has been typed leads to this row, counted from 0, or to none. With nothing typed it begins anew.
+    /// The row, counted from 0, that matches after `sTyped` has been typed, if any. An empty text starts a
+    /// new prefix.
     [[nodiscard]] std::optional<std::size_t> Find(const QString& sTyped);
 
-    /// Whether what is typed now would make a beginning longer.
+    /// Whether further input would extend the current prefix.
     [[nodiscard]] bool GoesOn() const;
 
 private:

@@ -9,8 +9,8 @@ class Control;
 
 namespace desktop {
 
-/// The widgets that show the program's controls, each entered by whoever makes it and taken out before it
-/// goes. Null where none shows the control.
+/// The widgets of the program's controls, entered by their creators and removed before they are destroyed.
+/// Null for a control without a widget.
 QWidget* WidgetOf(const platform::Control* pControl);
 void EnterWidget(const platform::Control& control, QWidget* pWidget);
 void RemoveWidget(const platform::Control& control);

@@ -9,8 +9,8 @@
 namespace desktop {
 namespace {
 
-/// The frame that the system has put around a window, or is about to: before it shows nobody can say, but it
-/// will be like that of its owner, and it will have a title.
+/// The frame that the window manager has put around a window. Before the window is shown this is unknown; it
+/// is assumed to be like the owner's frame, and to have a title bar.
 QMargins FrameAround(const QWidget& window, const QWidget* pOwner)
 {
     const QWindow* const pHandle = window.windowHandle();
@@ -48,7 +48,7 @@ void PlaceOnScreen(QWidget& window, const platform::tFormDesign& design, const Q
     }
     QRect place = QRect(QPoint(), window.size()).marginsAdded(frame);
     place.moveCenter(bOnOwner ? pOwner->frameGeometry().center() : room.center());
-    // The upper left corner counts most where the screen is too small.
+    // If the screen is too small, the upper left corner stays visible.
     place.moveLeft(std::max(room.left(), std::min(place.left(), room.right() + 1 - place.width())));
     place.moveTop(std::max(room.top(), std::min(place.top(), room.bottom() + 1 - place.height())));
     if (window.pos() != place.topLeft()) {

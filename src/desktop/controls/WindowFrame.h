@@ -7,15 +7,15 @@
 
 namespace desktop {
 
-/// The frame that a form's design asks for, with its buttons.
+/// The window flags for the frame and the buttons of a form's design.
 Qt::WindowFlags FrameOf(const platform::tFormDesign& design);
 
-/// Moves a window, its frame included, to the middle of the screen, or of `pOwner` where the design asks for
-/// that and there is one, and as far as it fits onto the screen. One that can be sized becomes no larger than
-/// the screen allows. What the frame measures is known only once the window is on the screen.
+/// Centres a window, including its frame, on the screen or, if the design says so, on `pOwner`, and keeps it
+/// within the screen if possible. A sizable window is shrunk to the screen. The size of the frame is known
+/// only once the window is shown.
 void PlaceOnScreen(QWidget& window, const platform::tFormDesign& design, const QWidget* pOwner);
 
-/// What has become of a window.
+/// Whether a window is minimised, maximised or normal.
 platform::WindowState StateOf(const QWidget& window);
 
 } // namespace desktop
