@@ -15,12 +15,12 @@ namespace {
 constexpr const char* kSchema = "org.gnome.desktop.interface";
 constexpr const char* kKey = "text-scaling-factor";
 
-/// The factor among the settings of the desktop; 1 where there is none.
+/// The factor in the desktop's settings; 1 if there is none.
 double SettingsFactor()
 {
     using tSchema = std::unique_ptr<GSettingsSchema, decltype(&g_settings_schema_unref)>;
     GSettingsSchemaSource* const pSource = g_settings_schema_source_get_default();
-    // To ask for settings that are not installed would end the program.
+    // Requesting a schema that is not installed would abort the program.
     const tSchema schema(pSource == nullptr ? nullptr
                                             : g_settings_schema_source_lookup(pSource, kSchema, TRUE),
                          &g_settings_schema_unref);
@@ -31,7 +31,7 @@ double SettingsFactor()
     return g_settings_get_double(settings.get(), kKey);
 }
 
-/// How often the least screen that the forms are designed for, of 640 by 480 pixels, goes into this one.
+/// The ratio of this screen to the smallest one that the forms are designed for, 640 by 480 pixels.
 double Room()
 {
     const QSize room = QGuiApplication::primaryScreen()->availableSize();
@@ -42,8 +42,8 @@ double Room()
 
 double TextScale()
 {
-    // On X11 the factor is part of the server's resolution, by which the toolkit scales everything; likewise
-    // where it is told a resolution for Wayland.
+    // On X11 the factor is part of the server's resolution, by which the toolkit scales everything; the same
+    // holds if a resolution is set for Wayland.
     if (!QGuiApplication::platformName().startsWith(QLatin1String("wayland")) ||
         qEnvironmentVariableIsSet("QT_WAYLAND_FORCE_DPI")) {
         return 1;

@@ -3,8 +3,8 @@
 
 namespace desktop {
 
-/// How many times the usual size the desktop wants texts to have, beyond what the toolkit sees to by itself.
-/// No more than the screen has room for.
+/// The desktop's text scaling factor, as far as the toolkit does not apply it itself. Limited to what fits on
+/// the screen.
 double TextScale();
 
 } // namespace desktop

@@ -20,7 +20,8 @@ void PutOnFace()
     QApplication::setDesktopFileName(QStringLiteral("tallyfen"));
     QApplication::setWindowIcon(Picture("tallyfen"));
     QApplication::setQuitOnLastWindowClosed(false);
-    // The texts are English, the forms placed from the left, and a path reads from the left in any language.
+    // The texts are English, the forms are laid out from the left, and paths read from left to right in any
+    // language.
     QApplication::setLayoutDirection(Qt::LeftToRight);
     if (QApplication::style()->name() == QLatin1String(OutlineStyle::kFor)) {
         auto* const pStyle = new OutlineStyle;
@@ -61,8 +62,8 @@ int UserInterface::Run()
         QApplication::exec();
     }
     if (SearchWorkers::Alive() > 0) {
-        // One hangs in a read, perhaps for ever, and what it uses must not be taken from it. The windows have
-        // gone, and there is nothing to save.
+        // A thread hangs in a read, perhaps for ever, so the data it uses must not be destroyed. All windows
+        // are closed, and there is nothing to save.
         _exit(nResult);
     }
     return nResult;

@@ -17,22 +17,22 @@
 
 namespace desktop {
 
-/// Gives the application object, which must exist, the program's face: its font, its icon and its names. From
-/// then on the program ends with its last form and not with whatever else was visible.
+/// Sets the font, the icon and the names of the application object, which must exist. From then on the
+/// program ends with its last form, whatever other windows are open.
 void PutOnFace();
 
-/// The application object with the program's face, and the system as the program uses it. There is one, made
-/// before any form is shown.
+/// Owns the application object and the parts of the system that the program uses. There must be only one,
+/// created before any form is shown.
 class UserInterface
 {
 public:
     UserInterface(int& argc, char* argv[]);
 
-    /// All parts of the system. They live as long as this object.
+    /// All parts of the system, valid for the lifetime of this object.
     platform::tSystem System();
 
-    /// Delivers the user's input until the last form has been taken down, and beyond that until the last
-    /// window that stands by itself has been closed; returns the program's result.
+    /// Runs the event loop until the last form has been taken down and the last standalone window has been
+    /// closed; returns the exit code.
     int Run();
 
 private:

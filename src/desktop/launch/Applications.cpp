@@ -34,7 +34,7 @@ std::string IconOf(GAppInfo* pInfo)
     return {};
 }
 
-/// Takes over a reference.
+/// Takes ownership of a reference.
 tApplication Application(GAppInfo* pInfo)
 {
     const char* const pName = g_app_info_get_display_name(pInfo);
@@ -42,7 +42,7 @@ tApplication Application(GAppInfo* pInfo)
             std::shared_ptr<GAppInfo>(pInfo, [](GAppInfo* p) { g_object_unref(p); })};
 }
 
-/// Takes over a list.
+/// Takes ownership of a list.
 std::vector<tApplication> Applications(GList* pList)
 {
     std::vector<tApplication> applications;
@@ -79,7 +79,7 @@ void SortByName(std::vector<tApplication>& applications)
                    [](auto& each) { return std::move(each.second); });
 }
 
-/// Why a start failed, as an error number of the system.
+/// The reason of a failed start, as an error number of the system.
 int ErrorNumber(const GError& error)
 {
     constexpr std::array<std::pair<int, int>, 17> kNumbers = {{{G_SPAWN_ERROR_FORK, EAGAIN},
@@ -104,7 +104,7 @@ int ErrorNumber(const GError& error)
     return error.domain == G_SPAWN_ERROR && pFound != kNumbers.end() ? pFound->second : ENOEXEC;
 }
 
-/// Runs between fork and exec, where only calls into the kernel are safe.
+/// Runs between fork and exec, where only async-signal-safe calls are allowed.
 void BecomeSession(gpointer /*pData*/)
 {
     setsid();
@@ -166,7 +166,8 @@ long Start(const tApplication& application, const std::string& sPath)
     if (bStarted != FALSE) {
         return kStarted;
     }
-    // What fails before anything is run, in an application that runs in a terminal, is to find one.
+    // For an application that runs in a terminal, a failure before anything is executed means that no
+    // terminal was found.
     if (error && error->domain == G_IO_ERROR && g_desktop_app_info_get_boolean(pInfo, "Terminal") != FALSE) {
         return kNoTerminal;
     }

@@ -10,28 +10,29 @@ using GAppInfo = struct _GAppInfo; // NOLINT(bugprone-reserved-identifier): the 
 
 namespace desktop {
 
-/// An application that is installed on this machine.
+/// An installed application.
 struct tApplication {
     std::string sName; ///< in the user's language
-    std::string sIcon; ///< the path of a picture, or the name of one in the desktop's set; empty for none
+    std::string sIcon; ///< the path of an image, or the name of an icon in the desktop's theme; empty for
+                       ///< none
     std::shared_ptr<GAppInfo> info;
 };
 
-/// What a user can choose from for a file.
+/// The applications that a user can choose from for a file.
 struct tApplications {
-    std::vector<tApplication> fitting; ///< those registered for the file's kind, the usual one first
-    std::vector<tApplication> others;  ///< all others that take files, by name
+    std::vector<tApplication> fitting; ///< those registered for the file's kind, the default one first
+    std::vector<tApplication> others;  ///< all others that accept files, by name
 };
 
-/// The applications registered for files of these kinds, kind by kind, the usual one of each first.
+/// The applications registered for files of these kinds, kind by kind, the default one of each first.
 std::vector<tApplication> ApplicationsFor(std::initializer_list<const char*> kinds);
 
-/// The applications that a file of a kind can be opened with.
+/// The applications that can open a file of this kind.
 tApplications ApplicationsToChoose(const std::string& sKind);
 
-/// Starts an application on a file, by its exact path and without a shell, or, with an empty path, on none.
-/// It becomes a session of its own, which neither the end of this program nor that of its terminal reaches,
-/// and leaves no zombie. Returns kStarted, or why not: kNoTerminal, or a result of ShellExecuteA.
+/// Starts an application on a file, passed by its exact path and without a shell, or on none if the path is
+/// empty. It runs in a session of its own, so that it survives this program and its terminal, and leaves no
+/// zombie. Returns kStarted on success, otherwise kNoTerminal or an error of ShellExecuteA.
 long Start(const tApplication& application, const std::string& sPath);
 
 } // namespace desktop

@@ -6,8 +6,8 @@
 namespace desktop {
 namespace {
 
-/// The kind of a file without contents. GIO of Debian 13 calls all of them one kind, which next to no program
-/// opens; what a person wants to open is a text or a table that is still empty.
+/// The type of an empty file. GIO in Debian 13 gives all empty files a single type, which hardly any program
+/// opens; users want to open them as an empty text or table, according to the name.
 std::string KindByName(const std::string& sPath)
 {
     gboolean bUncertain = FALSE;
@@ -19,9 +19,9 @@ std::string KindByName(const std::string& sPath)
 
 std::string FileKind(const std::string& sPath)
 {
-    // Else GIO sets its tables of kinds up twice, and loses the first ones.
+    // Without this call GIO initialises its type tables twice and leaks the first ones.
     g_content_type_get_mime_dirs();
-    // Of this machine's files only: the desktop's other file systems would be asked for over the session bus.
+    // Restricted to local files: the desktop's other file systems would be queried over the session bus.
     const GPointer<GFile> file(g_vfs_get_file_for_path(g_vfs_get_local(), sPath.c_str()));
     const GPointer<GFileInfo> info(g_file_query_info(file.get(), G_FILE_ATTRIBUTE_STANDARD_CONTENT_TYPE,
                                                      G_FILE_QUERY_INFO_NONE, nullptr, nullptr));

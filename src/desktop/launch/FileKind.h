@@ -5,15 +5,15 @@
 
 namespace desktop {
 
-/// The kind of a file as the desktop names it, "text/plain", from its name and its first bytes. The kind of
-/// unknown bytes if the file cannot be read or is not there; an empty file whose name says nothing is a text.
-/// Links are followed.
+/// The MIME type of a file, "text/plain", determined from its name and its first bytes. The type for unknown
+/// data if the file is missing or cannot be read; an empty file whose name does not determine a type is a
+/// text. Follows links.
 std::string FileKind(const std::string& sPath);
 
-/// A kind in the user's words, "plain text document".
+/// The description of a MIME type in the user's language, "plain text document".
 std::string KindInWords(const std::string& sKind);
 
-/// The location of a file for other programs. Each byte of the path stands for itself or is escaped.
+/// The URI of a file, for other programs. Each byte of the path is kept or escaped.
 std::string FileUri(const std::string& sPath);
 
 } // namespace desktop

@@ -10,13 +10,13 @@ namespace {
 
 constexpr guint kPatience = 800; // ms, for all steps together
 
-/// One question to the file manager, step by step, on an event loop of its own.
+/// An asynchronous query to the file manager, run step by step in an event loop of its own.
 class Question
 {
 public:
     explicit Question(GVariant* pArguments) : m_pArguments(g_variant_ref_sink(pArguments)) {}
 
-    /// Asks, and returns when there is an answer or patience has ended.
+    /// Sends the query and waits for the answer or the timeout.
     bool Ask()
     {
         GMainContext* const pContext = g_main_context_new();
@@ -38,7 +38,7 @@ public:
 private:
     static gboolean PatienceEnded(gpointer pThis)
     {
-        // The step in hand then ends with an error.
+        // The current step then ends with an error.
         g_cancellable_cancel(static_cast<Question*>(pThis)->m_cancel.get());
         return G_SOURCE_REMOVE;
     }
@@ -51,9 +51,9 @@ private:
             self.m_bOver = true;
             return;
         }
-        // The end of the session's bus is not to be the end of this program in the midst of its work.
+        // When the session bus ends, the program must not end in the middle of its work.
         g_dbus_connection_set_exit_on_close(self.m_connection.get(), FALSE);
-        // A file manager that has to be started first would take its time, and a sheet of our own is at hand.
+        // Starting a file manager would take too long, and the program has a property window of its own.
         g_dbus_connection_call(self.m_connection.get(), "org.freedesktop.FileManager1",
                                "/org/freedesktop/FileManager1", "org.freedesktop.FileManager1",
                                "ShowItemProperties", self.m_pArguments.get(), nullptr,

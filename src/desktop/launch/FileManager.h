@@ -5,8 +5,8 @@
 
 namespace desktop {
 
-/// Has the file manager that runs in this session show what it knows of a file. False, within a second, if
-/// none runs or it does not answer.
+/// Asks the running file manager to show the properties of a file. False, within a second, if none is running
+/// or it does not answer.
 bool ShowItemProperties(const std::string& sPath);
 
 } // namespace desktop

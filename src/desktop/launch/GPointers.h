@@ -17,7 +17,7 @@ struct UnrefVariant {
     void operator()(GVariant* p) const { g_variant_unref(p); }
 };
 
-/// Owners of what GLib hands out.
+/// Owners of objects returned by GLib.
 using GText = std::unique_ptr<gchar, FreeG>;
 using GErrorPointer = std::unique_ptr<GError, FreeG>;
 template <typename T>

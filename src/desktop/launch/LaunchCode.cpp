@@ -15,47 +15,26 @@ static_assert(kNoSuchFile == ENOENT);
 
 namespace {
 
-/// The error numbers above 30 that a path or a start can come to, and those that come nearest.
+/// Error numbers above 30 that a path or a start can produce, with the number up to 30 that is closest in
+/// meaning.
 constexpr std::array<std::pair<int, int>, 31> kNearest = {{
-    {ENAMETOOLONG, ENOENT}, // such a path leads to nothing
-    {ELOOP, ENOENT},
-    {ESTALE, ENOENT},
-    {ELIBACC, ENOENT},
-    {ELIBBAD, ENOEXEC},
-    {ELIBEXEC, ENOEXEC},
-    {ELIBMAX, ENOEXEC},
-    {ENOKEY, EACCES},
-    {EKEYEXPIRED, EACCES},
-    {EKEYREVOKED, EACCES},
-    {EKEYREJECTED, EACCES},
-    {EOPNOTSUPP, EPERM},
-    {ENOSYS, EPERM},
-    {EOVERFLOW, EFBIG},
-    {EDQUOT, ENOSPC},
-    {ENOBUFS, ENOMEM},
-    {EUSERS, EAGAIN},
-    {ENOLCK, EAGAIN},
-    {EDEADLK, EBUSY},
-    {EALREADY, EBUSY},
-    {EINPROGRESS, EBUSY},
-    {ECANCELED, EINTR},
-    {ENOTEMPTY, EEXIST},
-    {EDOM, EINVAL},
-    {ERANGE, EINVAL},
-    {EILSEQ, EINVAL},
-    {ENOMEDIUM, ENXIO},
-    {ENOTCONN, ENXIO}, // what lies on another machine, or is
-                       // served by a program
-    {EHOSTDOWN, ENXIO},
-    {EHOSTUNREACH, ENXIO},
-    {ENETUNREACH, ENXIO},
+    {ENAMETOOLONG, ENOENT}, // such a path cannot exist
+    {ELOOP, ENOENT},        {ESTALE, ENOENT},       {ELIBACC, ENOENT},    {ELIBBAD, ENOEXEC},
+    {ELIBEXEC, ENOEXEC},    {ELIBMAX, ENOEXEC},     {ENOKEY, EACCES},     {EKEYEXPIRED, EACCES},
+    {EKEYREVOKED, EACCES},  {EKEYREJECTED, EACCES}, {EOPNOTSUPP, EPERM},  {ENOSYS, EPERM},
+    {EOVERFLOW, EFBIG},     {EDQUOT, ENOSPC},       {ENOBUFS, ENOMEM},    {EUSERS, EAGAIN},
+    {ENOLCK, EAGAIN},       {EDEADLK, EBUSY},       {EALREADY, EBUSY},    {EINPROGRESS, EBUSY},
+    {ECANCELED, EINTR},     {ENOTEMPTY, EEXIST},    {EDOM, EINVAL},       {ERANGE, EINVAL},
+    {EILSEQ, EINVAL},       {ENOMEDIUM, ENXIO},     {ENOTCONN, ENXIO}, // remote files, or files served by a
+                                                                       // program
+    {EHOSTDOWN, ENXIO},     {EHOSTUNREACH, ENXIO},  {ENETUNREACH, ENXIO},
 }};
 
 } // namespace
 
 long LaunchCode(int nError)
 {
-    constexpr int kLast = 30; // from 31 on the shell has codes of its own
+    constexpr int kLast = 30; // from 31 on, the shell defines codes of its own
     if (nError > 0 && nError <= kLast) {
         return nError;
     }

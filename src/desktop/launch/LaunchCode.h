@@ -5,20 +5,20 @@
 
 namespace desktop {
 
-inline constexpr long kStarted = 33; ///< what a start that went well comes to
+inline constexpr long kStarted = 33; ///< the result of a successful start
 inline constexpr long kNoSuchFile = 2;
-inline constexpr long kNoTerminal = 0; ///< the program runs in a terminal, and none is installed
+inline constexpr long kNoTerminal = 0; ///< the program needs a terminal, and none is installed
 
-/// An error number of the system as a result of ShellExecuteA: 1 to 30. A number that is none of these
-/// becomes the one that comes nearest.
+/// Converts an error number of the system to a result of ShellExecuteA, 1 to 30. A number outside this range
+/// is mapped to the one closest in meaning.
 long LaunchCode(int nError);
 
-/// 0 if the file that `sPath` leads to is there, else why not, as a result of ShellExecuteA. Only a full path
-/// leads to a file.
+/// 0 if the file at `sPath` (links are followed) exists, otherwise the reason why not, as a result of
+/// ShellExecuteA. Only full paths are valid.
 long WhyMissing(const std::string& sPath);
 
-/// Such a result of ShellExecuteA in words of the system's, in the user's language, or kNoTerminal in ours;
-/// empty if there are none.
+/// The message for such a result of ShellExecuteA: the system's text in the user's language, or our own for
+/// kNoTerminal; empty if there is none.
 std::string CodeInWords(long nCode);
 
 } // namespace desktop

@@ -3,12 +3,12 @@
 
 namespace desktop {
 
-/// True if the session has a message bus already. To ask for one where there is none would start one, which
-/// then stays behind.
+/// True if the session already has a message bus. Connecting without this check could start one, which would
+/// stay behind.
 bool HasSessionBus();
 
-/// Sees to it that no library of this program starts a bus in a session without one. Called first in `main`,
-/// before there are threads. What this program starts does not notice.
+/// Prevents the libraries of this program from starting a bus in a session without one. Must be called first
+/// in `main`, before there are threads. Programs started by this one are not affected.
 void StartNoSessionBus();
 
 } // namespace desktop

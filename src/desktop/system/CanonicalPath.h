@@ -5,8 +5,8 @@
 
 namespace desktop {
 
-/// The full path of what `sPath` leads to, with all links resolved and without a separator at its end but for
-/// the root's; empty if that is nothing.
+/// The full path of the target of `sPath`, with all links resolved and no trailing separator (except for the
+/// root); empty if it does not exist.
 std::string CanonicalPath(const std::string& sPath);
 
 } // namespace desktop

@@ -6,7 +6,7 @@
 
 namespace desktop {
 
-/// An open descriptor of the kernel, or none; closed with its owner.
+/// Owns an open file descriptor, or none, and closes it on destruction.
 class Descriptor
 {
 public:
@@ -29,7 +29,7 @@ public:
 
     [[nodiscard]] int Get() const { return m_h; }
 
-    /// Gives it to an owner of another kind.
+    /// Passes ownership to the caller.
     int Release() { return std::exchange(m_h, -1); }
     [[nodiscard]] bool IsOpen() const { return m_h >= 0; }
 

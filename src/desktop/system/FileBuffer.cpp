@@ -6,7 +6,7 @@
 namespace platform {
 namespace {
 
-/// The size of a large page of memory, and what it has to be aligned to.
+/// The size and alignment of a large page.
 constexpr std::size_t kLargePage = std::size_t{2} << 20;
 
 } // namespace
@@ -19,7 +19,7 @@ std::uint8_t* FileBuffer::Reserve(std::size_t nBytes)
         m_aBytes.reset(static_cast<std::uint8_t*>(std::aligned_alloc(kLargePage, nRoom)));
         m_nRoom = m_aBytes ? nRoom : 0;
         if (m_aBytes) {
-            // A system without large pages says so, and gives small ones.
+            // Fails on a system without large pages, which then provides small ones.
             madvise(m_aBytes.get(), m_nRoom, MADV_HUGEPAGE);
         }
     }

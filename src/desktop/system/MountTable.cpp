@@ -14,7 +14,7 @@ std::vector<tMount> ReadMountTable(std::istream& mountInfo)
     std::string sLine;
     while (std::getline(mountInfo, sLine)) {
         // Number, parent, device, folder of the device, mount point, options, tags up to "-", type, source.
-        // One blank stands between two fields; what else could be taken for one may be part of a name.
+        // Fields are separated by exactly one blank; other white space may be part of a name.
         std::istringstream fields(sLine);
         const auto next = [&fields](std::string& sField) -> bool {
             return static_cast<bool>(std::getline(fields, sField, ' '));

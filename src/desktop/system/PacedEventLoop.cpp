@@ -7,11 +7,11 @@
 namespace desktop {
 namespace {
 
-/// A frame of a usual screen: more runs could show nothing, fewer could be felt.
+/// About one frame at a usual refresh rate: more runs would not be visible, fewer would be noticeable.
 constexpr std::chrono::milliseconds kPace{20};
 
-/// The time at the last tick of the system, at most 10 ms old: fine enough for the pace, and a sixth of the
-/// cost of the exact time, which a search of many small files asks for a million times.
+/// The time at the last tick of the system, at most 10 ms old: accurate enough here, and a sixth of the cost
+/// of the exact time, which a search of many small files queries a million times.
 std::chrono::nanoseconds Now()
 {
     timespec now{};

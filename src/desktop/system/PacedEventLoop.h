@@ -9,12 +9,12 @@
 
 namespace desktop {
 
-/// Runs an event loop at a bearable pace: a yield runs it if the last run is some time ago, and otherwise
-/// only looks at the clock, so that an operation can yield at every step.
+/// Limits how often an event loop runs: a yield runs it if the last run is long enough ago and otherwise only
+/// checks the clock, so that an operation can yield at every step.
 class PacedEventLoop final : public platform::EventLoop
 {
 public:
-    /// `runOnce` delivers what is pending and returns.
+    /// `runOnce` processes the pending events and returns.
     explicit PacedEventLoop(std::function<void()> runOnce);
 
     void DoEvents(std::int64_t nSteps) override;

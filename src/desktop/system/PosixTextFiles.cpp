@@ -16,7 +16,7 @@ constexpr std::size_t kPiece = std::size_t{64} * 1024;
 
 platform::FileHandle PosixTextFiles::OpenForOutput(const std::string& sPath)
 {
-    // Without O_NONBLOCK, a pipe that nobody reads would be waited for.
+    // Without O_NONBLOCK, opening a pipe without a reader would block.
     constexpr mode_t kMode = 0666;
     const int h =
         open(sPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOCTTY | O_NONBLOCK | O_CLOEXEC, kMode);
@@ -44,7 +44,7 @@ bool PosixTextFiles::PrintLine(platform::FileHandle hFile, std::string_view sLin
     return !output.bFailed;
 }
 
-/// Writes what is held back, as much of it as can be.
+/// Writes as much as possible of the buffered text.
 void PosixTextFiles::WriteOut(platform::FileHandle hFile, tOutput& output)
 {
     std::string_view sRest = output.sHeldBack;
@@ -65,8 +65,7 @@ bool PosixTextFiles::CloseOutput(platform::FileHandle hFile)
         return false;
     }
     WriteOut(hFile, found->second);
-    // A file system on another machine may tell only now that there is no room. The handle is gone either
-    // way.
+    // A network file system may report only now that the disk is full. The handle is closed in either case.
     const bool bClosed = close(hFile) == 0 || errno == EINTR;
     const bool bWhole = !found->second.bFailed && bClosed;
     m_outputs.erase(found);

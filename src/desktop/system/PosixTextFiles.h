@@ -10,8 +10,8 @@
 
 namespace desktop {
 
-/// Text files by the system's own calls. Lines are held back and written in large pieces; once a piece could
-/// not be written, the file takes no further line, so that it has no hole.
+/// Text files with POSIX calls. Lines are buffered and written in large blocks. After a failed write the file
+/// accepts no further lines, so that it has no gap.
 class PosixTextFiles final : public platform::TextFiles
 {
 public:

@@ -11,7 +11,7 @@ namespace desktop {
 std::string PosixVolumes::FileSystemOf(const std::string& sFolder)
 {
     ReadIfChanged();
-    // The deepest mount on the way to the folder holds it; of two at one point, the one that came last.
+    // The deepest mount point above the folder counts, and the last one of several at the same point.
     const tMount* pHolder = nullptr;
     for (const tMount& mount : m_mounts) {
         if (IsIn(sFolder, mount.sPoint) &&
@@ -22,14 +22,13 @@ std::string PosixVolumes::FileSystemOf(const std::string& sFolder)
     if (pHolder != nullptr) {
         return pHolder->sDevice;
     }
-    // In a root that is no mount of its own, as a changed one is, the table does not have what holds the
-    // rest.
+    // After chroot the root may not be a mount point, so the table may not contain the mount of the rest.
     return sFolder.starts_with('/') ? "/" : "";
 }
 
 void PosixVolumes::ReadIfChanged()
 {
-    // The kernel reports a change of the table as an error on a descriptor that was open before.
+    // The kernel reports a change of the table as an error condition on a descriptor opened earlier.
     if (m_table.IsOpen()) {
         pollfd changed{m_table.Get(), POLLPRI, 0};
         if (poll(&changed, 1, 0) == 0) {

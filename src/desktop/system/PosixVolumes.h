@@ -10,7 +10,8 @@
 
 namespace desktop {
 
-/// The mounted file systems as the kernel lists them. The list is read again only after it has changed.
+/// The mounted file systems according to the kernel's mount table, which is read again only after it has
+/// changed.
 class PosixVolumes final : public platform::Volumes
 {
 public:

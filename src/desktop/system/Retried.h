@@ -5,7 +5,7 @@
 
 namespace desktop {
 
-/// What a system call returns once no signal has interrupted it.
+/// Repeats a system call while a signal interrupts it, and returns its result.
 template <class Call>
 auto Retried(const Call& call)
 {

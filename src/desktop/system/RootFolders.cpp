@@ -18,7 +18,7 @@
 namespace desktop {
 namespace {
 
-/// Mounted by the system for itself.
+/// Mounted by the system for its own purposes.
 bool IsSystems(std::string_view sMountPoint)
 {
     constexpr std::array<std::string_view, 8> aFolders = {"/boot", "/dev", "/etc", "/proc",
@@ -28,7 +28,7 @@ bool IsSystems(std::string_view sMountPoint)
            });
 }
 
-/// A disk, or a folder of another machine: "host:/folder", "//host/folder".
+/// A disk, or a folder on another machine: "host:/folder", "//host/folder".
 bool IsVolume(std::string_view sSource, std::string_view sType)
 {
     return sSource.starts_with("/dev/") || sSource.starts_with("//") ||
@@ -51,7 +51,8 @@ std::vector<std::string> MountedVolumes(std::istream& mountInfo)
 {
     std::set<std::string> volumes;
     for (const tMount& mount : ReadMountTable(mountInfo)) {
-        // A part of a volume is mounted where the volume is seen anyway; with btrfs parts are volumes.
+        // A mounted part of a volume is also visible in the volume itself; with btrfs, parts are volumes of
+        // their own.
         const bool bWhole = mount.sFolder == "/" || mount.sType == "btrfs";
         if (bWhole && IsVolume(mount.sSource, mount.sType) && !IsSystems(mount.sPoint)) {
             volumes.insert(mount.sPoint);

@@ -7,17 +7,17 @@
 
 namespace desktop {
 
-/// A folder at the top of the folder tree.
+/// A top-level folder of the folder tree.
 struct tRootFolder {
-    std::string sPath; ///< canonical, without a separator at the end but for the root's
-    std::string sName; ///< as shown
+    std::string sPath; ///< canonical, without a trailing separator (except for the root)
+    std::string sName; ///< as displayed
 };
 
-/// Where a person's folders are found: the home folder, the root of everything, the mounted volumes.
+/// The top-level folders: the home folder, the root and the mounted volumes.
 std::vector<tRootFolder> RootFolders();
 
-/// The mount points, in order, of the volumes that a person may look for, from the kernel's table of mounts:
-/// disks and what lies on other machines, not what the system has mounted for itself.
+/// The mount points, in table order, of the volumes that matter to users: disks and network file systems, but
+/// not what the system has mounted for its own purposes.
 std::vector<std::string> MountedVolumes(std::istream& mountInfo);
 
 } // namespace desktop

@@ -11,7 +11,7 @@
 namespace desktop {
 namespace {
 
-/// How many entries a look reads at most.
+/// The maximum number of entries to read.
 constexpr int kLook = 4'000;
 
 struct CloseFolder {
@@ -19,7 +19,7 @@ struct CloseFolder {
 };
 using Folder = std::unique_ptr<DIR, CloseFolder>;
 
-/// The kind of an entry, one of DT_.
+/// The type of an entry, one of the DT_ constants.
 unsigned char KindOf(DIR* pFolder, const dirent64& entry)
 {
     if (entry.d_type != DT_UNKNOWN) {
@@ -42,7 +42,7 @@ bool IsFolder(DIR* pFolder, const dirent64& entry)
     return !IsDots(entry.d_name) && KindOf(pFolder, entry) == DT_DIR;
 }
 
-/// True if another file system is mounted at the folder, or would be by a look into it.
+/// True if another file system is mounted at the folder, or would be mounted by accessing it.
 bool IsMountPoint(const std::string& sPath)
 {
     struct statx status = {};

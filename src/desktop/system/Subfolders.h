@@ -6,20 +6,20 @@
 
 namespace desktop {
 
-/// The names of the folders in folder `sPath`, exact bytes, as they come. Links to folders are none. Empty
-/// for a folder that cannot be listed.
+/// The names of the folders in folder `sPath`, exact bytes, unsorted. Links to folders are not included.
+/// Empty if the folder cannot be listed.
 std::vector<std::string> Subfolders(const std::string& sPath);
 
-/// True if folder `sPath` has a folder of that name, which is no link.
+/// True if folder `sPath` contains a folder with this name that is not a link.
 bool IsSubfolder(const std::string& sPath, const std::string& sName);
 
-/// The names of the regular files in folder `sPath` that match a shell pattern, "*.txt", whatever their
-/// letter case, exact bytes, as they come. Empty for a folder that cannot be listed.
+/// The names of the regular files in folder `sPath` that match a shell pattern, "*.txt", ignoring case; exact
+/// bytes, unsorted. Empty if the folder cannot be listed.
 std::vector<std::string> FileNames(const std::string& sPath, const std::string& sPattern);
 
-/// False if a look into folder `sPath` finds that there is no folder in it or that it cannot be listed. A
-/// look takes no time that a person could notice: one that would take long, because the folder is large or
-/// another file system is mounted there or waits to be, is not taken.
+/// False if folder `sPath` is known to contain no folders or cannot be listed. Takes no noticeable time:
+/// where looking would take long, because the folder is large or is a mount or automount point, it returns
+/// true without looking.
 bool MayHaveSubfolders(const std::string& sPath);
 
 } // namespace desktop

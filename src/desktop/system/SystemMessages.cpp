@@ -10,14 +10,14 @@
 namespace platform {
 namespace {
 
-/// The system's text for an error code; empty for a code that it does not know.
+/// The system's message for an error code; empty for an unknown code.
 std::string SystemText(long nCode)
 {
-    // The shell's own code: the system's text for that number speaks of links.
+    // This code is the shell's own: the system's message for the same number is about links.
     if (nCode == SE_ERR_NOASSOC) {
         return "No application is registered for files of this kind.";
     }
-    // The one function knows which codes there are, the other one the user's language.
+    // strerrordesc_np tells which codes exist, the other function returns the text in the user's language.
     if (nCode < 0 || nCode > INT_MAX || strerrordesc_np(static_cast<int>(nCode)) == nullptr) {
         return {};
     }
@@ -25,7 +25,7 @@ std::string SystemText(long nCode)
     return strerror_r(static_cast<int>(nCode), text.data(), text.size());
 }
 
-/// The first characters of `sText` that go into `nBytes` bytes.
+/// The longest prefix of `sText` of whole characters that fits in `nBytes` bytes.
 std::string_view Cut(std::string_view sText, std::size_t nBytes)
 {
     std::size_t nEnd = 0;

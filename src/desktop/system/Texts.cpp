@@ -11,13 +11,13 @@
 namespace platform {
 namespace {
 
-/// A small letter of Cherokee, the one script whose small letters fold to the capitals.
+/// A small letter of Cherokee, the only script whose small letters are folded to capitals.
 bool IsSmallCherokee(gunichar nChar)
 {
     return (nChar >= 0x13F8 && nChar <= 0x13FD) || (nChar >= 0xAB70 && nChar <= 0xABBF);
 }
 
-/// GLib folds these to capitals but, unaware of the exception, the capitals to small letters.
+/// GLib folds these to capitals but the capitals to small letters, since it does not know the exception.
 std::string FoldSmallCherokee(const gchar* pText)
 {
     std::string sFolded;

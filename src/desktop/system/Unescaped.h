@@ -6,8 +6,8 @@
 
 namespace desktop {
 
-/// A name as the kernel and the device manager write it into tables and links, with the bytes back that stand
-/// there as "\040" or "\x20".
+/// Decodes a name as the kernel and the device manager write it in tables and links, with bytes escaped as
+/// "\040" or "\x20".
 std::string Unescaped(std::string_view sText);
 
 } // namespace desktop

@@ -33,7 +33,7 @@ const UserLocale& UserLocale::Get()
 
 UserLocale::UserLocale() : m_locale(newlocale(LC_ALL_MASK, "", nullptr))
 {
-    // The environment may name a locale that this machine does not have.
+    // The environment may name a locale that is not installed.
     if (m_locale == nullptr) {
         m_locale = newlocale(LC_ALL_MASK, "C", nullptr);
     }
@@ -59,7 +59,7 @@ std::tm CalendarTime(const platform::tSystemTime& stTime)
     time.tm_hour = stTime.wHour;
     time.tm_min = stTime.wMinute;
     time.tm_sec = stTime.wSecond;
-    // The rest of what the library works out, it works out for another time zone.
+    // timegm assumes UTC, so only the fields that do not depend on the time zone are taken from it.
     std::tm calendar = time;
     timegm(&calendar);
     time.tm_wday = calendar.tm_wday;

@@ -10,22 +10,22 @@
 
 namespace desktop {
 
-/// The digits of a whole number with `sSeparator` between its groups. `grouping` holds the sizes of the
-/// groups from the right, as struct lconv has them: the last one serves all that remain, CHAR_MAX ends the
+/// Inserts `sSeparator` between the groups of digits of a whole number. `grouping` holds the group sizes from
+/// the right, as in struct lconv: the last one applies to all remaining groups, and CHAR_MAX ends the
 /// grouping.
 std::string GroupDigits(const std::string& sDigits, const std::string& sSeparator,
                         const std::string& grouping);
 
-/// A moment as the C library has it, the days of the week and of the year included.
+/// A time as the C library represents it, including the days of the week and of the year.
 std::tm CalendarTime(const platform::tSystemTime& stTime);
 
-/// The user's ways of writing numbers and dates, as the environment names them when the program starts.
+/// The user's number and date formats, according to the environment at the start of the program.
 class UserLocale
 {
 public:
     static const UserLocale& Get();
 
-    /// A whole number with its digits grouped.
+    /// A whole number with digit grouping.
     [[nodiscard]] std::string Number(std::int64_t nNumber) const;
 
     /// Short date, one blank, long time.
@@ -36,8 +36,7 @@ private:
 
     locale_t m_locale;
     std::string m_sThousandsSeparator;
-    std::string
-        m_grouping; ///< empty, or sizes of the groups of digits from the right, as struct lconv has them
+    std::string m_grouping; ///< empty, or the sizes of the digit groups from the right, as in struct lconv
 };
 
 } // namespace desktop

@@ -19,7 +19,7 @@
 namespace desktop {
 namespace {
 
-/// Nothing if the file system does not say.
+/// Empty if the file system does not report one.
 std::optional<std::string> OwnLabel(int hFolder)
 {
     std::array<char, FSLABEL_MAX + 1> aLabel{};
@@ -33,7 +33,7 @@ struct CloseFolder {
     void operator()(DIR* pFolder) const { closedir(pFolder); }
 };
 
-/// The label found on the disk `device`; empty for one without a label, and for what is no disk.
+/// The label found on the disk `device`; empty if it has none or the device is not a disk.
 std::string FoundLabel(dev_t device)
 {
     const std::unique_ptr<DIR, CloseFolder> links(opendir("/dev/disk/by-label"));

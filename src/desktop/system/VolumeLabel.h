@@ -7,8 +7,8 @@
 
 namespace desktop {
 
-/// The label of the file system that holds folder `sFolder`, by what an ordinary user may ask: the file
-/// system itself, then the labels that the system has found on the disks.
+/// The label of the file system that contains folder `sFolder`, from sources that an ordinary user may read:
+/// the file system itself, then the labels that the system has found on the disks.
 platform::tVolumeLabel VolumeLabel(const std::string& sFolder);
 
 } // namespace desktop
