@@ -15,7 +15,7 @@ namespace {
 
 constexpr QSize kSize{460, 0};
 constexpr int kNamesHeight = 180;
-/// More than a person reads, and few enough for the box to unfold at once.
+/// More than anyone reads, and few enough for the box to open without delay.
 constexpr std::size_t kMostShown = 5'000;
 
 QLabel* QuestionMark(const QWidget& widget)
@@ -98,7 +98,7 @@ void ConfirmationBox::Unfold(bool bShown)
 
 Consent ConfirmationBox::Answer()
 {
-    // Esc and the frame's button leave it as it was.
+    // Esc and the close button leave m_consent at Cancel.
     Ask();
     return m_consent;
 }

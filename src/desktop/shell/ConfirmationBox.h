@@ -8,14 +8,14 @@ class QPlainTextEdit;
 
 namespace desktop {
 
-/// Asks before files go to the trash of which there is more to say than their number. Enter takes those of
-/// which a copy stays, or cancels where there is none.
+/// Asks before files go to the trash, when there are concerns to show. Enter deletes only the files of which
+/// a copy stays, or cancels if there are none.
 class ConfirmationBox final : public ShellDialog
 {
 public:
     ConfirmationBox(QWidget* pOwner, const tConfirmation& confirmation);
 
-    /// Asks, and returns the answer.
+    /// Shows the box and returns the answer.
     Consent Answer();
 
 private:

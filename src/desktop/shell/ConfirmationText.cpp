@@ -9,8 +9,8 @@
 namespace desktop {
 namespace {
 
-/// What is said of one file, %1 being its name; of several, %1 being "3 of them"; and of all files. %2 is how
-/// the search compared, or the folder of a volume.
+/// The sentences for one file (%1 is its name), for several (%1 is "3 of them") and for all files. %2 is how
+/// the search compared files, or the folder of a volume.
 struct tSentences {
     Concern concern;
     const char* pOne;
@@ -77,7 +77,7 @@ QStringList ConfirmationText::Concerns() const
     return sentences;
 }
 
-/// A file by its name, or by its path where another one that is spoken of has that name.
+/// The name of a file, or its path if another file in the text has the same name.
 QString ConfirmationText::Named(const std::string& sPath) const
 {
     const std::string sName = NameIn(sPath);
@@ -132,7 +132,8 @@ QString ConfirmationText::Names(std::size_t nMost) const
     return sNames;
 }
 
-/// True if the files with a copy are only those that turn out to have one.
+/// True if the files have to be compared with their copies first, so that the number of files with a copy is
+/// not final.
 bool ConfirmationText::IsToBeCompared() const
 {
     return std::any_of(m_confirmation.concerns.begin(), m_confirmation.concerns.end(),

@@ -10,25 +10,25 @@
 
 namespace desktop {
 
-/// The words in which the user is asked before files go to the trash. They hold names, so the text is to be
-/// shown as plain text.
+/// The texts of the question before files go to the trash. They contain file names, so they must be shown as
+/// plain text.
 class ConfirmationText
 {
 public:
-    /// `confirmation` must outlive it.
+    /// `confirmation` must outlive this object.
     explicit ConfirmationText(const tConfirmation& confirmation) : m_confirmation(confirmation) {}
 
-    /// "Move 20 files (320 bytes) to the trash?", or the name of the only one.
+    /// "Move 20 files (320 bytes) to the trash?", or with the name of a single file.
     [[nodiscard]] QString Question() const;
 
     /// A sentence for each concern: "3 of them have no other copy that stays."
     [[nodiscard]] QStringList Concerns() const;
 
-    /// Each sentence and below it the full paths of its files, `nMost` in all.
+    /// Each of these sentences, followed by the full paths of its files, at most `nMost` in all.
     [[nodiscard]] QString Names(std::size_t nMost) const;
 
-    /// What the buttons say for the files of which a copy stays, and for all; empty where the answer would be
-    /// none, or the same as the other one's.
+    /// The labels of the buttons for the files of which a copy stays, and for all files. Empty if the answer
+    /// would apply to no files, or to the same files as the other button.
     [[nodiscard]] QString WithCopyButton() const;
     [[nodiscard]] QString AllButton() const;
 

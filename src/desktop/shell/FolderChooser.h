@@ -10,22 +10,22 @@
 
 namespace desktop {
 
-/// The modal question for a folder. Enter says OK, Esc Cancel.
+/// The modal dialog that asks for a folder. Enter presses OK, Esc presses Cancel.
 class FolderChooser final : public ShellDialog
 {
 public:
-    /// `info` must outlive the window.
+    /// `info` must outlive the dialog.
     explicit FolderChooser(const platform::BROWSEINFO& info);
     FolderChooser(const FolderChooser&) = delete;
     FolderChooser& operator=(const FolderChooser&) = delete;
     ~FolderChooser() override;
 
-    /// Shows the window, tells the callback once it is up, and returns the folder chosen, exact bytes, or an
-    /// empty text.
+    /// Shows the dialog, notifies the callback once it is visible, and returns the chosen folder, exact
+    /// bytes; empty on Cancel.
     std::string Choose();
 
 private:
-    /// The window as the program's callback sees it.
+    /// The dialog as the program's callback sees it.
     class Window final : public platform::Control
     {
     public:

@@ -37,12 +37,12 @@ void FolderDialog::Tell(unsigned uMsg, long lParam)
 
 void FolderDialog::Run()
 {
-    // The program may change the dialog, its place included, before it is brought to that place.
+    // The program may change the dialog, including its position, before it is moved there.
     Tell(platform::BFFM_INITIALIZED, 0);
     const QRect place = PixelRect(Place());
     platform::MoveWindow(this, place.x(), place.y(), place.width(), place.height());
-    // Something is always selected. A view that has got the keyboard has a current folder already, which does
-    // not look it.
+    // Something is always selected. A view with the focus already has a current folder, but does not show it
+    // as selected.
     const QModelIndex first = m_model.index(0, 0);
     if (m_pView) {
         m_pView->setCurrentIndex(m_pView->currentIndex().isValid() ? m_pView->currentIndex() : first);
@@ -50,7 +50,6 @@ void FolderDialog::Run()
     if (m_pView && m_pView->currentIndex() == first) {
         m_pView->expand(first);
     }
-    // Until it is closed.
     if (!m_bClosed) {
         m_loop.exec();
     }
@@ -78,7 +77,7 @@ long FolderDialog::TextMessage(unsigned nMessage, long wParam, const std::string
     return 0;
 }
 
-/// The tree has been moved.
+/// The tree has been moved to another parent or position.
 void FolderDialog::ControlChanged(platform::Control& /*control*/)
 {
     FolderView* const pView = m_pView;
@@ -92,7 +91,7 @@ void FolderDialog::ControlChanged(platform::Control& /*control*/)
     pView->setGeometry(PixelRect(m_tree.Place()));
 }
 
-/// Shows the tree in a widget, in whose stead it takes the keyboard, or, with null, nowhere.
+/// Shows the tree inside a widget and lets it take the focus in place of that widget; with null, hides it.
 void FolderDialog::Host(FolderView& view, QWidget* pHost)
 {
     if (QWidget* const pBefore = view.parentWidget()) {

@@ -13,8 +13,8 @@
 
 namespace desktop {
 
-/// The shell's folder dialog. It is never on the screen itself: its tree can be moved into a window of the
-/// program, where it shows.
+/// The shell's folder dialog. It is never visible itself: the program moves its tree into one of its own
+/// windows.
 class FolderDialog final : public platform::Control, private platform::ControlObserver
 {
 public:
@@ -23,10 +23,10 @@ public:
     FolderDialog& operator=(const FolderDialog&) = delete;
     ~FolderDialog() override;
 
-    /// Sets the dialog up, tells the callback, and runs an event loop until the dialog is closed.
+    /// Sets up the dialog, notifies the callback, and runs an event loop until the dialog is closed.
     void Run();
 
-    /// The full path of an item of the tree; empty for what is none.
+    /// The full path of an item of the tree; empty for an invalid item.
     [[nodiscard]] std::string Path(platform::ItemId item) const { return m_model.Path(item); }
 
     [[nodiscard]] std::string_view ClassName() const override { return "#32770"; }
@@ -51,7 +51,7 @@ private:
     const platform::BROWSEINFO m_info;
     FolderModel m_model;
     Tree m_tree;
-    QPointer<FolderView> m_pView; ///< goes with its host, if that goes first
+    QPointer<FolderView> m_pView; ///< deleted by its host widget, if that is deleted first
     Qt::FocusPolicy m_hostsFocusPolicy = Qt::NoFocus;
     QEventLoop m_loop;
     bool m_bClosed = false;

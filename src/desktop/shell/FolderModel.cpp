@@ -15,7 +15,8 @@
 namespace desktop {
 namespace {
 
-/// `sPath` without `sFolder` and the separators behind it; nothing if it does not lie there.
+/// Removes `sFolder` and the following separators from the start of `sPath`; empty if `sPath` is not inside
+/// it.
 bool TakeFolder(std::string_view& sPath, std::string_view sFolder)
 {
     if (!sPath.starts_with(sFolder)) {
@@ -79,7 +80,7 @@ std::string FolderModel::Path(platform::ItemId item) const
     return sFolder + (sFolder.ends_with('/') ? "" : "/") + node.sName;
 }
 
-/// The folder at the top by which `sPath` is reached by the shortest way, 0 if by none.
+/// The top-level folder from which the path to `sPath` is shortest, 0 if there is none.
 std::size_t FolderModel::RootOf(const std::string& sPath) const
 {
     std::size_t nBest = 0;
@@ -93,7 +94,7 @@ std::size_t FolderModel::RootOf(const std::string& sPath) const
     return nBest;
 }
 
-/// A listed folder's subfolder of that name, 0 if it has none.
+/// The subfolder with that name in a listed folder, 0 if there is none.
 std::size_t FolderModel::ChildNamed(std::size_t nParent, const std::string& sName) const
 {
     const auto& children = m_nodes[nParent].children;
@@ -116,7 +117,7 @@ QModelIndex FolderModel::Find(const std::string& sPath)
         }
         const std::size_t nChild = ChildNamed(nFound, sName);
         if (nChild == 0 && IsSubfolder(Path(Item(folder)), sName)) {
-            nFound = Number(Add(folder, sName)); // made since the folder was listed
+            nFound = Number(Add(folder, sName)); // created since the folder was listed
         } else {
             nFound = nChild;
         }
@@ -216,7 +217,7 @@ void FolderModel::fetchMore(const QModelIndex& parent)
 
 QVariant FolderModel::headerData(int /*nSection*/, Qt::Orientation /*orientation*/, int nRole) const
 {
-    // Seen by nobody, but heard.
+    // The header is hidden, but assistive programs read it.
     return nRole == Qt::DisplayRole ? QVariant(QStringLiteral("Folder")) : QVariant();
 }
 

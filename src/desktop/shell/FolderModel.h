@@ -12,29 +12,28 @@
 
 namespace desktop {
 
-/// The folders of the machine as a tree. Names are exact bytes. A folder is listed when its subfolders are
-/// asked for the first time, and stays as it was then but for the folders that Add adds and Find meets. In
-/// each folder the hidden ones come last.
+/// The folders of the machine as a tree model. Names are exact bytes. The subfolders of a folder are listed
+/// when they are first requested, and afterwards change only by Add and Find. Hidden folders come last.
 class FolderModel final : public QAbstractItemModel
 {
 public:
     explicit FolderModel(const std::vector<tRootFolder>& rootFolders);
 
-    /// The item at an index, 0 for an invalid one; and back.
+    /// The item at an index, 0 for an invalid one; and the reverse.
     static platform::ItemId Item(const QModelIndex& index);
     [[nodiscard]] QModelIndex Index(platform::ItemId item) const;
 
-    /// The full path of an item; empty for what is none.
+    /// The full path of an item; empty for an invalid item.
     [[nodiscard]] std::string Path(platform::ItemId item) const;
 
-    /// The folder of that path, listing the folders above it; invalid if they do not have it.
+    /// The index of the folder with that path, listing its parents as needed; invalid if it does not exist.
     QModelIndex Find(const std::string& sPath);
 
-    /// Shows folder `sName`, which has just been made in `folder`, and returns it.
+    /// Adds folder `sName`, which has just been created in `folder`, and returns its index.
     QModelIndex Add(const QModelIndex& folder, const std::string& sName);
 
-    /// Takes a look into a folder that is shown, once. True if it turns out to have nothing to open: the view
-    /// then lays its rows out anew.
+    /// Checks once whether a displayed folder has subfolders. True if it turns out to have none: the view
+    /// then has to lay out its rows again.
     bool LookInto(const QModelIndex& index);
 
     [[nodiscard]] QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
@@ -50,13 +49,13 @@ public:
 private:
     enum class Known { Nothing, LookedInto, Listed };
 
-    /// A folder. Its number in m_nodes is its item.
+    /// A folder. Its index in m_nodes is its item number.
     struct tNode {
-        std::string sName;  ///< of a folder at the top, its path
-        std::string sShown; ///< only of a folder at the top
+        std::string sName;  ///< for a top-level folder, its path
+        std::string sShown; ///< only for a top-level folder
         std::size_t nParent = 0;
-        std::size_t nRow = 0;                ///< among the subfolders of its parent
-        std::vector<std::size_t> children{}; ///< their numbers, as they are shown
+        std::size_t nRow = 0;                ///< position in its parent
+        std::vector<std::size_t> children{}; ///< item numbers, in display order
         Known known = Known::Nothing;
     };
 
@@ -66,7 +65,7 @@ private:
     void AddChildren(std::size_t nParent, std::vector<tNode> children);
     [[nodiscard]] std::size_t ChildNamed(std::size_t nParent, const std::string& sName) const;
 
-    std::vector<tNode> m_nodes; ///< the first one holds the folders at the top
+    std::vector<tNode> m_nodes; ///< the first one is the parent of the top-level folders
     QIcon m_icon;
 };
 

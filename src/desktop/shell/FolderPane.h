@@ -14,26 +14,26 @@ namespace desktop {
 
 class PathLabel;
 
-/// The tree of folders as a question for a folder shows it: with the path of the selected one below, and a
-/// way to make another one in it. One folder is always selected; at first the home folder.
+/// A folder tree for dialogs, with the path of the selected folder below it and a way to create a folder. One
+/// folder is always selected, initially the home folder.
 class FolderPane final : public QWidget
 {
 public:
     FolderPane();
 
-    /// The path of the selected folder, exact bytes, without a separator at the end but for the root's.
+    /// The path of the selected folder, exact bytes, without a trailing separator (except for the root).
     [[nodiscard]] std::string Folder() const;
 
-    /// Selects the folder of that path and shows it, or the nearest one above it that there is. Nothing
-    /// happens for what is no full path.
+    /// Selects the folder with that path, or its nearest existing parent, and scrolls to it. Does nothing if
+    /// the path is not absolute.
     void Select(const std::string& sPath);
 
-    /// Gives a widget the room beside the tree.
+    /// Places a widget next to the tree.
     void ShowBeside(QWidget& widget);
 
     [[nodiscard]] FolderView& View() { return *m_pView; }
 
-    /// Asks for a name and makes the folder in the selected one. Says why if that cannot be done.
+    /// The button that asks for a name and creates a folder in the selected one. Shows a message on failure.
     QPushButton& NewFolderButton() { return *m_pNewFolder; }
 
 private:
@@ -43,7 +43,7 @@ private:
     FolderModel m_model;
     FolderView* m_pView;
     PathLabel* m_pPath;
-    QPushButton* m_pNewFolder; ///< for the window that shows the pane to place
+    QPushButton* m_pNewFolder; ///< placed by the dialog that contains the pane
 };
 
 } // namespace desktop

@@ -15,7 +15,7 @@
 namespace desktop {
 namespace {
 
-/// What is dropped is only looked at: who drags a folder must not take it for moved.
+/// A drop only selects the folder; the program that the folder is dragged from must not treat it as moved.
 void AcceptAsCopy(QDropEvent& event, bool bAccept)
 {
     event.setDropAction(Qt::CopyAction);
@@ -32,7 +32,7 @@ FolderView::FolderView(FolderModel& model) : m_model(model)
     setHeaderHidden(true);
     header()->setStretchLastSection(true);
     header()->setMinimumSectionSize(0);
-    header()->setResizeContentsPrecision(0); // the rows in sight
+    header()->setResizeContentsPrecision(0); // only visible rows
     setAcceptDrops(true);
     m_look.setSingleShot(true);
     connect(&m_look, &QTimer::timeout, this, [this] {
@@ -67,7 +67,7 @@ void FolderView::Closed(const QModelIndex& folder)
 
 void FolderView::keyPressEvent(QKeyEvent* pEvent)
 {
-    // The tree's own answer is to open all folders at any depth, which is to walk the whole disk.
+    // The tree's default would expand all folders at any depth, which would read the whole disk.
     if (pEvent->key() == Qt::Key_Asterisk) {
         expand(currentIndex());
         return;
@@ -88,7 +88,7 @@ void FolderView::keyPressEvent(QKeyEvent* pEvent)
 QItemSelectionModel::SelectionFlags FolderView::selectionCommand(const QModelIndex& index,
                                                                  const QEvent* /*pEvent*/) const
 {
-    // Not even Ctrl takes the selection away: the folder that Add adds is the one that shows.
+    // Not even Ctrl can clear the selection, so that Add always adds the folder shown as selected.
     return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
 }
 
@@ -119,7 +119,7 @@ void FolderView::dropEvent(QDropEvent* pEvent)
     }
 }
 
-/// The first folder that somebody else's data name; invalid if they name none.
+/// The first folder named by data from another program; invalid if there is none.
 QModelIndex FolderView::FolderIn(const QMimeData& named)
 {
     for (const std::string& sPath : NamedPaths(named)) {
@@ -131,7 +131,7 @@ QModelIndex FolderView::FolderIn(const QMimeData& named)
     return {};
 }
 
-/// As wide as the widest row that has been in sight needs, with a bar to scroll.
+/// Widens the column for the widest row that has been visible so far, with a scroll bar.
 void FolderView::WidenForVisible()
 {
     const int nNeeded = sizeHintForColumn(0);
@@ -140,7 +140,7 @@ void FolderView::WidenForVisible()
     }
 }
 
-/// Finds out which of the rows in sight can be opened, some of them at a time so that input comes first.
+/// Checks which visible rows have subfolders, a few at a time so that input is processed first.
 void FolderView::LookIntoVisible()
 {
     constexpr qint64 nFrame = 16; // ms

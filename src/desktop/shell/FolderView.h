@@ -12,15 +12,14 @@ namespace desktop {
 
 class FolderModel;
 
-/// Shows a tree of folders, of which one is selected: one that can be seen, so a folder that is closed over
-/// the selected one becomes it. A path that is pasted and a folder that is dropped are selected where the
-/// tree has them.
+/// A view of a folder tree with a single selection, which is always visible: collapsing a parent of the
+/// selected folder selects the parent. Pasting a path or dropping a folder selects it if it is in the tree.
 class FolderView final : public SpokenRows<QTreeView>
 {
 public:
     explicit FolderView(FolderModel& model);
 
-    /// Selects a folder and brings it into sight.
+    /// Selects a folder and scrolls to it.
     void ShowFolder(const QModelIndex& folder);
 
 protected:
@@ -39,7 +38,7 @@ private:
     [[nodiscard]] QModelIndex FolderIn(const QMimeData& named);
 
     FolderModel& m_model;
-    QTimer m_look; ///< runs when the rows in sight are to be looked into
+    QTimer m_look; ///< runs while visible rows are to be checked for subfolders
 };
 
 } // namespace desktop

@@ -18,14 +18,14 @@ namespace {
 
 constexpr const char* kFolders = "inode/directory";
 
-/// A path without the double quotes that it may stand in. One that stands in none starts with a separator.
+/// Removes the double quotes around a path, if any. A path without quotes starts with a separator.
 std::string Unquoted(const std::string& sText)
 {
     const bool bQuoted = sText.size() > 1 && sText.starts_with('"') && sText.ends_with('"');
     return bQuoted ? sText.substr(1, sText.size() - 2) : sText;
 }
 
-/// Starts the first application that can be started for want of nothing but a terminal.
+/// Starts the first application that can be started; skips those that lack a terminal.
 long StartFirst(const std::vector<tApplication>& applications, const std::string& sPath)
 {
     for (const tApplication& each : applications) {
@@ -37,15 +37,15 @@ long StartFirst(const std::vector<tApplication>& applications, const std::string
     return platform::SE_ERR_NOASSOC;
 }
 
-/// Opens a file that has to be there.
+/// Opens a file, which must exist.
 long Open(const std::string& sPath, const std::vector<tApplication>& applications)
 {
     const long nMissing = WhyMissing(sPath);
     return nMissing != 0 ? nMissing : StartFirst(applications, sPath);
 }
 
-/// Starts an editor as a program by itself: what becomes of the file is the editor's affair, and what can be
-/// missing is the editor.
+/// Starts an editor. The editor handles a missing file itself, so the only thing that can be missing here is
+/// the editor.
 long Edit(const std::string& sPath, std::initializer_list<const char*> kinds)
 {
     const long nCode = StartFirst(ApplicationsFor(kinds), sPath);
@@ -84,7 +84,7 @@ long ChooseProgram(platform::WindowHandle hwnd, const std::string& sPath)
                             return nNowMissing != 0 ? nNowMissing : Start(chosen, sPath);
                         }))
         ->ShowUp();
-    return kStarted; // what was asked for is the question
+    return kStarted; // the request was to ask the user
 }
 
 } // namespace

@@ -8,18 +8,18 @@
 
 namespace desktop {
 
-/// Starts the applications that the desktop knows, and shows what it knows of files. What the program does
-/// not tell the user itself (nothing to show or explore at a path, no application for folders) this says in a
-/// box of its own, as a shell does.
+/// Starts the desktop's applications and shows file properties. Failures that the program itself does not
+/// report (nothing to show or explore at a path, no application for folders) are reported here in a message
+/// box, as a shell does.
 ///
-/// "Wordpad.exe" is the application for rich text, else the first one there is for OpenDocument text, Office
-/// Open XML documents, and the older ones; on a machine without any, the one for plain text, so that the
-/// person at least sees what is in the file.
+/// "Wordpad.exe" is the application for rich text, otherwise the first available one for OpenDocument text,
+/// Office Open XML documents or the older formats; on a machine without any, it is the one for plain text, so
+/// that the user at least sees the contents.
 class GioLauncher final : public platform::Launcher
 {
 public:
-    /// Programs start in the folders that their own descriptions name: `sDirectory` and `nShowCmd` mean
-    /// nothing here.
+    /// Programs start in the working directory that their own desktop entries specify: `sDirectory` and
+    /// `nShowCmd` are ignored.
     long ShellExecuteA(platform::WindowHandle hwnd, const std::string& sVerb, const std::string& sFile,
                        const std::string& sParameters, const std::string& sDirectory, int nShowCmd) override;
     bool ShellExecuteExA(const platform::SHELLEXECUTEINFO& info) override;

@@ -6,12 +6,12 @@
 namespace desktop {
 namespace {
 
-/// Adds what a line stands for: a location, of which each byte may be escaped, or a path.
+/// Adds the path that a line stands for: a URI, in which each byte may be escaped, or a plain path.
 void AddPath(std::vector<std::string>& paths, const QByteArray& line)
 {
     QByteArray path = line;
     if (line.startsWith("file://")) {
-        const qsizetype nPath = line.indexOf('/', 7); // a machine's name may stand before it
+        const qsizetype nPath = line.indexOf('/', 7); // may follow a host name
         path = nPath < 0 ? QByteArray() : QByteArray::fromPercentEncoding(line.sliced(nPath));
     }
     if (path.startsWith('/') && !path.contains('\0')) {
@@ -19,7 +19,7 @@ void AddPath(std::vector<std::string>& paths, const QByteArray& line)
     }
 }
 
-/// The first line that holds anything, blanks at its ends included.
+/// The first non-empty line, including leading and trailing blanks.
 QByteArray FirstLine(const QByteArray& text)
 {
     for (const QByteArray& line : text.split('\n')) {
@@ -36,7 +36,7 @@ std::vector<std::string> NamedPaths(const QMimeData& data)
 {
     std::vector<std::string> paths;
     AddPath(paths, FirstLine(data.data(QStringLiteral("text/uri-list"))).trimmed());
-    // A name may have blanks at its ends, but mostly they have been copied along, as quotes have.
+    // Blanks at the ends may belong to the name, but usually were copied by accident, like quotes.
     const QByteArray line = FirstLine(data.text().toUtf8());
     const QByteArray trimmed = line.trimmed();
     AddPath(paths, line);

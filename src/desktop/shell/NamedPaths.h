@@ -8,8 +8,9 @@ class QMimeData;
 
 namespace desktop {
 
-/// The full path, exact bytes, that somebody else's data stand for: the first of the files dragged or copied
-/// in a file manager, or the first line of a text, of which there are several readings, the likeliest first.
+/// The full path, exact bytes, in data from another program: the first file dragged or copied in a file
+/// manager, or the first line of a text. A text can be read in several ways, which are returned with the most
+/// likely one first.
 std::vector<std::string> NamedPaths(const QMimeData& data);
 
 } // namespace desktop

@@ -15,7 +15,7 @@ NoticeLabel::NoticeLabel()
 
 void NoticeLabel::Say(const QString& sText)
 {
-    hide(); // what is heard is the coming
+    hide(); // assistive programs announce only a text that appears
     setText(sText);
     setAccessibleName(sText);
     setVisible(!sText.isEmpty());

@@ -5,14 +5,14 @@
 
 namespace desktop {
 
-/// A text that comes and goes while its window stays, as what is wrong with an answer. Assistive programs say
-/// it when it comes, wherever the keyboard is.
+/// A text that appears and disappears in an open window, for example what is wrong with an input. Assistive
+/// programs announce it when it appears, wherever the focus is.
 class NoticeLabel final : public QLabel
 {
 public:
     NoticeLabel();
 
-    /// Shows a text, or nothing.
+    /// Shows a text, or nothing if it is empty.
     void Say(const QString& sText);
 };
 

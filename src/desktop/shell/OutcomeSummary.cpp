@@ -17,7 +17,7 @@ namespace desktop {
 namespace {
 
 constexpr QSize kSize{560, 320};
-/// More than a person reads, and few enough for the window to come up at once. All can be copied.
+/// More than anyone reads, and few enough for the window to open without delay. All lines can be copied.
 constexpr std::size_t kMostShown = 5'000;
 
 QString Done(FileOperation operation)
@@ -73,7 +73,7 @@ QString Sentences(const tOperation& operation, const tOperationOutcome& outcome)
 
 using NotDone = std::vector<tNotDone>;
 
-/// The files by their reasons, a reason where it first came.
+/// Groups the files by reason, in the order in which the reasons first occur.
 std::vector<std::vector<const tNotDone*>> ByReason(const NotDone& notDone)
 {
     std::vector<std::vector<const tNotDone*>> groups;
@@ -88,7 +88,7 @@ std::vector<std::vector<const tNotDone*>> ByReason(const NotDone& notDone)
     return groups;
 }
 
-/// Each reason, the number of its files if there are several, and the files below it.
+/// Each reason, with the number of its files if there are several, followed by the files.
 QString Lines(const NotDone& notDone, std::size_t nMost)
 {
     QString sLines;
@@ -141,7 +141,7 @@ OutcomeSummary::OutcomeSummary(QWidget* pOwner, const tOperation& operation, con
         AddButton(*pButtons, QStringLiteral("Close"), QDialogButtonBox::RejectRole, QStringLiteral("close"));
     connect(pClose, &QPushButton::clicked, this, &OutcomeSummary::reject);
 
-    // What was not done comes first, as the sentences have it.
+    // Files that were not processed come first, in the same order as in the sentences.
     std::vector<tNotDone> lines = outcome.notDone;
     lines.insert(lines.end(), outcome.remarks.begin(), outcome.remarks.end());
 
@@ -171,7 +171,7 @@ OutcomeSummary::OutcomeSummary(QWidget* pOwner, const tOperation& operation, con
     }
     pLayout->addWidget(pButtons);
     if (auto* const pCopy = findChild<QPushButton*>(QStringLiteral("copy"))) {
-        setTabOrder(pCopy, pClose); // else Tab does not come back to Close
+        setTabOrder(pCopy, pClose); // otherwise Tab does not return to Close
     }
     pClose->setDefault(true);
     SizeFor(lines.empty() ? QSize(kSize.width() / 2, 0) : kSize);

@@ -6,15 +6,15 @@
 
 namespace desktop {
 
-/// What an operation on files has skipped, replaced and not done, and why, to be read and copied. Accepted if
-/// the files that were spared are to go to the trash after all.
+/// The report at the end of a file operation: which files were skipped, replaced or not processed, and why,
+/// as text that can be copied. Accepted if the files that were kept are to go to the trash after all.
 class OutcomeSummary final : public ShellDialog
 {
 public:
     OutcomeSummary(QWidget* pOwner, const tOperation& operation, const tOperationOutcome& outcome);
 
-    /// True if there is something to say: a file was not dealt with or another one replaced, or a cancel came
-    /// when some had been.
+    /// True if there is something to report: a file was not processed or another one was replaced, or the
+    /// operation was cancelled after some files.
     static bool IsNeeded(const tOperationOutcome& outcome);
 };
 

@@ -11,7 +11,8 @@ namespace desktop {
 PathLabel::PathLabel(QWidget* pParent) : QLabel(pParent)
 {
     setTextFormat(Qt::PlainText);
-    setAccessibleDescription(QStringLiteral("Path")); // else the tool tip, markup and all
+    setAccessibleDescription(QStringLiteral("Path")); // otherwise the toolkit would use the tool tip,
+                                                      // including its markup
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
 }
 
@@ -38,7 +39,7 @@ QSize PathLabel::sizeHint() const
 void PathLabel::paintEvent(QPaintEvent* /*pEvent*/)
 {
     QPainter painter(this);
-    // A path reads from left to right in any language.
+    // Paths read from left to right in any language.
     painter.setLayoutDirection(Qt::LeftToRight);
     const Qt::Alignment alignment =
         QStyle::visualAlignment(layoutDirection(), Qt::AlignLeading) | Qt::AlignVCenter;

@@ -6,8 +6,8 @@
 
 namespace desktop {
 
-/// A path in one line, its middle left out where it is too long. The whole of it is the tool tip, and what
-/// assistive programs read.
+/// A path on one line, shortened in the middle if it is too long. The whole path is the tool tip and the
+/// accessible text.
 class PathLabel final : public QLabel
 {
 public:

@@ -7,7 +7,7 @@
 
 namespace desktop {
 
-/// While there is one, the pointer that stands for work is off: a question waits for its answer.
+/// Restores the normal mouse pointer for its lifetime, while a question waits for its answer.
 class PointerAtRest
 {
 public:

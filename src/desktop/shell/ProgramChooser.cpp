@@ -22,9 +22,9 @@ namespace desktop {
 namespace {
 
 constexpr QSize kSize{380, 420};
-constexpr int kNumber = Qt::UserRole; ///< of a row: the number of its application
+constexpr int kNumber = Qt::UserRole; ///< data role of a row: the index of its application
 
-/// The field of the filter: Up and Down move in the list.
+/// The filter field: Up and Down move in the list.
 class FilterEdit final : public QLineEdit
 {
 public:
@@ -53,7 +53,7 @@ QIcon IconOf(const tApplication& application, const QStyle& style)
 {
     const QString sIcon = QString::fromStdString(application.sIcon);
     const QIcon icon = sIcon.startsWith(QLatin1Char('/')) ? QIcon(sIcon) : QIcon::fromTheme(sIcon);
-    // Names line up only where each has a picture.
+    // The names are aligned only if each has an icon.
     return icon.availableSizes().isEmpty() && icon.name().isEmpty() ? style.standardIcon(QStyle::SP_FileIcon)
                                                                     : icon;
 }
@@ -124,7 +124,7 @@ void ProgramChooser::AddApplications(const std::vector<tApplication>& applicatio
     }
 }
 
-/// Shows the applications whose names have the text in them, and says so if there is none.
+/// Shows the applications whose names contain the text, or a notice if there are none.
 void ProgramChooser::Filter()
 {
     const QString sText = m_pFilter->text().trimmed();

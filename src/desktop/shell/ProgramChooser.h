@@ -16,12 +16,12 @@ namespace desktop {
 
 class NoticeLabel;
 
-/// The question for the application that is to open a file: those registered for it first, all others below a
-/// heading. The window stays until an application has been started, or Cancel.
+/// The dialog that asks for the application to open a file: those registered for its kind first, all others
+/// below a heading. It stays open until an application has been started or the user cancels.
 class ProgramChooser final : public StandingWindow
 {
 public:
-    /// Starts an application on the file: as Start does.
+    /// Starts an application on the file; same result as Start.
     using Starter = std::function<long(const tApplication&)>;
 
     ProgramChooser(QWidget* pOpenedFrom, const std::string& sPath, const tApplications& applications,
@@ -34,11 +34,11 @@ private:
     void Filter();
     void SelectFirst();
 
-    std::vector<tApplication> m_applications; ///< in the order of the rows, headings aside
+    std::vector<tApplication> m_applications; ///< in row order, without the headings
     Starter m_start;
     QLineEdit* m_pFilter = nullptr;
     QListWidget* m_pList;
-    QListWidgetItem* m_pHeading = nullptr; ///< between the two kinds, where there are both
+    QListWidgetItem* m_pHeading = nullptr; ///< between the two groups, if both exist
     NoticeLabel* m_pSaid;
     QPushButton* m_pOpen = nullptr;
 };

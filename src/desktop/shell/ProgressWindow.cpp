@@ -12,7 +12,7 @@ namespace desktop {
 namespace {
 
 constexpr QSize kSize{420, 0};
-constexpr int kFull = 1000; // of the bar
+constexpr int kFull = 1000; // maximum of the bar
 
 QString TitleOf(FileOperation operation, ProgressWindow::Phase phase)
 {
@@ -29,7 +29,7 @@ QString TitleOf(FileOperation operation, ProgressWindow::Phase phase)
     }
 }
 
-/// True where the work is in the bytes: what goes to the trash stays where it is on the disk.
+/// True if the time depends on the number of bytes; moving files to the trash copies no data.
 bool CountsBytes(const tOperation& operation)
 {
     return operation.operation != FileOperation::Trash && operation.cyTotal > 0;
@@ -52,13 +52,13 @@ ProgressWindow::ProgressWindow(QWidget* pOwner, const tOperation& operation, Pha
     m_pCount->setTextFormat(Qt::PlainText);
     m_pBar->setObjectName(QStringLiteral("bar"));
     m_pBar->setAccessibleName(QStringLiteral("Progress"));
-    m_pBar->setRange(0, phase == Phase::Looking ? 0 : kFull); // without an end it only moves
+    m_pBar->setRange(0, phase == Phase::Looking ? 0 : kFull); // a range of 0 shows a busy indicator
     auto* const pButtons = new QDialogButtonBox;
     m_pCancel = AddButton(*pButtons, QStringLiteral("Cancel"), QDialogButtonBox::RejectRole,
                           QStringLiteral("cancel"));
-    // An Enter too many, meant for the question before, is not to cancel.
+    // An extra Enter meant for the previous question must not cancel.
     m_pCancel->setAutoDefault(false);
-    m_pCancel->setFocus(); // which is where the keyboard is, to be seen and heard
+    m_pCancel->setFocus(); // so that the focus is visible and announced
     connect(m_pCancel, &QPushButton::clicked, this, &ProgressWindow::reject);
 
     auto* const pLayout = new QVBoxLayout(this);

@@ -11,13 +11,13 @@ namespace desktop {
 
 class PathLabel;
 
-/// How far an operation on files has come, and a way to cancel it: the button, Esc, or closing the window,
-/// which stays until it is deleted.
+/// The progress of a file operation, with a way to cancel it: the button, Esc, or closing the window. The
+/// window stays until it is deleted.
 class ProgressWindow final : public ShellDialog
 {
 public:
     enum class Phase {
-        Looking, ///< the files are being found out about; how many they are is not known
+        Looking, ///< examining the files; their number is not known yet
         Working
     };
 

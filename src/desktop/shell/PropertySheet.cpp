@@ -46,7 +46,7 @@ QString Permissions(unsigned nMode)
     return sText + QStringLiteral(" (%1)").arg(nMode & nAll, 4, 8, QLatin1Char('0'));
 }
 
-/// The name of a user or group, or its number where it has none.
+/// The name of a user or group, or its number if it has no name.
 template <typename T>
 QString NameOf(unsigned nId, int (*find)(unsigned, T*, char*, std::size_t, T**), char* T::* name)
 {
@@ -114,7 +114,7 @@ void PropertySheet::Show(QWidget* pOpenedFrom, const std::string& sPath, const t
         pSheet = pOpen != nullptr && pOpen->m_sPath == sPath ? pOpen : pSheet;
     }
     if (pSheet == nullptr) {
-        // Files of one name are told apart by their folders.
+        // Files with the same name are distinguished by their folders.
         const auto nName = sPath.rfind('/') + 1;
         pSheet =
             new PropertySheet(pOpenedFrom, sPath,
@@ -130,7 +130,7 @@ PropertySheet::PropertySheet(QWidget* pOpenedFrom, std::string sPath, const QStr
       m_pArea(new QScrollArea)
 {
     m_pArea->setFrameShape(QFrame::NoFrame);
-    m_pArea->setFocusPolicy(Qt::NoFocus); // its lines take the keyboard, and scroll into sight then
+    m_pArea->setFocusPolicy(Qt::NoFocus); // its lines take the focus, and then scroll into view
     m_pArea->setWidgetResizable(true);
     auto* const pButtons = new QDialogButtonBox;
     QPushButton* const pClose =

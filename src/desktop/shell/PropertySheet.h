@@ -11,17 +11,17 @@ class QScrollArea;
 
 namespace desktop {
 
-/// What is known of a file, line by line: what it is called, and what it is.
+/// The properties of a file, line by line: label and value.
 using tProperties = std::vector<std::pair<QString, QString>>;
 
-/// The properties of the file that `sPath` names; of a link, those of the link. Empty if it is not there.
+/// The properties of the file at `sPath`; for a link, those of the link itself. Empty if it does not exist.
 tProperties PropertiesOf(const std::string& sPath);
 
-/// A window that shows properties, to be read and copied, until it is closed, by its button or Esc.
+/// A window that shows properties as text that can be copied. Closed by its button or Esc.
 class PropertySheet final : public StandingWindow
 {
 public:
-    /// Shows what is known of a file: in the sheet that is open for it, else in a new one.
+    /// Shows the properties of a file in the window already open for that file, or in a new one.
     static void Show(QWidget* pOpenedFrom, const std::string& sPath, const tProperties& properties);
 
 private:

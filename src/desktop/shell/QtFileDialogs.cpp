@@ -10,7 +10,7 @@
 namespace desktop {
 namespace {
 
-/// Writes a path and a NUL over the start of a buffer, which grows if need be.
+/// Writes a path and a NUL over the start of a buffer, which grows if needed.
 void WriteInto(std::string& sBuffer, const std::string& sPath)
 {
     sBuffer.replace(0, sPath.size() + 1, sPath + '\0');
@@ -24,7 +24,7 @@ platform::ItemId QtFileDialogs::SHBrowseForFolderA(const platform::BROWSEINFO& i
     if (sChosen.empty()) {
         return 0;
     }
-    // What links are on the way is settled here: one that comes later is somebody else's.
+    // Links are resolved here, when the folder is chosen; a link that appears later was made by someone else.
     std::string sCanonical = CanonicalPath(sChosen);
     sChosen = sCanonical.empty() ? std::move(sChosen) : std::move(sCanonical);
     m_chosen[++m_last] = std::move(sChosen);

@@ -9,7 +9,7 @@
 
 namespace desktop {
 
-/// The modal questions for a folder and for a file, made with Qt.
+/// The modal folder and file dialogs, implemented with Qt.
 class QtFileDialogs final : public platform::FileDialogs
 {
 public:

@@ -13,7 +13,7 @@
 namespace desktop {
 namespace {
 
-/// What is done sooner needs no window.
+/// Shorter operations need no window.
 constexpr qint64 kMoment = 500; // ms
 
 tQuestion RoomQuestion(const tOperation& operation, const tRoom& room)
@@ -79,7 +79,7 @@ tReplaceAnswer QtOperationDialogs::AskReplace(const tFileFacts& source, const tF
     const bool bOverProgress = pWindow != nullptr && pWindow->isVisible();
     ReplaceQuestion question(bOverProgress ? pWindow : OwnerOf(m_hwnd), source, target, bIdentical);
     const tReplaceAnswer answer = question.Answer();
-    m_sinceStart.restart(); // the wait was for the user
+    m_sinceStart.restart(); // does not count the time spent waiting for the user
     return answer;
 }
 
@@ -93,14 +93,14 @@ bool QtOperationDialogs::Progress(const tOperationProgress& progress)
     return GoOn(progress);
 }
 
-/// Makes the window that shows how far it is.
+/// Creates the progress window.
 void QtOperationDialogs::Open(const tOperation& operation, ProgressWindow::Phase phase)
 {
     m_hwnd = operation.hwnd;
     delete m_pWindow;
     auto* const pWindow = new ProgressWindow(OwnerOf(operation.hwnd), operation, phase);
     m_pWindow = pWindow;
-    // The end of the session cancels as the user does.
+    // The end of the session cancels the operation.
     QObject::connect(qApp, &QGuiApplication::commitDataRequest, pWindow, [pWindow] { pWindow->reject(); });
     m_sinceStart.start();
 }
@@ -114,7 +114,7 @@ bool QtOperationDialogs::GoOn(const tOperationProgress& progress)
     return pWindow == nullptr || !pWindow->Cancelled();
 }
 
-/// Brings to the screen how far the operation has come, and delivers the user's input.
+/// Updates the progress window, and processes the user's input.
 void QtOperationDialogs::Look()
 {
     ProgressWindow* const pWindow = m_pWindow;

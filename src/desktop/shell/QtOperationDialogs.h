@@ -11,8 +11,7 @@
 
 namespace desktop {
 
-/// The user as a person before the screen. The questions take input also while the form over which they are
-/// asked is disabled.
+/// Asks a real user, through windows. The questions accept input even if the form that owns them is disabled.
 class QtOperationDialogs final : public OperationDialogs
 {
 public:
@@ -35,10 +34,10 @@ private:
     void Look();
 
     PacedEventLoop m_events;
-    platform::WindowHandle m_hwnd = nullptr; ///< over which the operation in hand asks
-    QPointer<ProgressWindow> m_pWindow;      ///< while something is being done; not visible at first
+    platform::WindowHandle m_hwnd = nullptr; ///< owner of the questions of the current operation
+    QPointer<ProgressWindow> m_pWindow;      ///< of the current operation; initially hidden
     QElapsedTimer m_sinceStart;
-    const tOperationProgress* m_pReached = nullptr; ///< while GoOn runs
+    const tOperationProgress* m_pReached = nullptr; ///< only during GoOn
 };
 
 } // namespace desktop

@@ -14,7 +14,7 @@ platform::ItemId QtShell::SHBrowseForFolder(const platform::BROWSEINFO& info)
     FolderDialog* const pBefore = std::exchange(m_pDialog, &dialog);
     dialog.Run();
     m_pDialog = pBefore;
-    // It has no button by which an item could be chosen.
+    // The dialog has no OK button, so no item can be chosen.
     return 0;
 }
 

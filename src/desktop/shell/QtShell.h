@@ -9,7 +9,7 @@ namespace desktop {
 
 class FolderDialog;
 
-/// The shell's dialogs, made with Qt.
+/// The shell's dialogs, implemented with Qt.
 class QtShell final : public platform::ShellDialogs
 {
 public:
@@ -18,7 +18,7 @@ public:
     platform::tVolumeLabel VolumeLabel(const std::string& sFolder) override;
 
 private:
-    FolderDialog* m_pDialog = nullptr; ///< the one that runs
+    FolderDialog* m_pDialog = nullptr; ///< the running one
 };
 
 } // namespace desktop

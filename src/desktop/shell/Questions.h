@@ -7,20 +7,19 @@ class QWidget;
 
 namespace desktop {
 
-/// A question that is answered with yes or no.
+/// A yes/no question.
 struct tQuestion {
-    QString sName; ///< the box's object name; its buttons are "yes" and "no"
+    QString sName; ///< the object name of the box; its buttons are "yes" and "no"
     QString sTitle;
-    QString sText;           ///< plain text, which may hold any name
-    QString sYes;            ///< what the button says that means yes
-    bool bYesAtOnce = false; ///< Enter says yes; else it says no, as Esc does in any case
+    QString sText;           ///< plain text, may contain any file name
+    QString sYes;            ///< the label of the yes button
+    bool bYesAtOnce = false; ///< Enter means yes; otherwise no, which Esc always means
 };
 
-/// Asks over a window. True for yes.
+/// Asks with `pOwner` as owner. True for yes.
 bool AskYesNo(QWidget* pOwner, const tQuestion& question);
 
-/// Says something that went wrong over a window, in a box of that object name with the button "ok"; returns
-/// when it has been read.
+/// Shows an error in a box with that object name and the button "ok"; returns when it is closed.
 void SayFault(QWidget* pOwner, const QString& sName, const QString& sText);
 
 } // namespace desktop

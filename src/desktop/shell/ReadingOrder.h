@@ -7,8 +7,7 @@
 
 namespace desktop {
 
-/// What the names in a folder are ordered by where a person reads them, as a search lists them: hidden ones
-/// last, numbers by their value.
+/// The sort key of names for display, the same as in a search: hidden ones last, numbers by value.
 using tReadingOrder = std::tuple<bool, std::string, std::string>;
 tReadingOrder ReadingOrder(std::string sName);
 

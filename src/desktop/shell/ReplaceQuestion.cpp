@@ -30,7 +30,7 @@ QLabel* Line(const QString& sText)
     return pLabel;
 }
 
-/// What is known of a file, and how it compares to the other one where that is to be said.
+/// The facts about a file, and how it compares with the other one where that matters.
 QGroupBox* Facts(const QString& sTitle, const tFileFacts& file, const QString& sSize, const QString& sDate)
 {
     auto* const pBox = new QGroupBox(sTitle);
@@ -43,7 +43,7 @@ QGroupBox* Facts(const QString& sTitle, const tFileFacts& file, const QString& s
     return pBox;
 }
 
-/// The same in a line to be heard: nobody can go to texts by the keyboard.
+/// The same as one line for assistive programs, since plain labels cannot get the keyboard focus.
 QString SpokenFacts(const QString& sTitle, const tFileFacts& file, const QString& sSize, const QString& sDate)
 {
     return QStringLiteral("\n%1: %2, %3%4, %5%6.")
@@ -113,7 +113,7 @@ QPushButton* ReplaceQuestion::AddChoice(QDialogButtonBox& buttons, const QString
 
 tReplaceAnswer ReplaceQuestion::Answer()
 {
-    // Esc and the frame's button leave the choice as it was.
+    // Esc and the close button leave the choice unchanged.
     Ask();
     return {m_choice, m_choice != tReplaceAnswer::Choice::Cancel && m_pForAll->isChecked()};
 }

@@ -8,13 +8,13 @@ class QCheckBox;
 
 namespace desktop {
 
-/// Whether a file is to replace another one, with what tells the two apart. Enter skips, Esc cancels.
+/// Asks whether a file is to replace another one, and shows how they differ. Enter skips, Esc cancels.
 class ReplaceQuestion final : public ShellDialog
 {
 public:
     ReplaceQuestion(QWidget* pOwner, const tFileFacts& source, const tFileFacts& target, bool bIdentical);
 
-    /// Asks, and returns the answer.
+    /// Shows the question and returns the answer.
     tReplaceAnswer Answer();
 
 private:

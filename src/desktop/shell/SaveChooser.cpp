@@ -28,7 +28,7 @@ namespace {
 
 constexpr QSize kSize{600, 440};
 
-/// The texts of a filter, each of which ends at a NUL.
+/// The parts of a filter, each terminated by a NUL.
 std::vector<std::string> Texts(std::string_view sFilter)
 {
     std::vector<std::string> texts;
@@ -40,7 +40,7 @@ std::vector<std::string> Texts(std::string_view sFilter)
     return texts;
 }
 
-/// The text before the first NUL.
+/// The text up to the first NUL.
 std::string UpToNul(const std::string& sText)
 {
     return sText.substr(0, sText.find('\0'));
@@ -51,7 +51,8 @@ QString Sentence(int nError)
     return QString::fromLocal8Bit(std::strerror(nError)) + QLatin1Char('.');
 }
 
-/// Why a file cannot be written at `sPath`; empty if it can, for all that is known beforehand.
+/// The reason why no file can be written at `sPath`, as far as that can be known in advance; empty if there
+/// is none.
 QString WhyNotWritable(const std::string& sPath, bool& bThere)
 {
     struct stat status = {};
@@ -73,7 +74,7 @@ QString WhyNotWritable(const std::string& sPath, bool& bThere)
                   : QStringLiteral("You are not permitted to write to this folder.");
 }
 
-/// The canonical path of the folder that `sPath` leads to; empty if it leads to none.
+/// The canonical path of the folder at `sPath`; empty if it is not a folder.
 std::string CanonicalFolder(const std::string& sPath)
 {
     const std::string sCanonical = CanonicalPath(sPath);
@@ -81,8 +82,8 @@ std::string CanonicalFolder(const std::string& sPath)
     return stat(sCanonical.c_str(), &status) == 0 && S_ISDIR(status.st_mode) ? sCanonical : "";
 }
 
-/// True for a name that says by itself of what kind the file is: a dot, not at the start, with letters and
-/// digits behind it, one of them a letter. "v1.2 list" and "report.2024" say nothing.
+/// True if a name has an extension: a dot, not at the start, followed by letters and digits with at least one
+/// letter. "v1.2 list" and "report.2024" have none.
 bool HasExtension(const QString& sName)
 {
     const qsizetype nDot = sName.lastIndexOf(QLatin1Char('.'));
@@ -161,7 +162,7 @@ std::string SaveChooser::Choose()
     return Ask() ? m_sChosen : std::string();
 }
 
-/// Shows the files in the selected folder that a file of the chosen kind could replace.
+/// Lists the files in the selected folder that match the chosen file type and could be replaced.
 void SaveChooser::ListFiles()
 {
     m_pFault->hide();
@@ -169,7 +170,7 @@ void SaveChooser::ListFiles()
     const auto nKind = static_cast<std::size_t>(m_pKind->currentIndex());
     auto names = FileNames(m_pPane->Folder(), nKind < m_patterns.size() ? m_patterns[nKind] : "*");
     SortForReading(names);
-    // What is not shown as it is could not be typed either, and stands for itself only here.
+    // Names that are displayed with escapes cannot be typed; they can only be picked from this list.
     for (const std::string& sName : names) {
         const QString sShown = ShownText(sName);
         m_pFiles->addItem(sShown);
@@ -186,7 +187,7 @@ void SaveChooser::Say(const QString& sFault)
     m_pName->selectAll();
 }
 
-/// Goes into folder `sPath`, from which a name is then to be typed. False if that is no folder.
+/// Switches to folder `sPath` and clears the name. False if it is not a folder.
 bool SaveChooser::GoInto(const std::string& sPath)
 {
     const std::string sFolder = CanonicalFolder(sPath);
@@ -199,8 +200,8 @@ bool SaveChooser::GoInto(const std::string& sPath)
 
 void SaveChooser::accept()
 {
-    // A name picked in the list is exactly that file's. What is typed is a name in the folder, or a path from
-    // there or from the root.
+    // A name picked in the list stands for exactly that file. Typed text is a name in the folder, a path
+    // relative to it, or a full path.
     const QListWidgetItem* const pPicked = m_pFiles->currentItem();
     const bool bPicked = pPicked != nullptr && pPicked->text() == m_pName->text();
     const QString sTyped = bPicked ? m_pName->text() : m_pName->text().trimmed();

@@ -16,15 +16,15 @@ namespace desktop {
 
 class NoticeLabel;
 
-/// The modal question for a file to write to: a folder, and a name in it. The window stays until the answer
-/// can be written to, or Cancel. What is chosen is made of the folder's exact bytes and the name as typed.
+/// The modal dialog for a file to write to: a folder, and a name in it. It stays open until the choice can be
+/// written to or the user cancels. The path consists of the folder's exact bytes and the name as typed.
 class SaveChooser final : public ShellDialog
 {
 public:
-    /// `request` must outlive the window.
+    /// `request` must outlive the dialog.
     explicit SaveChooser(const platform::OPENFILENAME& request);
 
-    /// Shows the window; returns the full path chosen, or an empty text.
+    /// Shows the dialog; returns the full path chosen, or an empty text.
     std::string Choose();
 
     void accept() override;
@@ -35,7 +35,7 @@ private:
     void Say(const QString& sFault);
 
     const platform::OPENFILENAME& m_request;
-    std::vector<std::string> m_patterns; ///< one for each kind offered
+    std::vector<std::string> m_patterns; ///< one for each offered file type
     FolderPane* m_pPane;
     QListWidget* m_pFiles;
     QLineEdit* m_pName;

@@ -31,11 +31,11 @@ bool ShellDialog::Ask()
 
 void ShellDialog::SizeFor(QSize wanted)
 {
-    constexpr int nFrame = 48; // what a window's frame and a panel may take
+    constexpr int nFrame = 48; // room for the window frame and a panel
     const QRect room = screen()->availableGeometry();
     const QSize size = wanted.expandedTo(sizeHint()).boundedTo(room.size() - QSize(nFrame, nFrame));
     resize(size);
-    // One that grows while it shows must not grow beyond the screen.
+    // A window that grows while visible must stay within the screen.
     const int nBeyond = y() + nFrame + size.height() - room.bottom();
     if (isVisible() && nBeyond > 0) {
         move(x(), std::max(room.top(), y() - nBeyond));

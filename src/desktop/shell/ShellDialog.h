@@ -9,32 +9,31 @@
 
 namespace desktop {
 
-/// The window over which a window for `hwnd` belongs: the one that shows it, else the active one, else null.
+/// The owner of a window for `hwnd`: the window that shows it, otherwise the active window, otherwise null.
 QWidget* OwnerOf(platform::WindowHandle hwnd);
 
-/// What the shell's windows have in common. Such a window takes input also while its owner's form is
-/// disabled.
+/// Base class of the shell's windows. They accept input even if their owner's form is disabled.
 class ShellDialog : public QDialog
 {
 public:
-    /// `sName` is the object's name, by which tests find the window; `sTitle` may hold any character.
+    /// `sName` is the object name, by which tests find the window; `sTitle` may contain any character.
     ShellDialog(QWidget* pOwner, const QString& sName, const QString& sTitle);
 
-    /// Shows the window until it is answered, with the usual mouse pointer also in the midst of work. True if
+    /// Shows the window until it is answered, with the normal mouse pointer even during an operation. True if
     /// it was accepted.
     bool Ask();
 
 protected:
-    /// Gives the window the size `wanted`, in logical pixels, or what the screen has room for, but no less
-    /// than its contents need.
+    /// Resizes the window to `wanted`, in logical pixels, limited to the screen, but at least to what its
+    /// contents need.
     void SizeFor(QSize wanted);
 
-    /// A button of this role in `buttons`. Its name is the object's name.
+    /// Adds a button with this role to `buttons`; `sName` is its object name.
     static QPushButton* AddButton(QDialogButtonBox& buttons, const QString& sText,
                                   QDialogButtonBox::ButtonRole role, const QString& sName);
 };
 
-/// A text that may hold any name, as a window's title, in which Qt would otherwise look for its own mark.
+/// Escapes a text that may contain any name for use as a window title, in which Qt looks for a placeholder.
 QString AsTitle(QString sText);
 
 } // namespace desktop

@@ -28,7 +28,7 @@ QString ShortSize(std::int64_t cySize)
         return CountText(cySize, "byte", "bytes");
     }
     constexpr const char* aUnits[] = {"KiB", "MiB", "GiB", "TiB", "PiB", "EiB"};
-    // What would be written as 1,024.0 of a unit is 1.0 of the next one.
+    // A value that would be rounded to 1,024.0 is shown as 1.0 of the next unit.
     constexpr double dMost = static_cast<double>(kUnit) - 0.05;
     double dSize = static_cast<double>(cySize) / static_cast<double>(kUnit);
     const char* const* ppUnit = aUnits;

@@ -10,7 +10,7 @@ namespace desktop {
 StandingWindow::StandingWindow(QWidget* pOpenedFrom, const QString& sName, const QString& sTitle)
     : ShellDialog(nullptr, sName, sTitle), m_pOpenedFrom(pOpenedFrom)
 {
-    setWindowFlags(Qt::Window); // a dialog would stay over all other windows of the program
+    setWindowFlags(Qt::Window); // a dialog would stay above all other windows of the program
     setAttribute(Qt::WA_DeleteOnClose);
     if (pOpenedFrom != nullptr) {
         setScreen(pOpenedFrom->screen());
@@ -30,8 +30,8 @@ void StandingWindow::ShowUp()
     activateWindow();
 }
 
-/// Where no other one was brought up: from the middle of the window that it was opened from to the lower
-/// right, and on from the screen's corner.
+/// A position not used by another window of this kind: starts centred on the window that it was opened from,
+/// moves to the lower right, and wraps to the corner of the screen.
 QPoint StandingWindow::FreePlace() const
 {
     constexpr QPoint kStep(24, 24);
@@ -54,8 +54,8 @@ QPoint StandingWindow::FreePlace() const
 
 void StandingWindow::done(int nResult)
 {
-    // While this window is still there: under Wayland the toolkit asks for the keyboard in the name of the
-    // window that has it, and crashes if that one has gone.
+    // Must happen while this window still exists: under Wayland the toolkit requests activation through the
+    // window that has the focus, and crashes if that has been destroyed.
     QWidget* const pOpenedFrom = m_pOpenedFrom;
     if (isActiveWindow() && pOpenedFrom != nullptr && pOpenedFrom->isVisible()) {
         pOpenedFrom->activateWindow();
