@@ -22,7 +22,8 @@ BufferPool::Turn::Turn(BufferPool& pool, const std::atomic<bool>& bEnded) : m_po
             m_pool.m_free.pop_back();
             return;
         }
-        // Those who have one may hang in a read: nothing tells that the search has ended.
+        // With a timeout, because the holders of the buffers may hang in a read, and nothing notifies this
+        // thread of the end of the search.
         m_pool.m_returned.wait_for(lock, std::chrono::milliseconds(20));
     }
 }

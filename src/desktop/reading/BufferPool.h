@@ -14,28 +14,28 @@
 
 namespace desktop {
 
-/// The most workers that a search ever has.
+/// The maximum number of workers of a search.
 inline constexpr std::size_t kMaxWorkers = 16;
 
-/// Room for the bytes of files, for many threads and bounded in all: each thread has a little of its own, and
-/// those with a large file share what there is for such. With the greatest number of workers and 5 large
-/// files of 10,000,000 bytes at a time that is 86 MB.
+/// File buffers for many threads, with a limit on the total memory: each thread has a small buffer of its
+/// own, and threads with a large file share a few large buffers. With the maximum number of workers and 5
+/// large files of 10,000,000 bytes at a time this is 86 MB.
 class BufferPool
 {
 public:
     static constexpr std::size_t kSmall = std::size_t{2} << 20;
 
-    /// A large buffer that nobody else has while this lives.
+    /// Exclusive use of a large buffer, for its own lifetime.
     class Turn
     {
     public:
-        /// Waits until there is one, or for nothing once `bEnded`.
+        /// Waits for a free buffer, or returns without one once `bEnded` is set.
         Turn(BufferPool& pool, const std::atomic<bool>& bEnded);
         ~Turn();
         Turn(const Turn&) = delete;
         Turn& operator=(const Turn&) = delete;
 
-        /// Null if there is no memory, or no buffer.
+        /// Returns room for `nBytes` bytes; null if out of memory, or without a buffer.
         std::uint8_t* Reserve(std::size_t nBytes)
         {
             return m_n ? m_pool.m_aLarge.at(*m_n).Reserve(nBytes) : nullptr;
@@ -54,7 +54,8 @@ private:
     std::array<platform::FileBuffer, kLarge> m_aLarge;
     std::mutex m_mutex;
     std::condition_variable m_returned;
-    std::vector<std::size_t> m_free; ///< the one used last comes first: its pages are there
+    std::vector<std::size_t> m_free; ///< used as a stack, since the pages of the most recently used buffer
+                                     ///< are already mapped
 };
 
 } // namespace desktop

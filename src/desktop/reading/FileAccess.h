@@ -11,26 +11,26 @@
 
 namespace desktop {
 
-/// How files and folders are opened: no link is followed, no writer of a FIFO waited for, and nothing is
-/// passed on to a program started later.
+/// How files and folders are opened: without following a link, without blocking on a FIFO, and not inherited
+/// by programs started later.
 inline constexpr int kOpenFlags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
 
-/// The folder that holds `sPath`, without a separator at its end but for the root's: it may be one byte
-/// longer then.
+/// The folder that contains `sPath`, without a trailing separator (except for the root), so that the path of
+/// the file may exceed the system's limit by one byte.
 std::string FolderOf(const std::string& sPath);
 
-/// Opens file `sPath`, whatever the length of its path; errno tells why not. Somebody who has a lease on the
-/// file is given a second to let go of it.
+/// Opens file `sPath`, however long its path is; sets errno on failure. If another process holds a lease on
+/// the file, waits up to a second for its release.
 Descriptor OpenFile(const std::string& sPath);
 
-/// The same for a file that has gone: it is created empty, but through no link.
+/// The same for a missing file, which is created empty, but not through a link.
 Descriptor CreateFile(const std::string& sPath);
 
-/// The length in bytes of an open file, or -1 if it is no regular file.
+/// The length of an open file in bytes, or -1 if it is not a regular file.
 off_t LengthOf(int hFile);
 
-/// Reads the first `nBytes` bytes of an open file into `pBuffer`, as many as there are. Fails for what is no
-/// regular file, without taking anything from it.
+/// Reads up to `nBytes` bytes from the start of an open file into `pBuffer`. Fails for anything but a regular
+/// file, without consuming any of its data.
 platform::tReadResult ReadBytes(int hFile, void* pBuffer, std::size_t nBytes);
 
 } // namespace desktop

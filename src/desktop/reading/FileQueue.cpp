@@ -8,11 +8,11 @@ namespace desktop {
 namespace {
 
 enum tState : std::uint64_t {
-    kUnforeseen, // perhaps never asked for
+    kUnforeseen, // may never be asked for
     kWanted,
     kTaken,
-    kGone,    // there was no such file; not asked for so far
-    kMissing, // the same, and it is asked for
+    kGone,    // missing, and not asked for so far
+    kMissing, // missing, and asked for
     kFailed,
     kReady
 };

@@ -12,43 +12,45 @@
 
 namespace desktop {
 
-/// The files of a table that are to be read, and what came of each. They are taken in the table's order, in
-/// which they lie near each other on the disk and in memory: in the order in which the search compares them
-/// reading costs twice as much. What each file came to may be asked and told on any thread; for the rest
-/// whoever shares this between threads locks.
+/// The files of the table that are to be read, and their results. Files are taken in table order, in which
+/// they are close together on disk and in memory: in the order in which the search compares them, reading
+/// costs twice as much. Results can be read and reported from any thread; all other functions need a lock if
+/// threads share the object.
 class FileQueue
 {
 public:
     explicit FileQueue(platform::tFilesToRead files);
 
-    /// What is known of entry `n`: Ready and its sum, Failed, or NotYet.
+    /// The state of entry `n`: Ready and its sum, Failed, or NotYet.
     platform::Answer Look(std::uint32_t n, std::int32_t& nSum) const;
 
-    /// The next entries to read, `nMost` at most: those to be read first, else the next ones of the table.
-    /// Replaces what `entries` held; empty if there is nothing to read.
+    /// Replaces `entries` with the next entries to read, at most `nMost`: those from ReadFirst, otherwise the
+    /// next ones of the table. Empty if nothing is left.
     void Take(std::size_t nMost, std::vector<std::uint32_t>& entries);
 
-    /// True if Take would give something.
+    /// True if Take would return entries.
     [[nodiscard]] bool MayTake() const { return m_nFirst < m_first.size() || !Swept(); }
 
-    /// True if all entries wanted for sure have been taken.
+    /// True if all entries in `wanted` have been taken.
     [[nodiscard]] bool Swept() const { return m_nSwept == m_files.wanted.size(); }
 
-    /// True if entries that were to be read first have not been taken yet.
+    /// True if entries from ReadFirst have not been taken yet.
     [[nodiscard]] bool HasFirst() const { return m_nFirst < m_first.size(); }
 
     void ReadFirst(std::vector<std::uint32_t> entries);
 
-    /// The search asks for entry `n`, of which nothing is known yet: one that has gone is to be created.
+    /// To be called when the search asks for entry `n` and its result is not known: a missing file then has
+    /// to be created.
     void Asked(std::uint32_t n);
 
-    /// True if nobody is reading entry `n`.
+    /// True if no thread is reading or has read entry `n`.
     [[nodiscard]] bool Open(std::uint32_t n) const;
-    /// True if the entry is not among those wanted for sure.
+    /// True if the entry is not in `wanted`.
     [[nodiscard]] bool Unforeseen(std::uint32_t n) const;
 
     enum class Claim { None, Read, Create };
-    /// Makes the caller the one to read entry `n`, and says how; None if another is or has been.
+    /// Claims entry `n` for the caller, and returns how to read it; None if another thread is reading or has
+    /// read it.
     Claim ClaimEntry(std::uint32_t n);
 
     void Tell(std::uint32_t n, std::optional<std::int32_t> nSum);
@@ -62,10 +64,10 @@ public:
 
 private:
     platform::tFilesToRead m_files;
-    std::size_t m_nSwept = 0; ///< so many of those wanted have been taken
+    std::size_t m_nSwept = 0; ///< number of entries taken from `wanted`
     std::vector<std::uint32_t> m_first;
-    std::size_t m_nFirst = 0; ///< so many of these have been taken
-    /// For each entry how far it is, and behind that its sum.
+    std::size_t m_nFirst = 0; ///< number of entries taken from `m_first`
+    /// The state of each entry and, in the low 32 bits, its sum.
     std::unique_ptr<std::atomic<std::uint64_t>[]> m_states;
 };
 

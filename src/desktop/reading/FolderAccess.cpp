@@ -36,8 +36,8 @@ platform::tFolderIdentity IdentityOf(int hFolder)
     return {nDevice, status.stx_ino, (status.stx_mask & STATX_MNT_ID) != 0 ? status.stx_mnt_id : 0};
 }
 
-/// What an entry is, from what the folder says or, where it says nothing, from the entry itself. False for
-/// what is neither a regular file nor a folder, or has gone meanwhile.
+/// Determines the type of an entry from the folder or, if that does not say, from the entry itself. False if
+/// it is neither a regular file nor a folder, or has gone meanwhile.
 bool FillEntry(int hFolder, const dirent64& entry, platform::tFindData& data)
 {
     data.bHidden = entry.d_name[0] == '.';
@@ -81,7 +81,7 @@ bool FolderAccess::List(const std::string& sPath, bool bIdentity, const std::ato
                         platform::FolderListing& listing)
 {
     listing.Clear();
-    // With a separator at its end a path would be followed through a link, and be one byte too long too
+    // With a trailing separator a link would be followed, and the path would exceed the limit one byte too
     // early.
     const std::string sFolder = sPath.substr(0, sPath.size() - (sPath.size() > 1 ? 1 : 0));
     if (sFolder.size() >= PATH_MAX) {
@@ -92,7 +92,7 @@ bool FolderAccess::List(const std::string& sPath, bool bIdentity, const std::ato
         return false;
     }
     listing.SetIdentity(bIdentity ? IdentityOf(folder.Get()) : platform::tFolderIdentity());
-    // To the end, or until a folder stops giving entries: what it gave counts.
+    // Until the end, or until reading fails; the entries read so far are kept.
     ssize_t nRead = 0;
     while ((nRead = getdents64(folder.Get(), m_entries.get(), kEntriesSize)) > 0) {
         for (ssize_t n = 0; n < nRead;) {

@@ -9,10 +9,11 @@
 namespace desktop {
 namespace {
 
-/// Some 4 MB. More do not make the walk any faster.
+/// About 4 MB. More do not make the walk any faster.
 constexpr std::size_t kMaxHeld = 32'768;
 
-/// So many entries are worth waking the walk for; each time costs about what listing a small folder does.
+/// The number of entries that makes it worth waking the walk, which costs about as much as listing a small
+/// folder.
 constexpr std::size_t kMuch = 2'048;
 
 } // namespace
@@ -31,7 +32,8 @@ FolderQueue::FolderQueue(const platform::tSearchedFolders& searched)
 
 std::vector<FolderQueue::Place>::const_reverse_iterator FolderQueue::NextToTake() const
 {
-    // Those taken stay until their subfolders take their place: one for each worker at most.
+    // Folders being listed stay in the list until they are replaced by their subfolders: at most one for each
+    // worker.
     return std::find_if(m_toList.rbegin(), m_toList.rend(), [](Place folder) { return !folder->bTaken; });
 }
 

@@ -11,9 +11,9 @@
 
 namespace desktop {
 
-/// The folders of a walk in the order in which it will ask for them: each is followed by its subfolders as
-/// soon as these are known. Listed ahead is as much as the bound on entries held allows. Whoever shares it
-/// between threads locks.
+/// The folders of a walk, in the order in which it will ask for them: the subfolders of a folder are inserted
+/// after it as soon as they are known. A limit on the number of entries held determines how far folders are
+/// listed ahead. Needs a lock if threads share it.
 class FolderQueue
 {
 public:
@@ -28,27 +28,27 @@ public:
 
     explicit FolderQueue(const platform::tSearchedFolders& searched);
 
-    /// True if there is a folder that may be listed now.
+    /// True if there is a folder to list now.
     [[nodiscard]] bool MayTake() const;
 
-    /// The next folder to list; only if MayTake(). Its path stays as it is until it has been listed.
+    /// The next folder to list; requires MayTake(). Its path does not change until it has been listed.
     Place Take();
 
-    /// Notes what became of a folder taken. Its subfolders, in order, come right behind it.
+    /// Stores the result for a folder returned by Take. Its subfolders are inserted after it in this order.
     void Listed(Place folder, bool bOpened, platform::FolderListing listing, std::list<tFolder> subfolders);
 
-    /// The paths of the subfolders of `sPath` that the walk will enter, for Listed.
+    /// The subfolders of `sPath` that the walk will enter, for use with Listed.
     [[nodiscard]] std::list<tFolder> Subfolders(const std::string& sPath,
                                                 const platform::FolderListing& listing) const;
 
-    /// The folder that the walk asks for now, `sPath`, which is the next one unless the walk goes another way
-    /// than expected.
+    /// The folder `sPath` that the walk currently asks for. This is the first of the queue; if the walk takes
+    /// another way than expected, the folder is inserted there.
     tFolder& Asked(const std::string& sPath);
 
-    /// Hands over the listing of the folder asked for last, which has been listed.
+    /// Removes the folder last passed to Asked, which must have been listed, and returns its listing.
     platform::FolderListing Drop();
 
-    /// True if so much is ready that the walk should be told of it.
+    /// True if enough is listed to make it worth waking the walk.
     [[nodiscard]] bool ReadyForMuch() const;
 
 private:
@@ -56,10 +56,10 @@ private:
 
     bool m_bHidden;
     std::size_t m_nMaxSubfolders;
-    std::list<tFolder> m_order;  ///< the first is the next that the walk asks for
-    std::vector<Place> m_toList; ///< those that are not listed, from the last to the first
-    std::size_t m_nHeld = 0;     ///< entries listed and not handed over
-    bool m_bFull = false;        ///< so many that the walk has to come nearer first
+    std::list<tFolder> m_order;  ///< the first one is what the walk will ask for next
+    std::vector<Place> m_toList; ///< those not listed yet, in reverse order
+    std::size_t m_nHeld = 0;     ///< number of entries listed but not handed over yet
+    bool m_bFull = false;        ///< the limit was reached; listing ahead pauses until the walk has caught up
 };
 
 } // namespace desktop

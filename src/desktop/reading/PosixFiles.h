@@ -12,7 +12,7 @@
 
 namespace desktop {
 
-/// The file systems of a Linux machine.
+/// Access to the files and folders of a Linux machine.
 class PosixFiles final : public platform::FileSystem
 {
 public:

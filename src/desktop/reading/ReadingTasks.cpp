@@ -11,13 +11,13 @@ using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 using platform::Answer;
 
-/// The search looks at its events after so long a wait, and whether it is worth going on.
+/// How long the search waits before it checks its events and whether to go on.
 constexpr auto kWait = 3ms;
 
-/// So long the search may stay with one entry, until what that one needs is read before the rest.
+/// How long the search may stay with one entry before the files needed for it are read first.
 constexpr auto kPatience = 150ms;
 
-/// At the end workers get so long to finish what they have in hand.
+/// How long workers get at the end to finish their current work.
 constexpr auto kFarewell = 20ms;
 
 } // namespace
@@ -58,7 +58,7 @@ void ReadingTasks::ReadFiles(platform::tFilesToRead files)
 
 Answer ReadingTasks::AskFor(std::uint32_t nInHand, std::uint32_t n, std::int32_t& nSum)
 {
-    // Nearly all that is asked for has been read.
+    // Nearly all requested files have been read already.
     const Answer known = m_files->Look(n, nSum);
     if (known != Answer::NotYet) {
         return known;
@@ -73,14 +73,14 @@ Answer ReadingTasks::AskFor(std::uint32_t nInHand, std::uint32_t n, std::int32_t
         return Answer::Stuck;
     }
     m_nWaitsFor = n;
-    if (m_files->Look(n, nSum) == Answer::NotYet) { // nor has been since, without the lock
+    if (m_files->Look(n, nSum) == Answer::NotYet) { // check again, now with the lock
         Wait(lock);
     }
     m_nWaitsFor.reset();
     return m_files->Look(n, nSum);
 }
 
-/// True if the search has to wait for entry `n` longer than it should.
+/// True if the search has to wait for entry `n` longer than acceptable.
 bool ReadingTasks::Stuck(std::uint32_t n) const
 {
     return m_files->Open(n) && !m_files->HasFirst() &&
@@ -94,7 +94,7 @@ void ReadingTasks::ReadFirst(std::vector<std::uint32_t> entries)
     m_work.notify_all();
 }
 
-/// Waits for a while for something to be done; without workers it does something itself.
+/// Waits a short time for results; if there are no workers, does a piece of work itself.
 void ReadingTasks::Wait(Lock& lock)
 {
     if (m_bOutOfMemory) {
@@ -122,7 +122,7 @@ void ReadingTasks::End()
     m_work.notify_all();
     m_left.wait_for(lock, kFarewell, [&] { return m_nWorkers == 0; });
     lock.unlock();
-    // Who still looks into the table is about to be through with it.
+    // Wait for workers that are still reading the table; they finish soon.
     const std::unique_lock table(m_tableInUse);
 }
 
@@ -160,7 +160,7 @@ void ReadingTasks::Work()
     m_left.notify_all();
 }
 
-/// Does a piece of work, with the lock given up meanwhile; false if there is none.
+/// Does a piece of work, releasing the lock meanwhile; false if there is none.
 bool ReadingTasks::WorkOnce(Worker& worker, Lock& lock)
 {
     if (m_folders.MayTake()) {

@@ -23,33 +23,33 @@
 
 namespace desktop {
 
-/// What the search and its workers share: what is to be done, what has been done, who waits. Stays as long as
-/// the last of them, since a worker may hang in a read when the search has long ended.
+/// The state shared by the search and its workers: open tasks, results, and who is waiting. Lives until the
+/// last of them ends, since a worker may hang in a read long after the search has ended.
 class ReadingTasks
 {
 public:
-    /// What a try to start a worker comes to. Later: workers of an earlier search, which wait for a disk,
-    /// have the threads that the system gives.
+    /// The result of an attempt to start a worker. Later: the system's thread limit is used up by workers of
+    /// an earlier search that are waiting for a disk.
     enum class Start { Done, Later, Never };
 
-    /// `nWorkers` is how many workers to begin with; `startWorker` is called where one more is worth having.
+    /// `nWorkers` is the initial number of workers; `startWorker` is called to start another one.
     ReadingTasks(const platform::tSearchedFolders& searched, std::size_t nWorkers,
                  std::function<Start()> startWorker);
 
-    // The search's side: SearchReading's operations.
+    // For the search: the operations of SearchReading.
     platform::Answer ListFolder(const std::string& sPath, platform::FolderListing& listing);
     void ReadFiles(platform::tFilesToRead files);
     platform::Answer AskFor(std::uint32_t nInHand, std::uint32_t n, std::int32_t& nSum);
     void ReadFirst(std::vector<std::uint32_t> entries);
 
-    /// No more work, and nothing of the search is looked at any more. Workers that do not wait for a disk
-    /// have gone when this returns.
+    /// Stops all work. Afterwards no worker accesses data of the search any more, and workers that are not
+    /// waiting for a disk have ended.
     void End();
 
-    /// Starts the workers that are worth having. Where none can ever be started the search does their work.
+    /// Starts workers up to the useful number. If none can ever be started, the search does their work.
     void AddWorkers();
 
-    /// Runs a worker until the end, on its thread.
+    /// Runs a worker on the calling thread until the end.
     void Work();
 
 private:
@@ -61,24 +61,25 @@ private:
     void Wait(Lock& lock);
     [[nodiscard]] bool Stuck(std::uint32_t n) const;
 
-    const bool m_bIdentities; ///< folders are told apart
+    const bool m_bIdentities; ///< whether the identity of folders is needed
     BufferPool m_buffers;
     std::atomic<bool> m_bEnded = false;
-    std::shared_mutex m_tableInUse; ///< shared while a worker looks into the search's table
+    std::shared_mutex m_tableInUse; ///< held shared while a worker reads the search's table
 
-    std::mutex m_mutex; ///< guards what follows, but for what the queues say of themselves
+    std::mutex m_mutex; ///< guards the following members, except for the parts of the queues that need no
+                        ///< lock
     std::condition_variable m_work, m_done, m_left;
     FolderQueue m_folders;
     std::optional<FileQueue> m_files;
-    bool m_bWaitsForFolder = false;           ///< the search does,
-    std::optional<std::uint32_t> m_nWaitsFor; ///< or for this entry
+    bool m_bWaitsForFolder = false;           ///< the search is waiting for a folder
+    std::optional<std::uint32_t> m_nWaitsFor; ///< the search is waiting for this entry
     bool m_bOutOfMemory = false;
     std::uint32_t m_nInHand = 0;
     std::chrono::steady_clock::time_point m_inHandSince;
     WorkerCount m_count;
-    std::size_t m_nWorth; ///< how many workers are worth having
+    std::size_t m_nWorth; ///< the useful number of workers
     std::size_t m_nWorkers = 0;
-    Start m_start = Start::Done; ///< what the last try came to
+    Start m_start = Start::Done; ///< result of the last attempt
     std::function<Start()> m_startWorker;
 };
 

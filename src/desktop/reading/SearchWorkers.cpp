@@ -17,7 +17,7 @@ namespace {
 
 std::atomic<std::size_t> g_nAlive = 0;
 
-/// Keeps signals from the threads that are started while it lives: they are the main thread's.
+/// Blocks signals in threads started during its lifetime, so that the main thread gets them.
 class SignalsHeld
 {
 public:
@@ -37,10 +37,10 @@ private:
 
 void RunWorker(const std::shared_ptr<ReadingTasks>& tasks)
 {
-    // A table of descriptors of its own, without those of the program, saves the locks of a shared one and
-    // keeps nothing open that the program closes. Where that is refused the shared one does.
+    // A separate descriptor table, without the program's descriptors, avoids the locks of a shared one and
+    // does not keep files open that the program closes. If the call fails, the shared one is used.
     close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_UNSHARE);
-    // The window comes first where there are more threads than processors.
+    // Gives the window priority if there are more threads than processors.
     constexpr int kNiceness = 5;
     setpriority(PRIO_PROCESS, 0, kNiceness);
     tasks->Work();
@@ -66,7 +66,7 @@ ReadingTasks::Start StartWorker(const std::weak_ptr<ReadingTasks>& tasks)
 
 SearchWorkers::SearchWorkers(const platform::tSearchedFolders& searched, std::size_t nWorkers)
 {
-    // Handed over when there is one to hand over.
+    // A weak reference, filled in once the object exists.
     const auto self = std::make_shared<std::weak_ptr<ReadingTasks>>();
     m_tasks = std::make_shared<ReadingTasks>(searched, nWorkers > 0 ? nWorkers : UsableProcessors(),
                                              [self] { return StartWorker(*self); });

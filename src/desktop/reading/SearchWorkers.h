@@ -14,13 +14,13 @@ namespace desktop {
 
 class ReadingTasks;
 
-/// The reading of a search by threads of its own. One that hangs in a read is left behind when the search
-/// ends: it touches nothing of the program any more, and goes by itself once its read returns.
+/// Implements the reading of a search with threads. A thread that hangs in a read is left behind when the
+/// search ends: it no longer accesses anything of the program, and ends once its read returns.
 class SearchWorkers final : public platform::SearchReading
 {
 public:
-    /// Starts with as many workers as there are processors, or `nWorkers`; where work turns out to be mostly
-    /// waiting, more are added.
+    /// Starts with one worker per usable processor, or with `nWorkers`. Adds more if their work turns out to
+    /// be mostly waiting.
     explicit SearchWorkers(const platform::tSearchedFolders& searched, std::size_t nWorkers = 0);
     ~SearchWorkers() override;
     SearchWorkers(const SearchWorkers&) = delete;
@@ -31,8 +31,8 @@ public:
     platform::Answer AskFor(std::uint32_t nInHand, std::uint32_t n, std::int32_t& nSum) override;
     void ReadFirst(std::vector<std::uint32_t> entries) override;
 
-    /// How many workers there are in the program, those of searches that have ended among them. While there
-    /// are any the program cannot end in the usual way, which would pull away what they use.
+    /// The number of running workers in the program, including those of earlier searches. While it is not 0
+    /// the program must not end in the usual way, which would destroy what they use.
     static std::size_t Alive();
 
 private:

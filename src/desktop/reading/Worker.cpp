@@ -47,7 +47,7 @@ void Worker::Read(FileQueue& files)
     }
 }
 
-/// Copies what the search's table says of the files in hand; false if the table is no longer to be looked at.
+/// Copies the table's data on the current files; false if the table must not be accessed any more.
 bool Worker::LookUp(const FileQueue& files)
 {
     m_files.clear();
@@ -89,7 +89,7 @@ std::optional<std::int32_t> Worker::SumOf(const FileQueue& files, int hFile, std
         if (!read.bRead) {
             return std::nullopt;
         }
-        // Not zeroed before: the read fills nearly always all of it.
+        // Only the rest is zeroed, after the read, since a read nearly always fills the whole buffer.
         std::fill(pBuffer + read.nBytes, pBuffer + nBytes, std::uint8_t{0});
         return files.SumOf(pBuffer, nBytes);
     };

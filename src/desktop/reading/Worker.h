@@ -17,23 +17,23 @@
 
 namespace desktop {
 
-/// What one worker needs for its work, and the work itself: all that waits for a disk.
+/// The state and the work of one worker: everything that waits for a disk.
 class Worker
 {
 public:
-    /// Breaks its work off once `bEnded`. All must outlive it.
+    /// Work is interrupted once `bEnded` is set. All arguments must outlive the worker.
     Worker(BufferPool& buffers, std::shared_mutex& tableInUse, const std::atomic<bool>& bEnded);
 
     FolderAccess folders;
-    std::vector<std::uint32_t> entries; ///< those that the worker has in hand
-    WorkTime time;                      ///< of the piece of work in hand
+    std::vector<std::uint32_t> entries; ///< the entries that the worker is reading
+    WorkTime time;                      ///< of the current piece of work
 
-    /// Reads the files of `entries` and tells `files` what they come to. Those that another worker comes
-    /// first with are left to it.
+    /// Reads the files of `entries` and stores the results in `files`. Skips entries that another worker has
+    /// claimed first.
     void Read(FileQueue& files);
 
-    /// How many files it is to be given at a time: so many that they take a millisecond or a few, since to
-    /// ask for work costs, and others wait for what a worker has in hand.
+    /// How many files to take at a time. Chosen so that they take one to a few milliseconds, since taking
+    /// work has a cost, and others have to wait for what a worker holds.
     [[nodiscard]] std::size_t AtATime() const { return m_nAtATime; }
 
 private:
@@ -51,8 +51,8 @@ private:
     std::shared_mutex& m_tableInUse;
     const std::atomic<bool>& m_bEnded;
     platform::FileBuffer m_small;
-    std::vector<tFile> m_files; ///< those in hand,
-    std::string m_sPaths;       ///< and their paths, one behind the other
+    std::vector<tFile> m_files; ///< the current files
+    std::string m_sPaths;       ///< their paths, concatenated
     std::size_t m_nAtATime;
 };
 

@@ -15,10 +15,10 @@
 namespace desktop {
 namespace {
 
-/// So much work of each worker says enough about what work there is.
+/// The amount of work by each worker after which the number of workers is reviewed.
 constexpr std::chrono::milliseconds kEnough{2};
 
-/// After a piece of work that took less, so many are not measured.
+/// After a piece of work shorter than kShort, the next kSkipped ones are not measured.
 constexpr std::chrono::microseconds kShort{200};
 constexpr unsigned kSkipped = 15;
 
@@ -29,7 +29,7 @@ std::chrono::nanoseconds Clock(clockid_t clock)
     return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
 }
 
-/// How often the calling thread has given up its processor to wait for something.
+/// How often the calling thread has given up its processor to wait (voluntary context switches).
 long Waits()
 {
     rusage usage{};
@@ -42,13 +42,13 @@ std::size_t ProcessorsOfAffinity()
     cpu_set_t set;
     CPU_ZERO(&set);
     if (sched_getaffinity(0, sizeof set, &set) != 0) {
-        return 1; // more processors than the set has room for, or a system that does not tell
+        return 1; // more processors than fit in the set, or an error
     }
     return static_cast<std::size_t>(CPU_COUNT(&set));
 }
 
-/// The share of processors that `sGroup`, a folder of the control groups' file system, is given: "max", or
-/// microseconds of each period.
+/// The processor quota of the control group `sGroup`, as a number of processors. The file contains "max", or
+/// microseconds per period.
 std::optional<double> QuotaOf(const std::string& sGroup)
 {
     double dQuota = 0;
@@ -59,7 +59,7 @@ std::optional<double> QuotaOf(const std::string& sGroup)
     return std::nullopt;
 }
 
-/// The least of the shares of this process's control group and of those above it.
+/// The smallest quota of this process's control group and its parents.
 std::optional<double> Quota()
 {
     std::ifstream groups("/proc/self/cgroup");
@@ -109,7 +109,7 @@ void WorkTime::End(std::size_t nSteps)
         return;
     }
     took = Clock(CLOCK_MONOTONIC) - m_began;
-    // A thread that only has to share its processor does not give it up by itself.
+    // A thread that merely shares its processor is preempted and does not give it up voluntarily.
     if (static_cast<std::size_t>(Waits() - m_nBeganWaits) * 4 >= nSteps) {
         waited = took - (Clock(CLOCK_THREAD_CPUTIME_ID) - m_beganBusy);
     }

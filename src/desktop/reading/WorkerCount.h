@@ -6,19 +6,19 @@
 
 namespace desktop {
 
-/// So many processors this process may keep busy: those it may run on, within what its control group is
-/// given. At least one.
+/// The number of processors that this process can keep busy, according to its affinity and the quota of its
+/// control group. At least one.
 std::size_t UsableProcessors();
 
-/// What a piece of a worker's work took, and how much of it went by in waiting for a disk or a network. Of
-/// pieces that take next to no time only some are measured, which costs as much as listing a small folder.
+/// Measures the duration of a piece of work, and the part of it spent waiting for a disk or a network. Very
+/// short pieces are measured only now and then, since measuring costs as much as listing a small folder.
 class WorkTime
 {
 public:
-    /// A piece begins now, on the calling thread.
+    /// Starts a piece of work on the calling thread.
     void Begin();
 
-    /// It ends now. `nSteps`: how many times it may have had to wait.
+    /// Ends it. `nSteps` is the number of times it may have had to wait.
     void End(std::size_t nSteps);
 
     std::chrono::nanoseconds took{}; ///< 0 if it was not measured
@@ -27,18 +27,18 @@ public:
 private:
     std::chrono::nanoseconds m_began{}, m_beganBusy{};
     long m_nBeganWaits = 0;
-    unsigned m_nToSkip = 0; ///< so many pieces more are not measured
+    unsigned m_nToSkip = 0; ///< the number of pieces to skip before the next measurement
     bool m_bMeasured = false;
 };
 
-/// How many workers are worth having, from what their work turns out to be: those that wait leave the
-/// processors to others.
+/// Determines the useful number of workers from their work so far: workers that wait leave processors free
+/// for others.
 class WorkerCount
 {
 public:
     explicit WorkerCount(std::size_t nAtFirst) : m_nWorkers(nAtFirst) {}
 
-    /// Takes note of a piece of work done; returns how many workers there should be now.
+    /// Adds a finished piece of work; returns the current useful number of workers.
     std::size_t Note(const WorkTime& time);
 
 private:
