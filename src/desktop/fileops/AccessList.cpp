@@ -17,8 +17,8 @@ using tEntry = posix_acl_xattr_entry;
 constexpr std::size_t kHeader = sizeof(posix_acl_xattr_header);
 constexpr mode_t kAll = S_IRWXO;
 
-/// The kernel's tables are little-endian, and so are all machines that desktops run on; on another, no entry
-/// is found.
+/// The kernel's tables are little-endian, like all machines that run desktops; on a big-endian machine no
+/// entry is found.
 tEntry EntryAt(const std::string& list, std::size_t n)
 {
     tEntry entry{};
@@ -26,7 +26,7 @@ tEntry EntryAt(const std::string& list, std::size_t n)
     return entry;
 }
 
-/// What all entries of this kind allow; everything where there is none, as a limit.
+/// The rights that all entries of this kind have in common; all rights if there is no such entry.
 mode_t Allowed(const std::string& list, unsigned nTag)
 {
     mode_t rights = kAll;
@@ -75,7 +75,7 @@ void tAccess::MakeGroupLikeOthers()
 
 void tAccess::DropList()
 {
-    // Whom the list names is from then on one of the group or of the others.
+    // The users and groups named in the list then belong to the owning group or to others.
     const mode_t named = Allowed(list, ACL_USER) & Allowed(list, ACL_GROUP);
     mode = WithGroup(mode, OfGroup(mode) & Allowed(list, ACL_GROUP_OBJ) & named) & ~(kAll & ~named);
     list.clear();

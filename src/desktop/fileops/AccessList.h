@@ -6,24 +6,25 @@
 
 namespace desktop {
 
-/// The attribute that holds a file's access control list, acl(5).
+/// The extended attribute with a file's access control list, acl(5).
 inline constexpr const char* kAccessListName = "system.posix_acl_access";
 
-/// Who may do what with a file.
+/// The access rights of a file.
 struct tAccess {
     mode_t mode = 0;
-    std::string list; ///< the access control list as the attribute has it; empty if there is none
+    std::string list; ///< the access control list in the format of the attribute; empty if there is none
     bool bListDropped = false;
 
-    /// The owning group and the others get what both have.
+    /// Reduces the rights of the owning group and of others to those that both have.
     void MakeGroupLikeOthers();
 
-    /// Goes without the list: the group's part of the mode, which is the list's limit while there is one,
-    /// becomes what the owning group has, and nobody gets more than whom the list names.
+    /// Drops the list. The group bits of the mode, which are the mask of the list while there is one, become
+    /// the rights of the owning group, and nobody may have more rights than the users and groups named in the
+    /// list.
     void DropList();
 };
 
-/// That of an open file, whose mode is `mode`.
+/// The access rights of an open file with this mode.
 tAccess AccessOf(int h, mode_t mode);
 
 } // namespace desktop

@@ -43,7 +43,7 @@ ContentComparison::Result ContentComparison::Compare(int hFirst, int hSecond, co
     }
 }
 
-/// Reads up to a buffer, less only at the file's end. -1 if that fails.
+/// Fills the buffer; returns less only at the end of the file, -1 on failure.
 std::ptrdiff_t ContentComparison::Fill(int h, char* pBuffer, std::int64_t nOffset)
 {
     std::size_t nFilled = 0;

@@ -9,16 +9,16 @@
 
 namespace desktop {
 
-/// Compares the contents of open files to the byte.
+/// Compares the contents of open files byte by byte.
 class ContentComparison
 {
 public:
     enum class Result { Same, Different, Cancelled, FirstNotRead, SecondNotRead };
 
-    /// Reads both from their beginnings, as far as they are alike, whatever their sizes are said to be.
+    /// Reads both from the beginning until they differ or end, whatever their reported sizes.
     Result Compare(int hFirst, int hSecond, const ProgressCall& goOn);
 
-    /// The system's error number if one of the two could not be read.
+    /// The error number if one of the files could not be read.
     [[nodiscard]] int Error() const { return m_nError; }
 
 private:

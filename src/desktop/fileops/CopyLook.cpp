@@ -61,7 +61,7 @@ tEnding CopyLook::Before(int /*hFile*/)
     return ending;
 }
 
-/// Opens a copy, which must still be as it was seen.
+/// Opens a copy, which must be unchanged since it was seen.
 tEnding CopyLook::Hold(const tStayingCopy& copy, int nFlags)
 {
     FolderEntry entry(m_folders.Of(copy.sPath), NameOf(copy.sPath));
@@ -80,7 +80,7 @@ tEnding CopyLook::CopyNotRead(int nError) const
 
 tEnding CopyLook::CompareWith(int hFile)
 {
-    // Not written to while it is read, nor without a trace until the file has gone.
+    // The lease detects writes during the comparison, and until the file has gone.
     m_lease.emplace(m_held->file.Get());
     switch (m_comparison.Compare(hFile, m_held->file.Get(), m_goOn)) {
     case ContentComparison::Result::Same:
@@ -106,7 +106,7 @@ tEnding CopyLook::After()
     return ending;
 }
 
-/// Done if the copy is where it was, as it was.
+/// Done if the copy is where it was and unchanged.
 tEnding CopyLook::StillThere() const
 {
     const bool bStays = IsStill(LookAt(m_held->file.Get()), m_held->place.Expected()).IsDone() &&

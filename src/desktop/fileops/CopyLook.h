@@ -16,20 +16,20 @@
 
 namespace desktop {
 
-/// Sees to it, around the moment in which a file goes to the trash, that what was to stay of its contents
-/// does. The copy that stays is held open from Before to After.
+/// Verifies, before and after a file is moved to the trash, that a copy of its contents stays. The copy is
+/// held open from Before to After.
 class CopyLook final : public LastLook
 {
 public:
-    /// `folders` must outlive it.
+    /// `folders` must outlive this object.
     explicit CopyLook(HeldFolders& folders) : m_folders(folders) {}
 
-    /// The file that goes next, which must outlive the looks at it, and what is to stay of it; nothing: it
-    /// goes as it is. `goOn` is called while it is compared.
+    /// Sets the file that goes next, which must outlive the checks, and the copies that stay of it. Without
+    /// copies it goes unchecked. `goOn` is called during the comparison.
     void Begin(const HeldFile& file, std::vector<tStayingCopy> copies, ProgressCall goOn);
 
-    /// Compares it with the copies to the byte until one is the same, which is held from then on. One that is
-    /// the file itself needs no comparison.
+    /// Compares the file with the copies byte by byte until an identical one is found, and holds that one. A
+    /// copy that is a hard link to the file needs no comparison.
     tEnding Before(int hFile) override;
 
     /// NotDone if that copy has gone or changed meanwhile.
@@ -53,8 +53,8 @@ private:
     std::vector<tStayingCopy> m_copies;
     ProgressCall m_goOn;
     ContentComparison m_comparison;
-    std::optional<tHeld> m_held;       ///< what stays of the file in hand
-    std::optional<WriteLease> m_lease; ///< on that
+    std::optional<tHeld> m_held;       ///< the copies of the current file
+    std::optional<WriteLease> m_lease; ///< on m_held
 };
 
 } // namespace desktop

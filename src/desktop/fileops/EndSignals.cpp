@@ -32,7 +32,7 @@ EndSignals::EndSignals()
         waits.sa_handler = OnEndSignal;
         waits.sa_flags = SA_RESTART;
         sigaction(kSignals[n], nullptr, &m_before[n]);
-        // What the program was started without, it goes on without.
+        // Signals that were ignored when the program started stay ignored.
         if (m_before[n].sa_handler != SIG_IGN) {
             sigaction(kSignals[n], &waits, nullptr);
         }

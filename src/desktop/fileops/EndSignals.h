@@ -7,8 +7,8 @@
 
 namespace desktop {
 
-/// The signals that ask the program to end. While this lives they only ask for a cancel; whoever sent one
-/// gets what he wanted when it ends. There is one at a time.
+/// Handles the signals that ask the program to end. During its lifetime they only cancel the operation; a
+/// signal received is raised again at the end. There must be only one.
 class EndSignals
 {
 public:
@@ -17,10 +17,11 @@ public:
     EndSignals& operator=(const EndSignals&) = delete;
     ~EndSignals();
 
-    /// True if one has come.
+    /// True if a signal has arrived.
     static bool Arrived();
 
-    /// While the user is asked, nothing is in the works: with false a signal does at once what it did before.
+    /// Pass false while the user is asked a question: no work is in progress then, so a signal has its
+    /// original effect at once.
     static void Wait(bool bWait);
 
 private:

@@ -8,7 +8,7 @@
 
 namespace desktop {
 
-/// How the work on one file, or a step of it, ended.
+/// The result of the work on one file, or of a step of it.
 struct tEnding {
     enum class Kind { Done, Skipped, Cancelled, NotDone };
 
@@ -17,13 +17,13 @@ struct tEnding {
     [[nodiscard]] bool IsDone() const { return kind == Kind::Done; }
 
     Kind kind = Kind::Done;
-    std::string sReason;  ///< what the user is to be told, in sentences without the path; always for NotDone,
-                          ///< and for Done what is to be known besides
-    bool bSpared = false; ///< NotDone, since nothing was found that stays of its contents
-    bool bReplaced = false; ///< Done, and another file has made room
+    std::string sReason;    ///< the message for the user, in sentences without the path: always set for
+                            ///< NotDone, and for Done if there is a remark
+    bool bSpared = false;   ///< NotDone because no copy was found that stays
+    bool bReplaced = false; ///< Done, and another file was replaced
 };
 
-/// Told how many bytes of the file in hand are done. False: the user has cancelled.
+/// Reports how many bytes of the current file are done. Returns false if the user has cancelled.
 using ProgressCall = std::function<bool(std::int64_t)>;
 
 } // namespace desktop

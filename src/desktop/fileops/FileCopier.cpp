@@ -17,11 +17,11 @@ namespace {
 constexpr std::size_t kChunk = 4 << 20;
 constexpr std::size_t kBuffer = 256 << 10;
 
-/// How far the copying may be ahead of the disk, in bytes. A slow disk gets a gigabyte into memory in a
-/// moment and then takes a minute for the sync, in which nobody can see progress or cancel.
+/// How far copying may get ahead of the disk, in bytes. Otherwise a slow disk would accept a gigabyte into
+/// memory at once and then take a minute for the sync, without progress or a way to cancel.
 constexpr std::int64_t kAhead = 32 << 20;
 
-/// The next stretch of a file that is not a hole.
+/// The next range of a file that is not a hole.
 struct tRange {
     std::int64_t nStart;
     std::int64_t nEnd;
@@ -31,7 +31,7 @@ tRange NextData(int h, std::int64_t nOffset, std::int64_t cySize)
 {
     const off_t nData = lseek(h, nOffset, SEEK_DATA);
     if (nData < 0) {
-        // Nothing but a hole is left, or the file system cannot tell.
+        // Only a hole is left, or the file system does not support this.
         return {errno == ENXIO ? cySize : nOffset, cySize};
     }
     const off_t nHole = lseek(h, nData, SEEK_HOLE);
@@ -58,7 +58,7 @@ tEnding FileCopier::Copy()
 
 tEnding FileCopier::CopyAll()
 {
-    // Blocks shared with the original cost neither time nor space.
+    // Sharing the blocks of the original takes neither time nor space.
     if (Retried([&] { return ioctl(m_hTo, FICLONE, m_hFrom); }) == 0) {
         return {};
     }
@@ -70,7 +70,7 @@ tEnding FileCopier::CopyAll()
         }
         n = range.nEnd;
     }
-    // The hole at the end.
+    // A hole at the end.
     if (Retried([&] { return ftruncate(m_hTo, m_cySize); }) != 0) {
         return tEnding::NotDone(Reason(errno, Step::Write));
     }
@@ -83,7 +83,8 @@ tEnding FileCopier::CopyRange(std::int64_t nStart, std::int64_t nEnd)
         const auto nBytes = static_cast<std::size_t>(std::min<std::int64_t>(nEnd - nStart, kChunk));
         std::int64_t nCopied = m_bInKernel ? CopyInKernel(nStart, nBytes) : 0;
         if (nCopied <= 0) {
-            // Whatever the kernel had against it: reading and writing either goes or says why not.
+            // Whatever the kernel's reason was: reading and writing either works or returns an error of its
+            // own.
             m_bInKernel = false;
             tEnding ending;
             nCopied = CopyByHand(nStart, nBytes, ending);
@@ -92,7 +93,7 @@ tEnding FileCopier::CopyRange(std::int64_t nStart, std::int64_t nEnd)
             }
         }
         nStart += nCopied;
-        // The many small pieces that a file may be in are not written one by one.
+        // Not for each piece, since a file may consist of many small ones.
         const bool bDue = nStart - m_nBegun >= static_cast<std::int64_t>(kChunk) || nStart >= m_cySize;
         if (bDue && !BringToDisk(nStart)) {
             return tEnding::NotDone(Reason(errno, Step::Write));
@@ -104,14 +105,14 @@ tEnding FileCopier::CopyRange(std::int64_t nStart, std::int64_t nEnd)
     return {};
 }
 
-/// Has the disk begin with what has been copied since, and waits for what lies far behind it. False if
-/// something could not be written, which the sync at the end would not tell again.
+/// Starts writing what has been copied since the last call, and waits for what is far behind. False on a
+/// write error, which the final sync would not report again.
 bool FileCopier::BringToDisk(std::int64_t nEnd)
 {
     const std::int64_t nStart = std::exchange(m_nBegun, nEnd);
     if (m_bBegins &&
         Retried([&] { return sync_file_range(m_hTo, nStart, nEnd - nStart, SYNC_FILE_RANGE_WRITE); }) != 0) {
-        // A system without this call, or that denies it, does all of it at the end.
+        // If the call is missing or denied, the final sync does everything.
         if (errno != ENOSYS && errno != EPERM) {
             return false;
         }

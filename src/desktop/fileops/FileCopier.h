@@ -9,19 +9,19 @@
 
 namespace desktop {
 
-/// Brings the content of one open file into another, new one: sharing its blocks where the file system can,
-/// otherwise piece by piece. Holes stay holes.
+/// Copies the content of an open file to another new one: shares its blocks if the file system can, otherwise
+/// copies in pieces. Holes are preserved.
 class FileCopier
 {
 public:
-    /// Copies `cySize` bytes of `hFrom`, which must have so many. Both descriptors must outlive the copier.
+    /// Copies `cySize` bytes of `hFrom`, which must have that many. Both descriptors must outlive the copier.
     FileCopier(int hFrom, int hTo, std::int64_t cySize, const ProgressCall& goOn)
         : m_hFrom(hFrom), m_hTo(hTo), m_cySize(cySize), m_goOn(goOn)
     {
     }
 
-    /// The disk follows close behind, but what it has at the end is to be synced by the caller. Not done
-    /// either if there is more to read than the size says.
+    /// Writes to disk with little delay while copying; the caller has to sync the rest. NotDone also if the
+    /// file turns out to be longer than its size.
     tEnding Copy();
 
 private:
@@ -35,10 +35,10 @@ private:
     int m_hTo;
     std::int64_t m_cySize;
     const ProgressCall& m_goOn;
-    bool m_bInKernel = true;    ///< the kernel has not yet refused to copy by itself
-    bool m_bBegins = true;      ///< the disk begins while the copying goes on
-    std::int64_t m_nBegun = 0;  ///< up to here the disk has been told to begin
-    std::int64_t m_nOnDisk = 0; ///< up to here it is known to have written all
+    bool m_bInKernel = true;    ///< false once the kernel has refused to copy by itself
+    bool m_bBegins = true;      ///< writing to disk is started while copying
+    std::int64_t m_nBegun = 0;  ///< writing to disk has been started up to this offset
+    std::int64_t m_nOnDisk = 0; ///< known to be on disk up to this offset
     std::unique_ptr<char[]> m_buffer;
 };
 

@@ -17,7 +17,7 @@ namespace {
 
 constexpr const char* kTargetMoved = "The destination folder is no longer where it was.";
 
-/// True if a file or folder is locked against changes by more than its rights.
+/// True if a file or folder is protected against changes by an attribute, independently of its mode.
 bool IsLocked(int hFolder, const char* pName, int nFlags)
 {
     struct statx status = {};
@@ -27,15 +27,15 @@ bool IsLocked(int hFolder, const char* pName, int nFlags)
            (status.stx_attributes & nLocked) != 0;
 }
 
-/// Why a file cannot be taken out of its folder, as far as that can be known beforehand: the system's error
-/// number, or 0.
+/// Why a file cannot be removed from its folder, as far as that can be known beforehand: the error number, or
+/// 0.
 int WhyNotRemovable(const FolderEntry& file)
 {
     const int hFolder = file.Folder().Get();
     if (faccessat(hFolder, ".", W_OK | X_OK, AT_EACCESS) != 0) {
         return errno;
     }
-    // In a folder of all users, what is another's.
+    // A file of another user in a folder with the sticky bit.
     const tLook& folder = file.Folder().Look();
     const tLook look = file.Look();
     const uid_t me = geteuid();
@@ -82,7 +82,8 @@ tEnding FileTransfer::Carry(const HeldFile& source, const tPlannedFile& file, co
     return ending;
 }
 
-/// Settles whether the file is to go there at all: what stands there is itself, or no file, or is to stay.
+/// Decides whether the file is to be transferred at all: what exists at the target may be the file itself,
+/// not a file, or a file that is to stay.
 tEnding FileTransfer::Settle(tJob& job)
 {
     const FolderEntry& entry = job.source.Entry();
@@ -122,7 +123,7 @@ tEnding FileTransfer::Settle(tJob& job)
     return {tEnding::Kind::Skipped, {}};
 }
 
-/// Whether the file and the one in its way, `target`, have the same contents.
+/// Compares the contents of the file and of the existing one, `target`.
 ContentComparison::Result FileTransfer::CompareWithTarget(const tJob& job, const tLook& target)
 {
     if (target.status.st_size != job.source.Expected().cySize) {
@@ -137,15 +138,15 @@ ContentComparison::Result FileTransfer::CompareWithTarget(const tJob& job, const
                   : ContentComparison::Result::Different;
 }
 
-/// Has a file given the target's name, the one that is to be replaced going to the trash.
+/// Gives a file the target's name, and moves a file that is to be replaced to the trash.
 tRelocation FileTransfer::Place(const tJob& job, const Names& names)
 {
-    // Without replacing: this also tells, before anything is touched, whether it can be done at all.
+    // The first try does not replace anything, and also shows whether the rename is possible before anything
+    // is touched.
     tRelocation placed = names();
     if (placed.nError != EEXIST || !job.replaced) {
         return placed;
     }
-    // The old file makes room.
     HeldFile old(job.target, *job.replaced);
     tTrashed trashed;
     tEnding ending = old.Hold();
@@ -157,7 +158,6 @@ tRelocation FileTransfer::Place(const tJob& job, const Names& names)
             tEnding::NotDone("The file that is there cannot be put into the trash first. " + ending.sReason)};
     }
     placed = names();
-    // If that fails, the old file comes back.
     if (!placed.ending.IsDone() && !TrashCan::PutBack(trashed, job.target)) {
         placed.ending.sReason += " The file that was there is in the trash.";
         placed.bBack = false;
@@ -167,7 +167,7 @@ tRelocation FileTransfer::Place(const tJob& job, const Names& names)
 
 tEnding FileTransfer::Copy(const tJob& job)
 {
-    // A move that could not be finished is not begun.
+    // A move that cannot be completed is not started.
     int nError = m_bMove ? WhyNotRemovable(job.source.Entry()) : 0;
     if (nError != 0) {
         return tEnding::NotDone(Reason(nError, Step::Remove));
@@ -181,8 +181,8 @@ tEnding FileTransfer::Copy(const tJob& job)
     if (!ending.IsDone()) {
         return ending;
     }
-    // From here until the source has gone: on some file systems what is written through a mapping, or within
-    // one step of the clock, leaves no trace in the times.
+    // From here until the source has been removed: on some file systems a write through a mapping, or within
+    // the same clock tick, leaves no trace in the times.
     tOriginal original{source.Get(), before.status};
     if (m_bMove) {
         original.lease.emplace(source.Get());
@@ -214,10 +214,10 @@ tEnding FileTransfer::Copy(const tJob& job)
     return ending;
 }
 
-/// Brings all that the original is into the temporary file and that onto the disk. Done may have a remark.
+/// Copies content and metadata of the original to the temporary file and syncs it. Done may have a remark.
 tEnding FileTransfer::Fill(const tJob& job, const tOriginal& original, const TemporaryFile& made)
 {
-    // Whoever opens it for writing meanwhile waits, and has it back at once.
+    // If another program opens the file for writing, the copy is abandoned so that it does not have to wait.
     const ProgressCall goOn = [&](std::int64_t nDone) {
         return job.goOn(nDone) && !original.IsOpenForWriting();
     };
@@ -232,12 +232,12 @@ tEnding FileTransfer::Fill(const tJob& job, const tOriginal& original, const Tem
     if (!kept.IsDone()) {
         return kept;
     }
-    // On the disk, before it gets its name.
+    // Synced before it gets its name.
     const int nError = made.Finish();
     if (nError != 0) {
         return tEnding::NotDone(Reason(nError, Step::Write));
     }
-    // Whole, and of a file that nobody wrote to meanwhile.
+    // The copy must be complete, and the original must not have been written to meanwhile.
     const tLook copy = LookAt(made.Get());
     if (copy.nError != 0 || copy.status.st_size != original.status.st_size) {
         return tEnding::NotDone("The copy did not come out whole.");
@@ -247,10 +247,10 @@ tEnding FileTransfer::Fill(const tJob& job, const tOriginal& original, const Tem
     return ending.IsDone() ? kept : ending;
 }
 
-/// What is left to do once the copy has its name.
+/// The final steps once the copy has its name.
 tEnding FileTransfer::Finish(const tJob& job, const tOriginal& original, const TemporaryFile& copy)
 {
-    // The new name is on the disk before the old one goes.
+    // The new name must be on disk before the old one is removed.
     const int nError = m_bMove ? SyncFolder(job.target.Folder(), copy.Get()) : 0;
     const std::string sWhyNot = nError != 0 ? Reason(nError, Step::Write) : WhyNotThere(job, copy);
     tEnding ending = sWhyNot.empty() ? tEnding() : tEnding::NotDone(sWhyNot);
@@ -266,7 +266,7 @@ tEnding FileTransfer::Finish(const tJob& job, const tOriginal& original, const T
     return ending;
 }
 
-/// Why the copy does not count; empty if it lies where it is to.
+/// Why the copy is not valid; empty if it is where it should be.
 std::string FileTransfer::WhyNotThere(const tJob& job, const TemporaryFile& copy)
 {
     return !job.target.Look().IsSameFileAs(LookAt(copy.Get()))
@@ -275,14 +275,14 @@ std::string FileTransfer::WhyNotThere(const tJob& job, const TemporaryFile& copy
                                                  : "";
 }
 
-/// Why the original must not go for this copy. Where nobody can write to it unnoticed they are known to be
-/// alike; elsewhere the times, which may be coarse, are not enough to go by.
+/// Why the original must not be removed in favour of this copy. If nobody can write to it unnoticed, both are
+/// known to be identical; otherwise the times, which may be coarse, are not sufficient.
 std::string FileTransfer::WhyUnlike(const tJob& job, const tOriginal& original, const TemporaryFile& copy)
 {
     if (original.lease->IsHeld()) {
         return {};
     }
-    // All of it has been copied, and that is what goes on showing.
+    // Everything has been copied, so the progress stays at the end during the comparison.
     const ProgressCall goOn = [&](std::int64_t) { return job.goOn(original.status.st_size); };
     switch (m_comparison.Compare(original.h, copy.Get(), goOn)) {
     case ContentComparison::Result::Same:

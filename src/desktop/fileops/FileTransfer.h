@@ -23,8 +23,8 @@
 
 namespace desktop {
 
-/// Moves or copies file after file. At every moment each file is whole under its old name or its new one, and
-/// a file replaced is in the trash; where it cannot go there, it is not replaced.
+/// Moves or copies files one by one. At every moment each file is complete under its old or its new name, and
+/// a replaced file is in the trash; if it cannot go there, it is not replaced.
 class FileTransfer
 {
 public:
@@ -33,37 +33,37 @@ public:
     {
     }
 
-    /// Brings one file, which is held, to its target. Where another one is there, the user is asked. Skipped
-    /// and Cancelled leave it as it was, and so does NotDone unless the reason says otherwise. Done may have
-    /// a remark.
+    /// Moves or copies a held file to its target. If the target exists, the user is asked. Skipped and
+    /// Cancelled leave the file as it was, and so does NotDone unless the reason says otherwise. Done may
+    /// have a remark.
     tEnding Carry(const HeldFile& source, const tPlannedFile& file, const ProgressCall& goOn);
 
-    /// The folder that a file goes to; null if it cannot be opened.
+    /// The target folder of a file; null if it cannot be opened.
     FolderPtr FolderOf(const tPlannedFile& file) { return Target(file).pFolder; }
 
-    /// Files that were done, but the folder that they were brought to is no longer where it was.
+    /// Files that were transferred to a folder which is no longer where it was.
     [[nodiscard]] std::vector<std::string> Astray() const { return m_folders.Astray(); }
 
 private:
-    /// The file in hand.
+    /// The file being transferred.
     struct tJob {
         const HeldFile& source;
         const tPlannedFile& file;
         const ProgressCall& goOn;
         FolderEntry target;
-        std::optional<tFileIdentity> replaced{}; ///< what the user has agreed to have replaced
+        std::optional<tFileIdentity> replaced{}; ///< the file that the user has agreed to replace
     };
 
-    /// A file that is copied, open, and what it was when that began.
+    /// A file that is copied: its open descriptor, and its state when the copy began.
     struct tOriginal {
         [[nodiscard]] bool IsOpenForWriting() const { return lease && lease->IsOpenForWriting(); }
 
         int h;
         const Status& status;
-        std::optional<WriteLease> lease{}; ///< on one that is moved
+        std::optional<WriteLease> lease{}; ///< only for a move
     };
 
-    /// Gives a file the target's name without replacing.
+    /// Gives a file the target name without replacing anything.
     using Names = std::function<tRelocation()>;
 
     tTargetFolder& Target(const tPlannedFile& file);
@@ -77,7 +77,7 @@ private:
     std::string WhyUnlike(const tJob& job, const tOriginal& original, const TemporaryFile& copy);
 
     TargetFolders m_folders;
-    TrashCan m_trash; ///< for what is replaced
+    TrashCan m_trash; ///< for replaced files
     bool m_bMove;
     ReplaceQuestions m_questions;
     ContentComparison m_comparison;

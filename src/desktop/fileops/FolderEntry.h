@@ -24,14 +24,13 @@ public:
     [[nodiscard]] const FolderPtr& SharedFolder() const { return m_pFolder; }
     [[nodiscard]] const tName& Name() const { return m_name; }
 
-    /// Where it is, as long as the folder is where it was.
+    /// Its full path, as long as the folder has not been moved.
     [[nodiscard]] std::string Path() const;
 
-    /// What bears the name, a link itself and not what it leads to. Says why where the folder could not be
-    /// opened.
+    /// Looks at the name without following a link. Contains the folder's error if that could not be opened.
     [[nodiscard]] tLook Look() const;
 
-    /// Opens what bears the name; never through a link. `nError` takes the system's error number.
+    /// Opens the file without following a link. Sets `nError` to the error number.
     [[nodiscard]] Descriptor Open(int nFlags, int& nError) const;
 
 private:
@@ -39,7 +38,7 @@ private:
     tName m_name;
 };
 
-/// The name at the end of a path.
+/// The last component of a path.
 std::string NameOf(const std::string& sPath);
 
 } // namespace desktop

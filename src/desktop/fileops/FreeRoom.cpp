@@ -19,12 +19,12 @@ std::optional<tRoom> MissingRoom(const tOperationPlan& plan, HeldFolders& folder
     struct statvfs volume = {};
     const Descriptor folder = Reopened(pFolder->Get());
     if (!folder.IsOpen() || Retried([&] { return fstatvfs(folder.Get(), &volume); }) != 0) {
-        return std::nullopt; // each file will say why
+        return std::nullopt; // each file will report the reason
     }
     tRoom room;
     room.cyFree = static_cast<std::int64_t>(volume.f_bavail) * static_cast<std::int64_t>(volume.f_frsize);
     for (const tPlannedFile& file : plan.files) {
-        // Within a volume a move needs none.
+        // A move within a volume needs no room.
         const bool bRenames = plan.operation.operation == FileOperation::Move &&
                               file.identity.nDevice == pFolder->Look().status.st_dev;
         if (!bRenames && file.sPath != file.sTarget) {

@@ -16,7 +16,7 @@ bool MayChange(int hFolder)
     return faccessat(hFolder, ".", W_OK | X_OK, AT_EACCESS) == 0;
 }
 
-/// What is wrong with what a rename brought to its new name; empty if nothing.
+/// What is wrong with the file that a rename has put at the new name; empty if nothing.
 std::string WhatIsWrong(const HeldFile& file, const tNewPlace& place)
 {
     const tLook arrived = place.to.Look();
@@ -66,7 +66,7 @@ tRelocation Relocate(const HeldFile& file, const tNewPlace& place)
         const std::string sWrong = WhatIsWrong(file, place);
         return sWrong.empty() ? tRelocation() : GoBack(file, place, sWrong);
     }
-    // One of the two places has gone, or may not be changed: which?
+    // Finds out which of the two folders has gone or is not writable.
     if (nError == ENOENT && file.IsStillThere().IsDone()) {
         return {tEnding::NotDone(place.pGone), true, nError};
     }

@@ -12,8 +12,8 @@
 
 namespace desktop {
 
-/// A file that is to be acted on: its place in a held folder, what it must still be, and the file itself,
-/// held open, so that no other can be taken for it.
+/// A file that is to be processed: its name in a held folder, its expected identity, and an open descriptor,
+/// so that no other file can be mistaken for it.
 class HeldFile
 {
 public:
@@ -22,16 +22,16 @@ public:
     {
     }
 
-    /// Takes hold of it. Not done if what bears the name is not the file that is expected.
+    /// Opens the file. NotDone if the name does not refer to the expected file.
     tEnding Hold();
 
     [[nodiscard]] const FolderEntry& Entry() const { return m_entry; }
     [[nodiscard]] const tFileIdentity& Expected() const { return m_expected; }
 
-    /// Open as a mere place (O_PATH) once it is held.
+    /// The descriptor (O_PATH) after Hold.
     [[nodiscard]] int Get() const { return m_file.Get(); }
 
-    /// Done if its path leads to it now, and it has not been written to.
+    /// Done if the path currently refers to this file, and it has not been modified.
     [[nodiscard]] tEnding IsStillThere() const;
 
 private:
@@ -40,27 +40,27 @@ private:
     Descriptor m_file;
 };
 
-/// A new name for a held file.
+/// The destination of a rename of a held file.
 struct tNewPlace {
     FolderEntry to;
-    const char* pGone; ///< the sentence for a folder that is no longer where it was
+    const char* pGone; ///< the message if the destination folder is no longer where it was
     const char*
-        pLies; ///< the sentence that says where a file lies that could not go back: " It is in the trash."
-    Step step; ///< what is being done, for the reasons of the system
+        pLies; ///< the message that says where a file is that could not be moved back: " It is in the trash."
+    Step step; ///< the current step, for error messages
 };
 
-/// How that ended.
+/// The result of a rename.
 struct tRelocation {
     tEnding ending;
-    bool bBack = true; ///< if not done: there is nothing at the new name
-    int nError = 0;    ///< what the system said if it refused to rename
+    bool bBack = true; ///< if not done: whether the new name is free again
+    int nError = 0;    ///< the error number if the rename was refused
 };
 
-/// Renames, without replacing anything, and sees that it was this file that arrived, and that both folders
-/// are where they were; otherwise what arrived goes back.
+/// Renames without replacing anything, then verifies that this file has arrived and that both folders are
+/// where they were; otherwise renames it back.
 tRelocation Relocate(const HeldFile& file, const tNewPlace& place);
 
-/// Gives what is at the new name the old one back, replacing nothing. `sWhy` is the sentence for the reason.
+/// Renames the file at the new name back without replacing anything. `sWhy` is the message with the reason.
 tRelocation GoBack(const HeldFile& file, const tNewPlace& place, const std::string& sWhy);
 
 } // namespace desktop

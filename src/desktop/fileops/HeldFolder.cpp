@@ -11,8 +11,7 @@
 namespace desktop {
 namespace {
 
-/// The path without "." and ".." and needless separators. No link is followed, so that its letters are all
-/// there is to it.
+/// The path without ".", ".." and redundant separators. Links are not followed, so only the text counts.
 std::string Tidy(const std::string& sFolder)
 {
     std::string sTidy = std::filesystem::path(sFolder).lexically_normal().string();

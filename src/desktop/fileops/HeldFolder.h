@@ -9,27 +9,27 @@
 
 namespace desktop {
 
-/// A folder that is held open, so that what is done in it is done in this one whatever becomes of its path.
+/// A folder that is held open, so that operations act on this folder whatever happens to its path.
 class HeldFolder
 {
 public:
-    /// Opens the folder of this full path, unless a link is on the way.
+    /// Opens the folder with this full path. Fails if a link is on the path.
     explicit HeldFolder(const std::string& sPath);
 
-    /// None, for this reason.
+    /// No folder, with this error number.
     explicit HeldFolder(int nError) : m_look{nError, {}} {}
 
-    /// The system's error number if it could not be opened, otherwise 0.
+    /// The error number if it could not be opened, otherwise 0.
     [[nodiscard]] int Error() const { return m_look.nError; }
 
-    /// Only good as the place from which names lead on.
+    /// Usable only as the base of relative names (O_PATH).
     [[nodiscard]] int Get() const { return m_folder.Get(); }
     [[nodiscard]] const std::string& Path() const { return m_sPath; }
 
-    /// What it was when it was opened.
+    /// Its status when it was opened.
     [[nodiscard]] const tLook& Look() const { return m_look; }
 
-    /// True if the path leads to this very folder now.
+    /// True if the path still leads to this folder.
     [[nodiscard]] bool IsWhereItWas() const;
 
 private:
@@ -40,7 +40,7 @@ private:
 
 using FolderPtr = std::shared_ptr<const HeldFolder>;
 
-/// Opens an open folder once more, to list or to sync it. Not open if that failed, with errno.
+/// Reopens an open folder for listing or syncing. Not open on failure, with errno set.
 Descriptor Reopened(int hFolder);
 
 } // namespace desktop

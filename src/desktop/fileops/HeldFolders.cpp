@@ -8,7 +8,7 @@
 namespace desktop {
 namespace {
 
-/// A process has 1,024 descriptors, and a batch of files for the trash needs some hundreds.
+/// A process can have 1,024 descriptors, and a batch of files for the trash needs a few hundred.
 constexpr std::size_t kMostHeld = 200;
 
 } // namespace

@@ -10,16 +10,16 @@
 
 namespace desktop {
 
-/// The folders that an operation has to do with. Each is opened once; where they are too many to be held all
-/// at the same time, one that is opened again must be the one that it was.
+/// The folders used by an operation. Each is opened once. If there are too many to hold all open, a folder
+/// that is opened again must be the same one as before.
 class HeldFolders
 {
 public:
-    /// The folder that the file of this path is in. Where it cannot be opened it says why, with ESTALE if it
-    /// is another one by now.
+    /// The folder that contains the file with this path. On failure it has an error number, ESTALE if it is
+    /// another folder by now.
     FolderPtr Of(const std::string& sFilePath);
 
-    /// The folder of this path.
+    /// The folder with this path.
     FolderPtr Get(const std::string& sFolder);
 
 private:

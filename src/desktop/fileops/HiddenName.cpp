@@ -51,8 +51,8 @@ Descriptor MakeLocked(int hFolder, HiddenKind kind, std::string& sName)
             sName.clear();
             return file;
         }
-        // Another run may have come in between and have taken it for a dead one's: that one removes it. Where
-        // there are no locks, nobody takes it for one.
+        // Before the lock, another run may have mistaken the file for one of a terminated run and removed it.
+        // Without support for locks no run does that.
         const bool bLocked = Retried([&] { return flock(file.Get(), LOCK_EX | LOCK_NB); }) == 0;
         if (bLocked ? LookAt(hFolder, sName).IsSameFileAs(LookAt(file.Get())) : errno != EWOULDBLOCK) {
             return file;

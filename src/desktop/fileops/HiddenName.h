@@ -8,27 +8,27 @@
 
 namespace desktop {
 
-/// What a file under a hidden name of this program's is. As long as the run lives that made it, it holds a
-/// lock (flock) on the file.
+/// The purpose of a file with one of this program's hidden names. The run that created it holds a lock
+/// (flock) on the file for its own lifetime.
 enum class HiddenKind : char {
-    Copy = 'c', ///< a copy in the making, or a placeholder for a name
-    Source =
-        's', ///< the source of a move, about to go: the file, or a folder that holds it under its own name
-    Journal = 't', ///< notes of a trash that are being made
+    Copy = 'c',   ///< an unfinished copy, or a placeholder for a name
+    Source = 's', ///< the source of a move before its removal: the file, or a folder that contains it under
+                  ///< its own name
+    Journal = 't', ///< a record of notes in a trash that are being created
 };
 
-/// A hidden name that nobody can guess. Empty if the system has no random numbers to give. A source's has the
-/// name that it had at its end.
+/// An unpredictable hidden name. Empty if the system provides no random numbers. For a source it ends in the
+/// original name.
 std::string HiddenName(HiddenKind kind, std::string_view sOriginal = {});
 
-/// Makes a file under a new hidden name in an open folder, for its owner alone, open for reading and writing,
-/// and locks it. `sName` takes its name. Not open if that failed, with errno.
+/// Creates a file with a new hidden name in an open folder, accessible only to its owner, open for reading
+/// and writing, and locked. Sets `sName` to its name. Not open on failure, with errno set.
 Descriptor MakeLocked(int hFolder, HiddenKind kind, std::string& sName);
 
 /// True if `sName` is a hidden name of this kind.
 bool IsHiddenName(std::string_view sName, HiddenKind kind);
 
-/// The name that the source of this hidden name had; empty if it does not say.
+/// The original name in the hidden name of a source; empty if it contains none.
 std::string_view OriginalName(std::string_view sHiddenName);
 
 } // namespace desktop

@@ -5,17 +5,16 @@
 
 namespace desktop {
 
-/// Has the last word on a file that goes to the trash.
+/// A final check on a file that goes to the trash.
 class LastLook
 {
 public:
     virtual ~LastLook() = default;
 
-    /// Right before it goes: done, or why it is to stay. `hFile` is the held file, open as a mere place
-    /// (O_PATH).
+    /// Called right before: Done, or the reason why it has to stay. `hFile` is the held file (O_PATH).
     virtual tEnding Before(int hFile) = 0;
 
-    /// Right behind that: done, or why it is to come back.
+    /// Called right after: Done, or the reason why it has to come back.
     virtual tEnding After() = 0;
 };
 

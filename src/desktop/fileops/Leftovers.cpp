@@ -20,19 +20,19 @@ struct CloseFolder {
     void operator()(DIR* pFolder) const { closedir(pFolder); }
 };
 
-/// The file of a source that was set aside goes back to `sOriginal` in the folder.
+/// Renames a source that was set aside back to `sOriginal` in the folder.
 void PutBack(const HeldFolder& folder, const tName& aside, const std::string& sOriginal,
              std::vector<tNotDone>& left)
 {
-    // Whoever may change a folder may have moved the file of another out of it.
+    // The source may belong to another user: write access to the folder is enough to move it.
     const Descriptor file = Inherited(aside.hFolder, aside.sName, true);
     const int nError = file.IsOpen() ? RenameWithoutReplacing(aside, {folder.Get(), sOriginal}) : 0;
     if (nError == 0) {
         return;
     }
-    // Where a rename takes several steps, the run may have died with both names on the file, or with an
-    // empty file made to hold the hidden one. A source goes only when its copy is safe, so an empty one that
-    // has lost its name to another file is nothing to keep either.
+    // Where a rename takes several steps, the run may have ended with both names on the file, or with an
+    // empty placeholder for the hidden name. A source is removed only when its copy is safe, so an empty one
+    // whose name belongs to another file need not be kept either.
     const tLook look = LookAt(file.Get());
     const tLook taken = LookAt(folder.Get(), sOriginal);
     if (taken.nError == 0 && (taken.IsSameFileAs(look) || (look.nError == 0 && look.status.st_size == 0))) {
@@ -45,8 +45,8 @@ void PutBack(const HeldFolder& folder, const tName& aside, const std::string& sO
              (nError == EEXIST ? "Its name is taken by another file." : Reason(nError, Step::Remove))});
 }
 
-/// The one file in a folder that a run has made for a source whose name leaves no room for more; empty if
-/// the folder is not such a one. Anybody may have given any folder the name of one.
+/// The only file in a folder that was created for a source whose name is too long for a hidden name; empty if
+/// the folder is not of that kind. Another user may have given any folder such a name.
 std::string OnlyFileIn(int hFolder)
 {
     const tLook look = LookAt(hFolder);
@@ -76,7 +76,7 @@ void PutBackSource(const HeldFolder& folder, const std::string& sName, std::vect
     if (const std::string sInside = OnlyFileIn(aside.Get()); !sInside.empty()) {
         PutBack(folder, {aside.Get(), sInside}, sInside, left);
     }
-    // One that is not empty stays.
+    // Fails if it is not empty.
     unlinkat(folder.Get(), sName.c_str(), AT_REMOVEDIR);
 }
 
@@ -111,7 +111,7 @@ Descriptor Inherited(int hFolder, const std::string& sName, bool bAnyUsers)
     const bool bOurs = look.nError == 0 && S_ISREG(look.status.st_mode) &&
                        (bAnyUsers || look.status.st_uid == geteuid() || geteuid() == 0);
     const bool bFree = bOurs && Retried([&] { return flock(file.Get(), LOCK_EX | LOCK_NB); }) == 0;
-    // By the time of the lock its owner may have given it another name.
+    // Before the lock, the owner may have renamed it.
     return bFree && LookAt(hFolder, sName).IsSameFileAs(look) ? std::move(file) : Descriptor();
 }
 

@@ -18,10 +18,10 @@
 namespace desktop {
 namespace {
 
-/// In the place of an error number: the attributes do not fit where the file system keeps them.
+/// Used in place of an error number: the file system has no room for the attributes.
 constexpr int kNoRoom = -1;
 
-/// 0 also for what the destination does not know or permit.
+/// 0 also for what the destination does not support or permit.
 int Judged(int nResult)
 {
     if (nResult == 0) {
@@ -54,11 +54,11 @@ int KeepOwner(int hTo, const Status& status)
     if (Retried([&] { return fchown(hTo, status.st_uid, status.st_gid); }) == 0) {
         return 0;
     }
-    // Who may not give a file away may still give it to another group of his.
+    // A user who may not change the owner may still set the group to another group of their own.
     return Judged(Retried([&] { return fchown(hTo, static_cast<uid_t>(-1), status.st_gid); }));
 }
 
-/// True if the disk has room: then it is the file's own place for attributes that has none left.
+/// True if the disk has room: then it is the attribute space of the file that is full.
 bool HasRoom(int h)
 {
     constexpr unsigned long kEnough = 64;
@@ -80,7 +80,7 @@ int KeepAttribute(int hFrom, int hTo, const char* pName, std::vector<char>& valu
 
 int KeepAttributes(int hFrom, int hTo)
 {
-    // What the destination folder bequeaths would let in others than the original does.
+    // A default list of the destination folder could give rights to users without rights on the original.
     const int nError = Judged(Retried([&] { return fremovexattr(hTo, kAccessListName); }));
     const ssize_t nSize = flistxattr(hFrom, nullptr, 0);
     if (nError != 0 || nSize <= 0) {
@@ -94,7 +94,7 @@ int KeepAttributes(int hFrom, int hTo)
     sNames.resize(static_cast<std::size_t>(nLength));
     std::vector<char> value;
     for (std::size_t n = 0; n < sNames.size(); n = sNames.find('\0', n) + 1) {
-        // Who may do what comes later, all at once.
+        // Access rights are set later, all at once.
         if (std::string_view(sNames.c_str() + n) == kAccessListName) {
             continue;
         }
@@ -106,21 +106,21 @@ int KeepAttributes(int hFrom, int hTo)
     return 0;
 }
 
-/// The rights that the copy gets: the original's, less what would let in others than those.
+/// The rights of the copy: those of the original, reduced so that nobody else gets access.
 tAccess NarrowedAccess(int hFrom, const Status& status, const Status& made)
 {
     tAccess access = AccessOf(hFrom, status.st_mode);
     if (made.st_uid != status.st_uid || made.st_gid != status.st_gid) {
         access.mode &= ~static_cast<mode_t>(S_ISUID | S_ISGID);
     }
-    // Those of its new group were among the others, and those of the group it had are now.
+    // Members of the new group had the rights of others before, and members of the old group have them now.
     if (made.st_gid != status.st_gid) {
         access.MakeGroupLikeOthers();
     }
     return access;
 }
 
-/// Sets the rights. Done with a reason says which could not be kept.
+/// Sets the access rights. Done with a reason says which could not be kept.
 tEnding KeepAccess(int hFrom, int hTo, const Status& status)
 {
     const tLook made = LookAt(hTo);
@@ -157,7 +157,8 @@ tEnding KeepAccess(int hFrom, int hTo, const Status& status)
 
 tEnding KeepMetadata(int hFrom, int hTo, const Status& status)
 {
-    // The owner first: a change of it takes rights away. The mode opens the file to others, the times last.
+    // The owner comes first, since changing it clears mode bits. The mode comes later, since it opens the
+    // file to others, and the times last.
     int nError = KeepOwner(hTo, status);
     if (nError == 0) {
         nError = KeepAttributes(hFrom, hTo);

@@ -6,10 +6,10 @@
 
 namespace desktop {
 
-/// Gives the open file `hTo` the owner, the extended attributes with the access control list, the mode and
-/// the times of `hFrom`, whose state at the beginning is `status`. What the destination does not know or
-/// permit is left out, but never so that somebody may do more with the copy than with the original: the
-/// rights that would do that are left out as well. Done with a reason says what is to be known of that.
+/// Copies owner, extended attributes with the access control list, mode and times of `hFrom`, whose initial
+/// state is `status`, to the open file `hTo`. What the destination does not support or permit is left out.
+/// Nobody gets more rights on the copy than on the original: rights that would cause that are left out as
+/// well, and Done then has a reason that says so.
 tEnding KeepMetadata(int hFrom, int hTo, const Status& status);
 
 } // namespace desktop

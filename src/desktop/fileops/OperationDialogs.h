@@ -13,121 +13,123 @@ namespace desktop {
 
 enum class FileOperation { Trash, Move, Copy };
 
-/// What is about to be done.
+/// An operation about to be carried out.
 struct tOperation {
     FileOperation operation = FileOperation::Trash;
     std::size_t nFiles = 0;
-    std::int64_t cyTotal = 0;              ///< bytes in all of them
-    platform::WindowHandle hwnd = nullptr; ///< over which to ask
-    std::size_t nMissing = 0;              ///< what was asked for besides and is no file any more
+    std::int64_t cyTotal = 0;              ///< total size in bytes
+    platform::WindowHandle hwnd = nullptr; ///< owner of the questions
+    std::size_t nMissing = 0;              ///< requested files that do not exist any more
 };
 
-/// Why some files of an operation deserve a thought before they go to the trash.
+/// Reasons to warn about files before they go to the trash.
 enum class Concern {
-    NoOtherCopy,   ///< nothing of their group stays
+    NoOtherCopy,   ///< no file of their group stays
     FileChanged,   ///< they have changed since the search
-    CopiesChanged, ///< every copy that stays has
-    OtherSize,     ///< the search did not go by contents, and nothing that stays is of their size
-    NotCompared,   ///< the search did not go by contents
-    SameFileStays, ///< what stays is the same file by another name
-    InTrash,       ///< they cannot go: they lie in a trash
-    NoTrash        ///< they cannot go: their volume has none
+    CopiesChanged, ///< all copies that stay have changed
+    OtherSize,     ///< the search did not compare contents, and no file that stays has the same size
+    NotCompared,   ///< the search did not compare contents
+    SameFileStays, ///< what stays is the same file under another name
+    InTrash,       ///< they cannot be deleted: they are in a trash
+    NoTrash        ///< they cannot be deleted: their volume has no trash
 };
 
-/// Files for which the same is to be said.
+/// Files with the same concern.
 struct tConcern {
     Concern concern = Concern::NoOtherCopy;
     std::vector<std::string> paths; ///< exact bytes
-    std::string sVolume{};          ///< NoTrash: the top folder of their volume
+    std::string sVolume{};          ///< for NoTrash: the top folder of their volume
 };
 
-/// What the user is to agree to.
+/// A question for the user's consent.
 struct tConfirmation {
     tOperation operation;
-    platform::ComparedBy comparedBy = platform::ComparedBy::Content; ///< how the files were found alike
-    std::size_t nWithCopy = 0;                                       ///< of which a copy stays
-    std::vector<tConcern> concerns{}; ///< none without files, the gravest first
-    std::string sOnly{};              ///< the path of the file, if it is only one
+    platform::ComparedBy comparedBy = platform::ComparedBy::Content; ///< how the search compared the files
+    std::size_t nWithCopy = 0;                                       ///< number of files of which a copy
+                                                                     ///< stays
+    std::vector<tConcern> concerns{}; ///< only those that have files, most serious first
+    std::string sOnly{};              ///< the path of the file if there is only one
 };
 
-/// The user's word on it.
+/// The user's answer to it.
 enum class Consent { Cancel, WithCopy, All };
 
-/// The room that an operation needs at its destination, and that there is.
+/// The room needed at the destination, and the room available.
 struct tRoom {
-    std::size_t nFiles = 0; ///< that need it
+    std::size_t nFiles = 0; ///< number of files that need it
     std::int64_t cyNeeded = 0;
     std::int64_t cyFree = 0;
 };
 
-/// A file as a question shows it. The path is exact bytes.
+/// A file as shown in a question. The path is exact bytes.
 struct tFileFacts {
     std::string sPath;
     std::int64_t cySize = 0; ///< bytes
-    double dtDate = 0;       ///< last write in local time: days since 30 December 1899; 0 if unknown
+    double dtDate = 0;       ///< last modification in local time: days since 30 December 1899; 0 if unknown
 };
 
-/// The user's word on a file that stands where another one is to go.
+/// The user's answer to whether an existing file is to be replaced.
 struct tReplaceAnswer {
     enum class Choice { Skip, Replace, Cancel };
     Choice choice = Choice::Skip;
-    bool bForAll = false; ///< the same for all further files of the operation
+    bool bForAll = false; ///< use the same answer for all further files of the operation
 };
 
-/// How far an operation has come.
+/// The progress of an operation.
 struct tOperationProgress {
-    std::string sPath; ///< the file in hand, exact bytes
+    std::string sPath; ///< the current file, exact bytes
     std::size_t nFilesDone = 0;
-    std::int64_t cyDone = 0; ///< bytes, of all files
+    std::int64_t cyDone = 0; ///< bytes of all files together
 };
 
-/// A file that was not dealt with as asked, and why: a sentence without the path, "The folder is read-only."
+/// A file that was not processed as requested, and the reason: a sentence without the path, "The folder is
+/// read-only."
 struct tNotDone {
     std::string sPath;
     std::string sReason;
-    bool bSpared = false; ///< it could go, but no copy of it was found to stay
+    bool bSpared = false; ///< it could be deleted, but no copy was found that stays
 };
 
-/// How an operation ended.
+/// The result of an operation.
 struct tOperationOutcome {
     std::size_t nFilesDone = 0;
     bool bCancelled = false;
-    std::vector<tNotDone> notDone{}; ///< neither files that the user skipped nor those left by a cancel
-    std::vector<tNotDone> remarks{}; ///< what there is to know of files that were dealt with
-    std::size_t nSkipped = 0;        ///< by the user's word
-    std::size_t nReplaced = 0;       ///< files that were at the destination
+    std::vector<tNotDone> notDone{}; ///< without the files that the user skipped or that a cancel left
+    std::vector<tNotDone> remarks{}; ///< remarks on files that were processed
+    std::size_t nSkipped = 0;        ///< at the user's request
+    std::size_t nReplaced = 0;       ///< files at the destination
 };
 
-/// The user, to whom an operation on files turns.
+/// The user interface of file operations.
 class OperationDialogs
 {
 public:
     virtual ~OperationDialogs() = default;
 
-    /// The files are being looked at, before anything is asked. Called often while that lasts, with how many
-    /// have been found so far; then comes one of the others or nothing. False: the user has cancelled.
+    /// Called frequently while the files are examined, before any question, with the files found so far.
+    /// Followed by one of the other calls, or by none. Returns false if the user has cancelled.
     virtual bool Looking(const tOperation& /*soFar*/) { return true; }
 
-    /// Asks once for the whole set, before anything goes to the trash.
+    /// Asks once for all files, before anything goes to the trash.
     virtual Consent Confirm(const tConfirmation& confirmation) = 0;
 
-    /// Asks before anything is moved or copied to where there is not the room for all of it. False: nothing
-    /// is.
+    /// Asks before a move or copy to a destination without enough room. Returns false if nothing is to be
+    /// moved or copied.
     virtual bool AskRoom(const tOperation& operation, const tRoom& room) = 0;
 
-    /// Asks about one file that would be replaced. `bIdentical`: both are the same to the byte.
+    /// Asks about a file that would be replaced. `bIdentical`: both have the same content.
     virtual tReplaceAnswer AskReplace(const tFileFacts& source, const tFileFacts& target,
                                       bool bIdentical) = 0;
 
-    /// The operation begins; it ends with Finished. Whatever takes longer than a moment shows its progress.
+    /// The operation starts; Finished marks its end. Progress is shown if it takes more than a moment.
     virtual void Started(const tOperation& operation) = 0;
 
-    /// Called every few milliseconds, also while nothing moves; it keeps the windows alive, and is cheap when
-    /// called again at once. False: the user has cancelled.
+    /// Called every few milliseconds, even if nothing moves; keeps the windows responsive, and is cheap if
+    /// called again at once. Returns false if the user has cancelled.
     virtual bool Progress(const tOperationProgress& progress) = 0;
 
-    /// Takes the progress down and says what was skipped, replaced and not done; nothing if all went well.
-    /// True if the files that were spared are to go to the trash after all.
+    /// Closes the progress window and reports skipped, replaced and unprocessed files; shows nothing if all
+    /// went well. Returns true if the spared files are to go to the trash after all.
     virtual bool Finished(const tOperation& operation, const tOperationOutcome& outcome) = 0;
 };
 

@@ -13,7 +13,7 @@
 namespace desktop {
 namespace {
 
-/// The entries of a list in which each is followed by a NUL; an empty one ends it.
+/// The entries of a list in which each is followed by a NUL; ends at an empty entry.
 std::vector<std::string> Entries(std::string_view sList)
 {
     std::vector<std::string> entries;
@@ -43,7 +43,7 @@ constexpr const char* kInTrash =
     "It lies in a trash already. Restore it from there, or empty the trash if it "
     "is to be gone for good.";
 
-/// What bears the name, or why it must stay where it is.
+/// Looks at the entry; the result says why it has to stay where it is, if so.
 tEnding Found(const FolderEntry& entry, FileOperation operation, bool bInTrash, tLook& look)
 {
     const int nError = entry.Folder().Error();
@@ -52,8 +52,7 @@ tEnding Found(const FolderEntry& entry, FileOperation operation, bool bInTrash, 
     }
     look = entry.Look();
     tEnding ending = IsRegular(look);
-    // A file that leaves a trash by another way than it came, or a note, leaves something behind that is
-    // lost.
+    // Removing a file or a note from a trash directly would leave an orphan that cannot be restored.
     if (ending.IsDone() && bInTrash && operation != FileOperation::Copy) {
         return tEnding::NotDone(operation == FileOperation::Trash
                                     ? kInTrash

@@ -12,8 +12,8 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// Files that go to the trash together: enough for one sync to cost each little, few enough to hold them all,
-/// and on a slow disk those that can be looked at in this time.
+/// The size of a batch for the trash: enough files for a sync to cost little per file, few enough to hold all
+/// of them open, and on a slow disk as many as can be looked at in this time.
 constexpr std::size_t kBatch = 256;
 constexpr std::chrono::milliseconds kGathering{200};
 
@@ -80,7 +80,7 @@ void OperationRun::CarryOut()
     m_pThread->Record([this](tOperationOutcome& outcome) { outcome.bCancelled = m_bCancelled; });
 }
 
-/// A step of the work on file `sPath`. False: the user has cancelled.
+/// A step of the work on file `sPath`. False if the user has cancelled.
 bool OperationRun::GoOn(const std::string& sPath, std::int64_t cyOfFile)
 {
     tOperationProgress progress = m_progress;
@@ -89,7 +89,7 @@ bool OperationRun::GoOn(const std::string& sPath, std::int64_t cyOfFile)
     return m_pThread->Reached(progress);
 }
 
-/// Records how the work on a file ended.
+/// Records the result for a file.
 void OperationRun::End(const tPlannedFile& file, tEnding ending)
 {
     const bool bDone = ending.IsDone();
@@ -111,7 +111,7 @@ void OperationRun::End(const tPlannedFile& file, tEnding ending)
     m_progress.cyDone += bCancelled ? 0 : file.identity.cySize;
 }
 
-/// Something is about to be done in a folder: what a dead run has left there is put in order first.
+/// Called before the first change in a folder: cleans up what a terminated run has left there.
 void OperationRun::Arrive(const FolderPtr& pFolder)
 {
     if (pFolder && pFolder->Error() == 0 && m_cleared.insert(pFolder->Path()).second) {
@@ -139,7 +139,7 @@ void OperationRun::TrashAll()
     }
 }
 
-/// Puts some files from the `nFirst`th on into the trash; how many have been dealt with.
+/// Moves some files, starting with number `nFirst`, to the trash; returns how many have been processed.
 std::size_t OperationRun::TrashSome(TrashCan& trash, CopyLook& look, std::size_t nFirst)
 {
     const auto start = Clock::now();
@@ -199,7 +199,7 @@ void OperationRun::TransferAll()
     NameAstray(transfer);
 }
 
-/// What was brought to a folder that has been moved since is not where the user wanted it.
+/// Files that were put into a folder which has been moved since are not where the user wanted them.
 void OperationRun::NameAstray(const FileTransfer& transfer)
 {
     const bool bMove = m_plan.operation.operation == FileOperation::Move;

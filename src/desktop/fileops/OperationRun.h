@@ -24,30 +24,31 @@
 
 namespace desktop {
 
-/// One operation as the thread beside the window's does it: looks at the files, and once that is confirmed
-/// deals with one after the other. What has come of it is recorded in `pThread`.
+/// An operation as carried out by the worker thread: looks at the files, and after the user's consent
+/// processes them one by one. Records the results in `pThread`.
 class OperationRun
 {
 public:
-    /// `groups`: what the rows say of the files that were asked for.
+    /// `groups` is what the rows say about the requested files.
     OperationRun(std::shared_ptr<OperationThread> pThread, tOperationPlan plan, platform::tFileGroups groups);
 
-    /// The plan as far as the files have been looked at. Not for another thread while this one works.
+    /// The plan, as far as the files have been looked at. Must not be called from another thread while this
+    /// one works.
     [[nodiscard]] const tOperationPlan& Plan() const { return m_plan; }
 
     void LookAtFiles();
 
-    /// Once the files have been looked at: what is to be asked before they go to the trash; and what a move
-    /// or copy needs, if there is not that much room.
+    /// After the files have been looked at: the question before they go to the trash, and for a move or copy
+    /// the missing room, if any.
     [[nodiscard]] tConfirmation Question() const { return m_consent.Question(); }
     [[nodiscard]] const std::optional<tRoom>& Room() const { return m_room; }
 
-    /// The answer to the question. What it leaves to be done.
+    /// Applies the answer. Returns the operation that is left to carry out.
     tOperation Answered(Consent consent);
 
     void CarryOut();
 
-    /// Once that has been done: a plan for the files that were spared.
+    /// After that: a plan for the spared files.
     [[nodiscard]] tOperationPlan Spared() const;
 
 private:
@@ -67,9 +68,9 @@ private:
     TrashConsent m_consent;
     std::optional<tRoom> m_room;
     Consent m_answer = Consent::All;
-    std::vector<std::size_t> m_toTrash; ///< places in the plan of the files that may go
+    std::vector<std::size_t> m_toTrash; ///< indexes in the plan of the files that may go
     std::vector<std::string> m_spared;
-    std::unordered_set<std::string> m_cleared; ///< folders without leftovers
+    std::unordered_set<std::string> m_cleared; ///< folders already cleared of leftovers
     tOperationProgress m_progress;
     bool m_bCancelled = false;
 };

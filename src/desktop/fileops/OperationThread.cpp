@@ -14,15 +14,15 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// How often the windows are kept alive.
+/// The interval at which events are processed.
 constexpr std::chrono::milliseconds kPace{10};
 
-/// How long work may take to hear of a cancel, so that the user has the window back within a tenth of a
-/// second; and how long to tidy up once it has heard.
+/// How long the work may take to notice a cancel, so that the user has the window back within a tenth of a
+/// second; and how long it may take to clean up after that.
 constexpr std::chrono::milliseconds kToHear{60};
 constexpr std::chrono::milliseconds kToTidyUp{1000};
 
-/// So many times as long where the work waits at each step until it has been shown.
+/// Factor for both times if the work stops at each step until it has been shown.
 constexpr int kPatience = 20;
 
 std::atomic<int> g_nLeftBehind{0};
@@ -40,7 +40,7 @@ bool OperationThread::Run(const std::shared_ptr<OperationThread>& pThread, std::
         } catch (const std::bad_alloc&) {
             bMemory = false;
         }
-        work = nullptr; // what it owns may take a file system's answer to close
+        work = nullptr; // destroying what it owns may have to wait for a file system
         pThread->End(bMemory);
     });
     const bool bEnded = pThread->Serve(shows, dialogs);

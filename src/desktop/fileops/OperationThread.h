@@ -10,35 +10,36 @@
 
 namespace desktop {
 
-/// Work on files on a thread of its own, beside the window's, which keeps the windows alive meanwhile: a disk
-/// or a network that hangs holds only the work. What the two tell each other passes through here.
+/// Runs file operations in a thread of their own, while the main thread keeps the windows responsive: a disk
+/// or network that hangs blocks only the work. All communication between the two threads goes through this
+/// class.
 class OperationThread
 {
 public:
-    /// Shows how far the work has come. False: the user has cancelled.
+    /// Shows the progress. Returns false if the user has cancelled.
     using Shows = std::function<bool(const tOperationProgress&)>;
 
-    /// With `bEachStep` the work waits at each step until it has been shown and can be cancelled right there;
-    /// otherwise steps are shown every few milliseconds.
+    /// With `bEachStep` the work stops at each step until it has been shown, and can be cancelled there;
+    /// otherwise progress is shown every few milliseconds.
     explicit OperationThread(bool bEachStep) : m_bEachStep(bEachStep) {}
 
-    /// For the window's thread: runs `work`, which must own all that it uses, and asks the user for it. False
-    /// if the user has cancelled and the work does not answer: then it is left behind, and nothing that it
-    /// still does is recorded. The system may also have no thread for it: std::system_error; or no memory
-    /// while it works: std::bad_alloc, the work having ended where it was.
+    /// Called by the main thread: runs `work`, which must own everything it uses, and shows its questions to
+    /// the user. Returns false if the user has cancelled and the work does not respond: it is then left
+    /// behind, and nothing it still does is recorded. Throws std::system_error if no thread can be created,
+    /// and std::bad_alloc if the work has run out of memory and ended there.
     static bool Run(const std::shared_ptr<OperationThread>& pThread, std::function<void()> work,
                     const Shows& shows, OperationDialogs& dialogs);
 
-    /// For the work: a step begins. False: the user has cancelled.
+    /// Called by the work at the start of a step. Returns false if the user has cancelled.
     bool Reached(const tOperationProgress& progress);
 
-    /// For the work: asks the user.
+    /// Called by the work to ask the user.
     tReplaceAnswer Ask(const tFileFacts& source, const tFileFacts& target, bool bIdentical);
 
-    /// For the work: what has come of it, as long as it has not been left behind.
+    /// Called by the work to record results; ignored once it has been left behind.
     void Record(const std::function<void(tOperationOutcome&)>& record);
 
-    /// What has been recorded, and the last step.
+    /// The recorded results, and the last step.
     tOperationOutcome Outcome() const;
     tOperationProgress Progress() const;
 
@@ -54,22 +55,22 @@ private:
     void End(bool bMemory);
 
     const bool m_bEachStep;
-    mutable std::mutex m_mutex; ///< of all that follows
+    mutable std::mutex m_mutex; ///< guards all following members
     std::condition_variable m_toWindow;
     std::condition_variable m_toWork;
     tOperationProgress m_progress;
     tOperationOutcome m_outcome;
     tQuestion* m_pQuestion = nullptr; ///< until it is answered
-    bool m_bStep = false;             ///< a step waits to be shown
+    bool m_bStep = false;             ///< a step is waiting to be shown
     bool m_bCancelled = false;
-    bool m_bHeard = false; ///< the work knows of the cancel
+    bool m_bHeard = false; ///< the work has noticed the cancel
     bool m_bEnded = false;
     bool m_bLeft = false;
-    bool m_bMemory = true; ///< false: there was none to be had
+    bool m_bMemory = true; ///< false: the work ran out of memory
 };
 
-/// How many threads that were left behind still run. While there are, the program can only end at once: what
-/// they use must not be taken down.
+/// The number of abandoned threads that are still running. While it is not 0 the program must end by _exit,
+/// since what they use must not be destroyed.
 int ThreadsLeftBehind();
 
 } // namespace desktop

@@ -5,17 +5,17 @@
 
 namespace desktop {
 
-/// What was being done to a file when the system refused.
+/// The step in which the system reported an error.
 enum class Step {
-    Read,   ///< look at it or read it
-    Remove, ///< take it out of its folder
-    Write,  ///< bring it, or something of it, to the destination folder
-    Trash,  ///< put it into the trash
-    Enter,  ///< go to the folder that it is in
-    Note    ///< note in the trash where it comes from
+    Read,   ///< looking at the file or reading it
+    Remove, ///< removing it from its folder
+    Write,  ///< writing something to the destination folder
+    Trash,  ///< putting it into the trash
+    Enter,  ///< opening its folder
+    Note    ///< writing the note in the trash with its original path
 };
 
-/// Why a step failed, by the system's error number, as a sentence without the path.
+/// The reason for an error number in a step, as a sentence without the path.
 std::string Reason(int nError, Step step);
 
 } // namespace desktop

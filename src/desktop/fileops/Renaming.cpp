@@ -37,8 +37,8 @@ tLook Look(const tName& name)
     return LookAt(name.hFolder, name.sName);
 }
 
-/// Gives a name back that was set aside. Where that cannot be had for sure, at the risk of the moment between
-/// the look and the rename.
+/// Renames a file that was set aside back. If this cannot be done safely, accepts the short gap between the
+/// check and the rename.
 int Restore(const tName& aside, const tName& name)
 {
     int nError = Link(aside, name);
@@ -50,11 +50,11 @@ int Restore(const tName& aside, const tName& name)
     return nError;
 }
 
-/// Takes the first of a file's two names away, unless one of them is another file's meanwhile. If that
-/// failed, the first one is there again as far as that can be had.
+/// Removes the first of a file's two names, unless one of them belongs to another file by now. On failure
+/// restores the first name if possible.
 int DropFirstName(const tName& first, const tName& second)
 {
-    // Nobody else knows it.
+    // No other program knows these names.
     if (IsHiddenName(first.sName, HiddenKind::Copy) || IsHiddenName(first.sName, HiddenKind::Source)) {
         return Unlink(first);
     }
@@ -70,7 +70,7 @@ int DropFirstName(const tName& first, const tName& second)
     return nError;
 }
 
-/// A second name replaces nothing either.
+/// Creating a second link does not replace anything, either.
 int LinkAndUnlink(const tName& from, const tName& to)
 {
     int nError = Link(from, to);
@@ -79,8 +79,8 @@ int LinkAndUnlink(const tName& from, const tName& to)
     }
     const tLook linked = Look(to);
     nError = DropFirstName(from, to);
-    // Where another program has given the first name to something else or taken it away, what it did to the
-    // file holds, as if there had never been a second name.
+    // If another program has reused or removed the first name, its change to the file takes effect as if
+    // there had never been a second name.
     const bool bOthersActed = nError == ESTALE || nError == ENOENT;
     if (nError != 0 && Look(to).IsSameFileAs(bOthersActed ? linked : Look(from))) {
         Unlink(to);
@@ -88,7 +88,7 @@ int LinkAndUnlink(const tName& from, const tName& to)
     return nError;
 }
 
-/// An empty file that was made for the purpose is all that is replaced.
+/// Replaces only the empty file that was created for this purpose.
 int RenameOverPlaceholder(const tName& from, const tName& to)
 {
     constexpr int nFlags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;

@@ -11,13 +11,13 @@ struct tName {
     std::string sName;
 };
 
-/// Renames a file without ever replacing anything: EEXIST where the new name is taken. 0, or the system's
-/// error number, the file then being where it was; only where the disk fails again on the way back it may
-/// bear the new name.
+/// Renames a file without ever replacing anything: EEXIST if the new name is taken. Returns 0 or the error
+/// number. On failure the file keeps its old name; only if the disk also fails during the rollback may it
+/// have the new one.
 ///
-/// Where the file system can only rename with replacing, the file gets the new name as a second one before it
-/// loses the first. Where it cannot have two names either, an empty file takes the new name, and is replaced:
-/// what another program puts in the place of that one between the last look and the rename is lost.
+/// On a file system that cannot rename without replacing, the file gets the new name as a second hard link
+/// before it loses the first. Without hard links either, an empty file takes the new name and is then
+/// replaced: if another program replaces that one between the last check and the rename, its file is lost.
 int RenameWithoutReplacing(const tName& from, const tName& to);
 
 } // namespace desktop

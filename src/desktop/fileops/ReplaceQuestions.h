@@ -12,13 +12,13 @@
 
 namespace desktop {
 
-/// What the user wants where a file stands in the way; asked file by file until an answer is meant for all.
+/// The user's decisions about existing files; asks for each file until an answer applies to all.
 class ReplaceQuestions
 {
 public:
-    /// Asks about the source and the file that is there, and says whether they are the same to the byte.
+    /// Asks about the source and the existing file; the flag says whether their contents are identical.
     using Asks = std::function<tReplaceAnswer(const tFileFacts&, const tFileFacts&, bool)>;
-    /// Compares the two; called only if the user is asked.
+    /// Compares the contents; called only if the user is asked.
     using Compares = std::function<ContentComparison::Result()>;
 
     explicit ReplaceQuestions(Asks asks) : m_asks(std::move(asks)) {}

@@ -13,7 +13,7 @@
 namespace desktop {
 namespace {
 
-// What the shell returns, by the system error codes of its world.
+// Results of the shell, as error codes of its API.
 constexpr int kNoMemory = 8;
 constexpr int kInvalidRequest = 87;
 constexpr int kTimeout = 1460;
@@ -48,14 +48,14 @@ int ShellFileOperations::SHFileOperationA(const platform::SHFILEOPSTRUCT& reques
         }
         return result == Result::NoAnswer ? kTimeout : 0;
     } catch (const std::system_error&) {
-        return kNoMemory; // there is no thread to be had
+        return kNoMemory; // no thread could be created
     } catch (const std::bad_alloc&) {
-        return kNoMemory; // nor to look at the files with
+        return kNoMemory; // not even for looking at the files
     }
 }
 
-/// Carries a plan out whose files have not been looked at. SparedToo: the user wants those that were spared
-/// to go after all, and `wanted` is the plan for them.
+/// Carries out a plan whose files have not been looked at. SparedToo: the user wants the spared files to be
+/// deleted after all, and `wanted` is the plan for them.
 ShellFileOperations::Result ShellFileOperations::CarryOut(tOperationPlan& wanted,
                                                           platform::tFileGroups groups, bool bAsk)
 {
@@ -96,12 +96,12 @@ ShellFileOperations::Result ShellFileOperations::CarryOut(tOperationPlan& wanted
     return bSparedToo && !wanted.files.empty() ? Result::SparedToo : Result::Ended;
 }
 
-/// Asks the user. What he has agreed to; nothing if he does not want it.
+/// Asks the user. Returns what the user has agreed to; empty if the user has declined.
 std::optional<tOperation> ShellFileOperations::Agreed(OperationRun& run)
 {
     const tOperation& operation = run.Plan().operation;
     if (operation.operation != FileOperation::Trash) {
-        // Who chose a folder to move or copy to has confirmed by that.
+        // Choosing the destination folder of a move or copy is the confirmation.
         return !run.Room() || m_dialogs.AskRoom(operation, *run.Room()) ? std::optional(operation)
                                                                         : std::nullopt;
     }
@@ -109,7 +109,7 @@ std::optional<tOperation> ShellFileOperations::Agreed(OperationRun& run)
     return consent != Consent::Cancel ? std::optional(run.Answered(consent)) : std::nullopt;
 }
 
-/// The work has not come to its end: says so of the file that was in hand.
+/// Reports work that did not reach its end, for the file that it stopped at.
 void ShellFileOperations::BrokenOff(const tOperation& operation, const OperationThread& thread,
                                     bool bCancelled, const std::string& sReason)
 {

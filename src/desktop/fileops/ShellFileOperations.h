@@ -13,20 +13,20 @@
 
 namespace desktop {
 
-/// The shell's file operations with the means of a Linux desktop: the freedesktop.org trash, moves within a
-/// volume as renames, copies that appear under their names only when whole and on the disk.
+/// The shell's file operations on a Linux desktop: deletes to the freedesktop.org trash, moves within a
+/// volume by renaming, and lets copies appear under their names only when they are complete and on disk.
 class ShellFileOperations final : public platform::ShellFiles
 {
 public:
-    /// `dialogs` must outlive it, and is called on the thread that asks for an operation; the work is done on
-    /// another. With `bEachStep` the work waits at each step until it has been shown.
+    /// `dialogs` must outlive this object, and is called in the thread that requests an operation; the work
+    /// is done in another one. With `bEachStep` the work stops at each step until it has been shown.
     explicit ShellFileOperations(OperationDialogs& dialogs, bool bEachStep = false)
         : m_dialogs(dialogs), m_bEachStep(bEachStep)
     {
     }
 
-    /// Moves and copies need FOF_MULTIDESTFILES; what is deleted goes to the trash, with FOF_ALLOWUNDO or
-    /// without. Not 0 also if the user has cancelled and a file system does not answer.
+    /// Moves and copies need FOF_MULTIDESTFILES. Files are always deleted to the trash, with or without
+    /// FOF_ALLOWUNDO. Also returns an error if the user has cancelled and a file system does not respond.
     int SHFileOperationA(const platform::SHFILEOPSTRUCT& request) override;
     long SHGetFileInfoA(const std::string& sPath, unsigned dwFileAttributes, unsigned uFlags) override;
 
@@ -42,7 +42,7 @@ private:
 
     OperationDialogs& m_dialogs;
     bool m_bEachStep;
-    platform::FileGroups* m_pGroups = nullptr; ///< none: nothing is known of files but their paths
+    platform::FileGroups* m_pGroups = nullptr; ///< null: only the paths of the files are known
 };
 
 } // namespace desktop

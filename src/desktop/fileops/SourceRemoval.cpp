@@ -13,9 +13,9 @@
 namespace desktop {
 namespace {
 
-/// A file that is out of everybody's way for a moment. Its hidden name has its own at the end, by which a
-/// later run finds it should this one die; where that makes the name too long, it lies in a hidden folder
-/// instead.
+/// A file that is moved out of the way for a moment. Its hidden name ends in the original name, which a later
+/// run uses if this one is terminated; if that makes the name too long, the file is moved into a hidden
+/// folder instead.
 class SetAside
 {
 public:
@@ -29,7 +29,7 @@ public:
         }
     }
 
-    /// 0, or the system's error number, and nothing has happened.
+    /// Returns 0, or the error number if nothing has been changed.
     int Begin()
     {
         m_aside = {m_from.hFolder, HiddenName(HiddenKind::Source, m_from.sName)};
@@ -74,11 +74,11 @@ private:
 
     const tName& m_from;
     tName m_aside;
-    std::string m_sFolder; ///< of our making, if any
+    std::string m_sFolder; ///< the folder created for it, if any
     Descriptor m_folder;
 };
 
-/// True if a file has been changed in any way, also if its times have been set back since.
+/// True if a file has been changed in any way, even if its times have been reset since.
 bool IsTouched(int h, const Status& before)
 {
     const tLook now = LookAt(h);
@@ -86,7 +86,7 @@ bool IsTouched(int h, const Status& before)
            now.status.st_ctim.tv_nsec != before.st_ctim.tv_nsec;
 }
 
-/// What speaks against removing the file that has been set aside; empty if nothing.
+/// Why the file that was set aside must not be removed; empty if it may.
 std::string WhyNot(const SetAside& aside, const HeldFile& file, int hSource, const WriteLease& lease)
 {
     const tLook set = LookAt(hSource);
@@ -96,7 +96,7 @@ std::string WhyNot(const SetAside& aside, const HeldFile& file, int hSource, con
     if (lease.IsOpenForWriting()) {
         return kOpenForWriting;
     }
-    // Behind the question who may still write, so that what was written before is seen.
+    // Checked after the lease, so that everything written before is detected.
     const tEnding still = IsStill(aside.Look(), file.Expected());
     return still.IsDone() && IsTouched(hSource, set.status) ? kChanged : still.sReason;
 }
@@ -106,14 +106,15 @@ std::string WhyNot(const SetAside& aside, const HeldFile& file, int hSource, con
 tEnding RemoveSource(const HeldFile& file, int hSource, const Status& before, const WriteLease& lease,
                      const std::function<std::string()>& lastLook)
 {
-    // Where locks are not to be had, a later run cannot tell that this one lives, and leaves the file alone.
+    // If the file system does not support locks, a later run cannot tell that this one is running, and leaves
+    // the file alone.
     Retried([&] { return flock(hSource, LOCK_SH | LOCK_NB); });
     tEnding ending = file.IsStillThere();
     if (!ending.IsDone()) {
         return ending;
     }
-    // It is held over the rename, which changes the time of change itself and so hides what is written in
-    // that moment.
+    // The lease is held across the rename, since the rename itself changes the ctime, which would hide a
+    // write at that moment.
     if (lease.IsOpenForWriting()) {
         return tEnding::NotDone(kOpenForWriting);
     }

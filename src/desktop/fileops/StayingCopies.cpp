@@ -51,13 +51,13 @@ void StayingCopies::LookAtStaying(const platform::tShownFile& shown, std::size_t
     }
 }
 
-/// True if size and time are what the row shows.
+/// True if size and time are as shown in the row.
 bool StayingCopies::IsAsShown(const tFileIdentity& identity, const platform::tShownFile& shown)
 {
     if (platform::FormatNumber(identity.cySize) != shown.sSize.View()) {
         return false;
     }
-    // Writing out the time is most of the work, and copies often have that of their original.
+    // Formatting the time takes most of the time here, and copies often have the same time as their original.
     if (m_sDate.empty() || m_nDateOf != identity.nSeconds) {
         m_nDateOf = identity.nSeconds;
         m_sDate = platform::FormatDateTime(DateOf(identity));
@@ -65,7 +65,7 @@ bool StayingCopies::IsAsShown(const tFileIdentity& identity, const platform::tSh
     return m_sDate == shown.sDate.View();
 }
 
-/// True if what was looked at is one of the files that go, reached by another route: then it goes with it.
+/// True if the file is one of those that go, reached through another path: then it goes as well.
 bool StayingCopies::IsGoing(const FolderEntry& entry, const tLook& look) const
 {
     const auto [first, last] = m_byInode.equal_range(look.status.st_ino);

@@ -19,33 +19,32 @@
 
 namespace desktop {
 
-/// What was seen of a file that is to stay.
+/// A file that is to stay, as it was seen.
 struct tStayingCopy {
     std::string sPath;
     tFileIdentity identity;
 };
 
-/// Looks, for files that are to go to the trash, at those of their groups that stay.
+/// Checks which files stay from the groups of the files that are to go to the trash.
 class StayingCopies
 {
 public:
-    /// `groups` says of each file what its row and its group are. `files` and `folders` must outlive this
-    /// object.
+    /// `groups` contains the row and the group of each file. `files` and `folders` must outlive this object.
     StayingCopies(platform::tFileGroups groups, const std::vector<tPlannedFile>& files, HeldFolders& folders);
 
-    /// Looks at the disk. False if `goOn`, called before each look with the path, does not want it any more.
+    /// Looks at the disk. Calls `goOn` with the path before each look, and returns false if that does.
     bool Look(const std::function<bool(const std::string&)>& goOn);
 
-    /// How the search compared that found the groups.
+    /// How the search that found the groups compared files.
     [[nodiscard]] platform::ComparedBy ComparedBy() const { return m_groups.comparedBy; }
 
-    /// What stays of the `nFile`th of the files. None for one that is in no group.
+    /// What stays of file number `nFile`. Empty for a file without a group.
     [[nodiscard]] std::optional<Stays> Of(std::size_t nFile) const;
 
-    /// True if the file itself is not what its row shows.
+    /// True if the file differs from what its row shows.
     [[nodiscard]] bool HasChanged(std::size_t nFile) const { return !m_seen[nFile].bAsShown; }
 
-    /// What holds its contents and stays, a few at most.
+    /// Files that stay and have its contents; at most a few.
     [[nodiscard]] std::vector<tStayingCopy> CopiesOf(std::size_t nFile) const;
 
 private:
@@ -66,12 +65,13 @@ private:
     platform::tFileGroups m_groups;
     const std::vector<tPlannedFile>& m_files;
     HeldFolders& m_folders;
-    std::vector<tSeenFile> m_seen;                                 ///< for each of the files
-    std::vector<StayingFiles> m_staying;                           ///< for each of the groups
+    std::vector<tSeenFile> m_seen;                                 ///< for each file
+    std::vector<StayingFiles> m_staying;                           ///< for each group
     std::unordered_multimap<std::uint64_t, std::size_t> m_byInode; ///< files that go
-    std::string m_sDate;                                           ///< the time written out last
-    std::int64_t m_nDateOf = 0;                                    ///< which that was
-    std::unordered_map<std::string, bool> m_trashes;               ///< folders, and whether they lie in one
+    std::string m_sDate;                                           ///< the time formatted last
+    std::int64_t m_nDateOf = 0;                                    ///< its value in seconds
+    std::unordered_map<std::string, bool> m_trashes;               ///< for each folder, whether it is in a
+                                                                   ///< trash
 };
 
 } // namespace desktop

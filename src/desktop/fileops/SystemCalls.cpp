@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kPlace = O_PATH | O_DIRECTORY | O_CLOEXEC;
 
-/// The C library has no function for this call.
+/// The C library has no wrapper for this call.
 int OpenWithoutLinks(const std::string& sPath)
 {
     open_how how{};
@@ -27,7 +27,7 @@ int OpenWithoutLinks(const std::string& sPath)
         Retried([&] { return syscall(SYS_openat2, AT_FDCWD, sPath.c_str(), &how, sizeof how); }));
 }
 
-/// The same by older means, which also reach a path that is longer than the system takes at once.
+/// The same with older calls, which also work for paths longer than the system's limit.
 Descriptor OpenStepByStep(std::string_view sPath, int& nError)
 {
     Descriptor folder(Retried([] { return open("/", kPlace); }));
@@ -60,7 +60,7 @@ Descriptor OpenFolder(const std::string& sPath, int& nError)
 {
     Descriptor folder(OpenWithoutLinks(sPath));
     nError = folder.IsOpen() ? 0 : errno;
-    // Not known to an old kernel, or withheld by a container that does not know it.
+    // An old kernel does not have the call, and a container may deny it.
     const bool bOtherwise = nError == ENOSYS || nError == EPERM || nError == ENAMETOOLONG;
     return bOtherwise && sPath.starts_with(platform::kSeparator) ? OpenStepByStep(sPath, nError)
                                                                  : std::move(folder);

@@ -7,8 +7,8 @@
 
 namespace desktop {
 
-/// Opens folder `sPath` as a mere place (O_PATH), following no link anywhere on the way: ELOOP where one is.
-/// Not open if that failed; `nError` then is the system's error number, otherwise 0.
+/// Opens folder `sPath` with O_PATH without following links anywhere on the path: ELOOP if there is one. Not
+/// open on failure. Sets `nError` to the error number, or to 0.
 Descriptor OpenFolder(const std::string& sPath, int& nError);
 
 } // namespace desktop

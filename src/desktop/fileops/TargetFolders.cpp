@@ -16,7 +16,7 @@ tTargetFolder Opened(const std::string& sPath)
     if (pFolder->Error() != 0) {
         return {nullptr, Reason(pFolder->Error(), Step::Write), {}};
     }
-    // What is brought into a trash directly has no note there, and is lost when the trash is emptied.
+    // A file put into a trash directly has no note there, and is lost when the trash is emptied.
     return {pFolder, IsInTrash(pFolder->Path()) ? "The destination is inside the trash." : "", {}};
 }
 
@@ -43,10 +43,10 @@ int SyncFolder(const HeldFolder& folder, int hFile)
 {
     const Descriptor open = Reopened(folder.Get());
     if (!open.IsOpen()) {
-        // A folder that takes files but shows none cannot be opened: then all of the volume goes to the disk.
+        // A folder with write but no read permission cannot be opened, so the whole volume is synced.
         return errno == EACCES && syncfs(hFile) == 0 ? 0 : errno;
     }
-    // Some file systems have no such thing for folders and say so.
+    // Some file systems do not support this for folders and return EINVAL.
     const bool bSynced = Retried([&] { return fsync(open.Get()); }) == 0 || errno == EINVAL;
     return bSynced ? 0 : errno;
 }

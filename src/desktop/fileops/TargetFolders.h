@@ -9,28 +9,28 @@
 
 namespace desktop {
 
-/// A folder that files are brought to, held from the first one on.
+/// A destination folder, held from its first file on.
 struct tTargetFolder {
     FolderPtr pFolder;
-    std::string sWhyNot;           ///< why no file can be brought there; empty if some can
-    std::vector<std::string> done; ///< the paths that files have come from
+    std::string sWhyNot;           ///< why no file can be put there; empty if possible
+    std::vector<std::string> done; ///< the original paths of the files moved or copied there
 };
 
-/// All of them that an operation has.
+/// The destination folders of an operation.
 class TargetFolders
 {
 public:
-    /// The folder of this path, on which there must be no link.
+    /// The folder with this path, which must not contain a link.
     tTargetFolder& Get(const std::string& sPath);
 
-    /// The paths of files that have been brought to a folder which is no longer where it was.
+    /// The original paths of files that were put into a folder which is no longer where it was.
     [[nodiscard]] std::vector<std::string> Astray() const;
 
 private:
     std::map<std::string, tTargetFolder> m_folders;
 };
 
-/// Brings a folder's entries to the disk; `hFile` is an open file in it. 0, or the system's error number.
+/// Syncs the entries of a folder to disk; `hFile` is an open file in it. Returns 0 or the error number.
 int SyncFolder(const HeldFolder& folder, int hFile);
 
 } // namespace desktop

@@ -9,32 +9,32 @@
 
 namespace desktop {
 
-/// A file in the making, for its owner alone: without a name where the file system can have such, else under
-/// a hidden name that nobody can guess, and locked. Unless it has got its final name, it goes with its object
-/// at the latest.
+/// A file that is being written, accessible only to its owner: without a name if the file system supports
+/// that, otherwise under an unpredictable hidden name, and locked. Unless it gets its final name, it is
+/// removed with this object at the latest.
 class TemporaryFile
 {
 public:
-    /// Makes it in `folder`, which must outlive it.
+    /// Creates it in `folder`, which must outlive this object.
     explicit TemporaryFile(const HeldFolder& folder);
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
     ~TemporaryFile();
 
-    /// The system's error number if it could not be made, otherwise 0.
+    /// The error number if it could not be created, otherwise 0.
     [[nodiscard]] int Error() const { return m_nError; }
 
-    /// Open for writing.
+    /// The descriptor, open for writing.
     [[nodiscard]] int Get() const { return m_file.Get(); }
 
-    /// Brings it to the disk. 0, or the system's error number, also of what some file systems only tell when
-    /// a file is closed.
+    /// Syncs it to disk. Returns 0 or the error number, including errors that some file systems report only
+    /// on close.
     [[nodiscard]] int Finish() const;
 
-    /// Gives it its final name, without replacing anything. 0, or the system's error number.
+    /// Gives it its final name without replacing anything. Returns 0 or the error number.
     int Name(const tName& to);
 
-    /// Removes it. False if it is still there under its hidden name.
+    /// Removes it. False if it still exists under its hidden name.
     bool Remove();
 
 private:

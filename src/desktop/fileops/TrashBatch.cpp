@@ -12,8 +12,8 @@
 namespace desktop {
 namespace {
 
-/// For so many files, a sync of each note costs less than one of the whole volume, on which others may have
-/// much to write.
+/// Up to this number of files, a sync of each note costs less than one of the whole volume, which may have
+/// much other data to write.
 constexpr std::size_t kFew = 8;
 
 /// On a slow volume the rest is left for another batch, so that none takes long.
@@ -76,7 +76,7 @@ TrashBatch::tResult TrashBatch::MakeNote(std::size_t n, bool bSync)
     }
     m_made[n] = LookAt(note.Get());
     nError = nError == 0 ? m_made[n].nError : nError;
-    // Some file systems tell only now that something could not be written.
+    // Some file systems report write errors only on close.
     if (close(note.Release()) != 0 && nError == 0) {
         nError = errno;
     }
@@ -87,8 +87,7 @@ TrashBatch::tResult TrashBatch::MakeNote(std::size_t n, bool bSync)
     return {};
 }
 
-/// Brings the notes to the disk, each of them or, with `bAll`, all that is on the volume. 0, or the system's
-/// error number.
+/// Syncs the notes to disk, one by one or, with `bAll`, the whole volume. Returns 0 or the error number.
 int TrashBatch::Sync(bool bAll)
 {
     if (bAll) {
@@ -99,11 +98,11 @@ int TrashBatch::Sync(bool bAll)
         return nError;
     }
     const Descriptor info = Reopened(m_trash.Info().Get());
-    // Some file systems have no such thing for folders and say so.
+    // Some file systems do not support this for folders and return EINVAL.
     return !info.IsOpen() || (Retried([&] { return fsync(info.Get()); }) != 0 && errno != EINVAL) ? errno : 0;
 }
 
-/// True if the note is there and says what it is to say.
+/// True if the note exists and has the right content.
 bool TrashBatch::HasNote(std::size_t n) const
 {
     constexpr int nFlags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;

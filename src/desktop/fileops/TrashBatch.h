@@ -15,17 +15,17 @@
 
 namespace desktop {
 
-/// Files that go to one trash together: one sync brings the notes of all of them to the disk before the first
-/// goes.
+/// Files that go to the same trash together: a single sync brings the notes of all of them to disk before the
+/// first one goes.
 class TrashBatch
 {
 public:
-    /// How a file's try to get into the trash came out.
+    /// The result of trying to move a file to the trash.
     struct tResult {
         enum class Next {
-            Ended,      ///< as `ending` says
-            OtherName,  ///< its name there has been taken meanwhile
-            Later,      ///< it has not been its turn
+            Ended,      ///< finished, see `ending`
+            OtherName,  ///< its name in the trash has been taken meanwhile
+            Later,      ///< not tried yet
             OtherVolume ///< this trash is on another volume
         };
 
@@ -33,22 +33,22 @@ public:
         Next next = Next::Ended;
     };
 
-    /// `trash` and the files must outlive it.
+    /// `trash` and the files must outlive this object.
     TrashBatch(TrashFolder& trash, std::vector<const HeldFile*> files);
 
-    /// Makes the notes. Each file whose note could not be made has a result.
+    /// Writes the notes. A file whose note could not be written has a result afterwards.
     void MakeNotes();
 
-    /// What became of the `n`th file already; nothing if it can go.
+    /// The result for file `n` if there already is one; empty if the file can go.
     [[nodiscard]] const std::optional<tResult>& Result(std::size_t n) const { return m_results[n]; }
 
-    /// The `n`th file goes, if it can and `pLastLook`, which may be null, has nothing against it.
+    /// Moves file `n` to the trash, if possible and if `pLastLook`, which may be null, has no objection.
     tResult Go(std::size_t n, LastLook* pLastLook);
 
-    /// The name that the `n`th file has in the trash.
+    /// The name of file `n` in the trash.
     [[nodiscard]] const std::string& NameOf(std::size_t n) const { return m_notes[n].sName; }
 
-    /// Removes the note of the `n`th file, which stays.
+    /// Removes the note of file `n`, which stays.
     void Drop(std::size_t n);
 
 private:
@@ -59,7 +59,7 @@ private:
     TrashFolder& m_trash;
     std::vector<const HeldFile*> m_files;
     std::vector<tPendingNote> m_notes;
-    std::vector<tLook> m_made; ///< which files the notes are
+    std::vector<tLook> m_made; ///< identities of the note files
     std::vector<std::optional<tResult>> m_results;
     std::optional<TrashJournal> m_journal;
 };

@@ -12,24 +12,24 @@
 namespace desktop {
 namespace {
 
-/// A file without a trash, and why.
+/// The result for a file without a trash, with the reason.
 tEnding WithoutTrash(const HeldFile& file, std::string sReason)
 {
-    // The folder first: a trash of any kind would not help a file that may not be taken out of it.
+    // Checks the folder first: no trash would help if the file must not be removed from it.
     const bool bMayGo = faccessat(file.Entry().Folder().Get(), ".", W_OK | X_OK, AT_EACCESS) == 0;
     return tEnding::NotDone(bMayGo ? std::move(sReason) : Reason(errno, Step::Trash));
 }
 
 constexpr int kMostTries = 100;
 
-/// A file on its way.
+/// A file that is still to be moved.
 struct tWaiting {
     std::size_t nFile = 0;
-    bool bVolume = false; ///< the home trash would not do
-    int nTries = 0;       ///< names that were taken
+    bool bVolume = false; ///< the home trash could not be used
+    int nTries = 0;       ///< number of names that were taken
 };
 
-/// True if the file is to be tried once more, after what became of it; then `file` says how.
+/// True if the file is to be tried again after this result; `file` is updated accordingly.
 bool IsToBeTried(tWaiting& file, const TrashBatch::tResult& result)
 {
     using Next = TrashBatch::tResult::Next;
@@ -52,8 +52,8 @@ tEnding Ending(TrashBatch::tResult result)
     return bNamed ? std::move(result.ending) : tEnding::NotDone("The trash has no free name for it.");
 }
 
-/// The files of a batch go, each that `begins` lets go unless the user has cancelled already; returns those
-/// that are to be tried once more.
+/// Moves the files of a batch to the trash, except those that `begins` rejects or a cancel leaves; returns
+/// those that are to be tried again.
 std::vector<tWaiting> GoAll(TrashBatch& batch, std::vector<tWaiting>& files, LastLook* pLastLook,
                             const bool& bGoOn, const TrashCan::Begins& begins, const TrashCan::Ends& ends)
 {
@@ -136,7 +136,7 @@ bool TrashCan::PutBack(const tTrashed& trashed, const FolderEntry& to)
     if (RenameWithoutReplacing({trashed.pTrash->Files()->Get(), trashed.sName}, to.Name()) != 0) {
         return false;
     }
-    // A note without its file is only litter.
+    // A note without its file is useless.
     trashed.pTrash->RemoveNote(trashed.sName);
     return true;
 }

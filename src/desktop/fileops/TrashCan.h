@@ -15,39 +15,40 @@
 
 namespace desktop {
 
-/// Where a file lies in the trash.
+/// The location of a file in the trash.
 struct tTrashed {
     TrashPtr pTrash;
-    std::string sName; ///< its name there
+    std::string sName; ///< its name in the trash
 };
 
-/// The user's trash: the home trash, or that of the file's own volume.
+/// The user's trash: the home trash, or that of the file's volume.
 class TrashCan
 {
 public:
-    /// Asked before a file goes, by its position. False: the user has cancelled.
+    /// Called before a file goes, with its index. Returns false if the user has cancelled.
     using Begins = std::function<bool(std::size_t)>;
-    /// Told how it ended, by its position.
+    /// Called with the index and the result of a file.
     using Ends = std::function<void(std::size_t, tEnding)>;
 
     /// `pLastLook`, which may be null, must outlive it.
     explicit TrashCan(LastLook* pLastLook = nullptr) : m_pLastLook(pLastLook) {}
 
-    /// The trash for what is in a held folder; null if there is none, and `sReason` says why.
+    /// The trash for the contents of a held folder; null if there is none, and `sReason` is set to the
+    /// reason.
     TrashPtr TrashOf(const HeldFolder& folder, std::string& sReason)
     {
         return m_folders.For(folder, false, sReason);
     }
 
-    /// Puts files, which are held, into the trash and makes sure that they can be restored from there;
-    /// otherwise a file is where it was, or the reason says where. After a cancel the rest end as Cancelled.
+    /// Moves held files to the trash and ensures that they can be restored from there; otherwise a file is
+    /// where it was, or the reason says where it is. After a cancel the remaining files end as Cancelled.
     void Put(const std::vector<HeldFile>& files, const Begins& begins, const Ends& ends);
 
-    /// The same for one, of which `trashed` then tells where it is. There is no last look at it.
+    /// The same for a single file; sets `trashed` to its location. Without a last look.
     tEnding Put(const HeldFile& file, tTrashed& trashed);
 
-    /// Takes a file out of the trash and back to where it was, replacing nothing. False if that failed: it
-    /// then still lies in the trash.
+    /// Moves a file from the trash back to where it was, without replacing anything. On failure returns
+    /// false, and the file stays in the trash.
     static bool PutBack(const tTrashed& trashed, const FolderEntry& to);
 
 private:

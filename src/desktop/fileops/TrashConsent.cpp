@@ -11,7 +11,7 @@
 namespace desktop {
 namespace {
 
-/// True if the contents of the file stay, as far as is known before it is compared.
+/// True if the contents of the file stay, as far as is known before the comparison.
 bool HasCopy(std::optional<Stays> stays)
 {
     return !stays || *stays == Stays::Copy || *stays == Stays::SameFile;
@@ -50,14 +50,14 @@ bool TrashConsent::Look(tOperationPlan& plan, platform::tFileGroups groups, Held
     return m_staying->Look(goOn);
 }
 
-/// Whether a volume has a trash is found out once, not for each of its files. What has none is one of those
-/// that stay in its group.
+/// Checks once per volume, not per file, whether there is a trash. Files without one count among those that
+/// stay in their group.
 void TrashConsent::TakeOutWhatHasNoTrash(HeldFolders& folders, platform::tFileGroups& groups)
 {
     TrashFolders trashes;
-    std::unordered_map<const HeldFolder*, std::string> reasons; // empty: there is one
+    std::unordered_map<const HeldFolder*, std::string> reasons; // empty: there is a trash
     std::map<std::string, std::vector<std::string>> byVolume;
-    std::vector<FolderPtr> held; // so that no two have one address
+    std::vector<FolderPtr> held; // keeps the folders alive, so that their addresses stay unique
     std::vector<tPlannedFile> files;
     for (tPlannedFile& file : m_pPlan->files) {
         const FolderPtr pFolder = folders.Of(file.sPath);
@@ -88,7 +88,7 @@ void TrashConsent::TakeOutWhatHasNoTrash(HeldFolders& folders, platform::tFileGr
 
 tConfirmation TrashConsent::Question() const
 {
-    // The gravest first.
+    // Most serious first.
     std::array<tConcern, 6> concerns{{{Concern::NoOtherCopy, {}},
                                       {Concern::FileChanged, {}},
                                       {Concern::CopiesChanged, {}},
@@ -110,7 +110,7 @@ tConfirmation TrashConsent::Question() const
         const auto concern = stays ? ConcernOf(*stays) : std::nullopt;
         if (concern) {
             add(*concern, m_pPlan->files[n].sPath);
-            // What goes then is not even what was found alike.
+            // Also changed: what would be lost is not even the content found by the search.
             if (concern == Concern::NoOtherCopy && m_staying->HasChanged(n)) {
                 add(Concern::FileChanged, m_pPlan->files[n].sPath);
             }
@@ -143,7 +143,7 @@ std::vector<std::size_t> TrashConsent::FilesFor(Consent consent) const
 
 std::vector<tStayingCopy> TrashConsent::ToCompare(std::size_t nFile, Consent consent) const
 {
-    // Who says "all" where the search did not go by contents has been told so.
+    // After a search that did not compare contents, the user was told so before choosing "all".
     const bool bCompare =
         consent == Consent::WithCopy || m_staying->ComparedBy() == platform::ComparedBy::Content;
     const auto stays = m_staying->Of(nFile);

@@ -15,30 +15,30 @@
 
 namespace desktop {
 
-/// Which files of a plan may go to the trash: what is to be asked, and what the answer means.
+/// Decides which files of a plan may go to the trash: the question to ask, and what the answer permits.
 class TrashConsent
 {
 public:
-    /// Takes what cannot go out of the plan, and looks at what stays of the rest. False if `goOn`, called
-    /// before each look with the path, does not want it any more. `plan` and `folders` must outlive this
+    /// Removes from the plan what cannot go to the trash, and checks what stays of the rest. Calls `goOn`
+    /// with the path before each look, and returns false if that does. `plan` and `folders` must outlive this
     /// object.
     bool Look(tOperationPlan& plan, platform::tFileGroups groups, HeldFolders& folders,
               const std::function<bool(const std::string&)>& goOn);
 
-    /// What is to be asked.
+    /// The question to ask.
     [[nodiscard]] tConfirmation Question() const;
 
-    /// The places in the plan of the files that may go after that answer.
+    /// The indexes in the plan of the files that may go after that answer.
     [[nodiscard]] std::vector<std::size_t> FilesFor(Consent consent) const;
 
-    /// What the `nFile`th file of the plan is to be compared with after that answer, before it goes; nothing
-    /// if it goes as it is.
+    /// The copies that file number `nFile` of the plan has to be compared with before it goes, after that
+    /// answer; empty if no comparison is needed.
     [[nodiscard]] std::vector<tStayingCopy> ToCompare(std::size_t nFile, Consent consent) const;
 
 private:
     void TakeOutWhatHasNoTrash(HeldFolders& folders, platform::tFileGroups& groups);
 
-    tOperationPlan* m_pPlan = nullptr; ///< from Look on
+    tOperationPlan* m_pPlan = nullptr; ///< set by Look
     std::optional<StayingCopies> m_staying;
     std::vector<tConcern> m_cannotGo;
 };

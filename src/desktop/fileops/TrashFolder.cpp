@@ -18,10 +18,11 @@ TrashFolder::TrashFolder(FolderPtr pRoot, std::string sTop)
     : m_pRoot(std::move(pRoot)), m_pFiles(Folder("files")), m_pInfo(Folder("info")), m_sTop(std::move(sTop))
 {
     if (m_nError == 0) {
-        // Where there is no renaming without replacing, a dead run may have left some on their way.
+        // Where renaming without replacing is not supported, a terminated run may have left files in an
+        // intermediate state.
         std::vector<tNotDone> left;
         ClearLeftovers(*m_pFiles, left, [this](const std::string& sName) {
-            // What a person has thrown away is there to stay, whatever its name.
+            // Files that the user has deleted have to stay, whatever their names.
             return LookAt(m_pInfo->Get(), NoteName(sName)).nError != ENOENT;
         });
         TrashJournal::ClearOldOnes(*this);
@@ -54,12 +55,12 @@ std::string TrashFolder::NoteFor(const std::string& sPath) const
 
 std::string TrashFolder::FreeName(const std::string& sName)
 {
-    // Names that are cut may become equal, and are then counted together.
+    // Truncated names may become equal, and are then counted together.
     std::size_t& nTries = m_tries[NameInTrash(sName, 1)];
     const auto isTaken = [&](const FolderPtr& pFolder, const std::string& sTaken) {
         return LookAt(pFolder->Get(), sTaken).nError != ENOENT;
     };
-    constexpr std::size_t kMostTries = 10'000'000; // should everything look taken
+    constexpr std::size_t kMostTries = 10'000'000; // in case every name seems to be taken
     std::string sFree;
     do {
         sFree = NameInTrash(sName, ++nTries);

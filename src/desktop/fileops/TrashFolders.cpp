@@ -23,8 +23,7 @@ namespace {
 constexpr const char* kNoTrash = "The volume that it is on has no trash.";
 constexpr const char* kNoHome = "You have no home folder that could hold a trash.";
 
-/// Folders of the system: what is mounted there is no volume of the user's, and no desktop shows a trash of
-/// it.
+/// System folders: what is mounted there is not a volume of the user, and desktops do not show a trash on it.
 constexpr std::array<std::string_view, 15> kSystemPoints{
     "/",    "/boot", "/etc", "/home", "/media",   "/mnt",     "/opt",      "/root",
     "/srv", "/tmp",  "/usr", "/var",  "/var/log", "/var/tmp", "/usr/local"};
@@ -38,7 +37,7 @@ bool Has(const List& list, std::string_view sText)
     return std::find(list.begin(), list.end(), sText) != list.end();
 }
 
-/// The folder for the user's data; empty if he has no home.
+/// The folder for user data; empty if the user has no home.
 std::string DataHome()
 {
     const auto variable = [](const char* pName) -> std::string {
@@ -57,13 +56,13 @@ std::string DataHome()
     return sHome.empty() ? "" : sHome + "/.local/share";
 }
 
-/// Makes a folder, and those above it that are missing, for the user alone. 0, or the system's error number.
+/// Creates a folder and its missing parents, accessible only to the user. Returns 0 or the error number.
 int MakeFolders(const std::string& sPath)
 {
     for (std::size_t n = sPath.find('/', 1); n != std::string::npos; n = sPath.find('/', n + 1)) {
         mkdir(sPath.substr(0, n).c_str(), S_IRWXU);
     }
-    // What counts is the last one: those above may be there and not to be changed.
+    // Only the last one counts: the parents may exist without being writable.
     return mkdir(sPath.c_str(), S_IRWXU) == 0 || errno == EEXIST ? 0 : errno;
 }
 
@@ -83,13 +82,13 @@ std::string WhyNoHomeTrash(int nError)
     }
 }
 
-/// Done if nobody else can act in this folder's place.
+/// Done if no other user can change the contents of this folder.
 bool IsOwn(const HeldFolder& folder)
 {
     return folder.Error() == 0 && folder.Look().status.st_uid == geteuid();
 }
 
-/// The device of the deepest part of a path that is there.
+/// The device of the deepest existing part of a path.
 dev_t DeviceOf(std::string sPath)
 {
     struct stat status = {};
@@ -154,7 +153,8 @@ TrashFolders::tTrash TrashFolders::OfVolume(const std::string& sTop) const
 {
     const std::string sUser = std::to_string(geteuid());
     const std::string sStart = sTop == "/" ? "" : sTop;
-    // One that the administrator has made for all users, if it is such that nobody can tamper with another's.
+    // A folder that the administrator has created for all users, if no user can tamper with the files of
+    // another.
     const HeldFolder all(sStart + "/.Trash");
     FolderPtr pRoot;
     if (all.Error() == 0 && (all.Look().status.st_mode & S_ISVTX) != 0) {
@@ -206,14 +206,14 @@ std::string TrashFolders::VolumeOf(const std::string& sFolder)
     return pHolder != nullptr ? pHolder->sPoint : sFolder;
 }
 
-/// The mount that a folder is on.
+/// The mount that contains a folder.
 const tMount* TrashFolders::HolderOf(const std::string& sFolder)
 {
     if (m_mounts.empty()) {
         std::ifstream mountInfo(kMountInfo);
         m_mounts = ReadMountTable(mountInfo);
     }
-    // The deepest on the way to the folder; of two at one point, the one that came last.
+    // The deepest mount point above the folder counts, and the last one of several at the same point.
     const tMount* pHolder = nullptr;
     for (const tMount& mount : m_mounts) {
         if (IsIn(sFolder, mount.sPoint) &&
@@ -224,7 +224,7 @@ const tMount* TrashFolders::HolderOf(const std::string& sFolder)
     return pHolder;
 }
 
-/// The same, if it may have a trash.
+/// The same, but only if the mount may have a trash.
 const tMount* TrashFolders::MountOf(const std::string& sFolder)
 {
     const tMount* const pHolder = HolderOf(sFolder);
@@ -233,7 +233,7 @@ const tMount* TrashFolders::MountOf(const std::string& sFolder)
                     [&](std::string_view sSystem) { return IsIn(pHolder->sPoint, sSystem); })) {
         return nullptr;
     }
-    // A folder of a volume that is mounted in a second place is no volume; a subvolume is one.
+    // If a folder of a volume is mounted in a second place, it is not a volume of its own; a subvolume is.
     constexpr ino_t kSubvolume = 256;
     const bool bWhole = pHolder->sFolder == "/" ||
                         (pHolder->sType == "btrfs" && LookAt(pHolder->sPoint).status.st_ino == kSubvolume);

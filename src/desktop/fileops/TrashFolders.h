@@ -15,20 +15,20 @@ namespace desktop {
 
 using TrashPtr = std::shared_ptr<TrashFolder>;
 
-/// Where files go when they are deleted: the trash in the user's home, for files on the same volume, else
-/// that of the volume. Each is looked for once.
+/// Finds the trash for files: the one in the user's home for files on the same volume, otherwise that of the
+/// volume. Each is looked up once.
 class TrashFolders
 {
 public:
-    /// The trash for the files of a held folder; null if they have none, and `sReason` says why. With
-    /// `bVolume`, not the home's.
+    /// The trash for the files of a held folder; null if there is none, and `sReason` is set to the reason.
+    /// With `bVolume` the home trash is not used.
     TrashPtr For(const HeldFolder& folder, bool bVolume, std::string& sReason);
 
-    /// Why what is in that folder cannot go to a trash, as far as that can be known without making one; empty
-    /// if it can.
+    /// Why the contents of the folder cannot go to a trash, as far as that can be known without creating one;
+    /// empty if they can.
     std::string WhyNone(const HeldFolder& folder);
 
-    /// The top folder of the volume that a folder is on.
+    /// The top folder of the volume that contains a folder.
     std::string VolumeOf(const std::string& sFolder);
 
 private:
@@ -46,10 +46,10 @@ private:
     tTrash m_home;
     dev_t m_homeDevice = 0;
     std::vector<tMount> m_mounts;
-    std::map<std::string, tTrash> m_volumes; ///< by their top folders
+    std::map<std::string, tTrash> m_volumes; ///< by top folder
 };
 
-/// True if folder `sPath`, free of links, is a trash or lies in one.
+/// True if folder `sPath`, which contains no links, is a trash or is inside one.
 bool IsInTrash(const std::string& sPath);
 
 } // namespace desktop

@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::size_t kLongestText = 16 << 20;
 
-/// What is in an ordinary file, up to a length that none of ours has.
+/// The content of a regular file, up to a length that none of ours has.
 std::string TextOf(int h)
 {
     std::string sText;
@@ -30,7 +30,7 @@ std::string TextOf(int h)
     return sText;
 }
 
-/// True if a note says `sText`, or what is left of it when a run dies or the power fails.
+/// True if a note contains `sText`, or a part of it as left by a terminated run or a power failure.
 bool IsOfText(int h, const std::string& sText)
 {
     const std::string sFound = TextOf(h);
@@ -39,7 +39,7 @@ bool IsOfText(int h, const std::string& sText)
             std::all_of(sFound.begin(), sFound.end(), [](char c) { return c == 0; }));
 }
 
-/// Removes a note without a file. False if it may be there still.
+/// Removes a note without a file. False if it may still exist.
 bool RemoveIfWithoutFile(const TrashFolder& trash, const tPendingNote& note)
 {
     const tLook file = LookAt(trash.Files()->Get(), note.sName);
@@ -53,7 +53,7 @@ bool RemoveIfWithoutFile(const TrashFolder& trash, const tPendingNote& note)
     return !IsOfText(open.Get(), note.sText) || trash.RemoveNote(note.sName);
 }
 
-/// Takes a text that a NUL ends from the front of `sText`; false if there is none.
+/// Removes a text terminated by a NUL from the front of `sText`; false if there is none.
 bool Take(std::string_view& sText, std::string& sTaken)
 {
     const std::size_t nEnd = sText.find('\0');
@@ -91,7 +91,7 @@ TrashJournal::TrashJournal(const TrashFolder& trash, const std::vector<tPendingN
         sText.append(note.sName).append(1, '\0').append(note.sText).append(1, '\0');
     }
     m_nError = WriteAll(m_file.Get(), sText);
-    // On the disk before the first note can get there.
+    // The record must be on disk before the first note.
     if (m_nError == 0 && Retried([&] { return fsync(m_file.Get()); }) != 0) {
         m_nError = errno;
     }

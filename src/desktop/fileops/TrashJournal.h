@@ -10,33 +10,33 @@ namespace desktop {
 
 class TrashFolder;
 
-/// A note that is made before its file goes to the trash.
+/// A note that is written before its file goes to the trash.
 struct tPendingNote {
     std::string sName; ///< of the file in the trash
     std::string sText;
 };
 
-/// Notes that have no file yet, on record in the trash for as long as that is so: should this run die, a
-/// later one removes them.
+/// A record, kept in the trash, of notes that have no file yet: if this run is terminated, a later one
+/// removes them.
 class TrashJournal
 {
 public:
-    /// Puts them on record. `trash` must outlive it.
+    /// Writes the record. `trash` must outlive this object.
     TrashJournal(const TrashFolder& trash, const std::vector<tPendingNote>& notes);
     TrashJournal(const TrashJournal&) = delete;
     TrashJournal& operator=(const TrashJournal&) = delete;
     ~TrashJournal();
 
-    /// The system's error number if that failed, otherwise 0.
+    /// The error number on failure, otherwise 0.
     [[nodiscard]] int Error() const { return m_nError; }
 
-    /// Leaves them on record, for a later run to remove.
+    /// Keeps the record, so that a later run removes the notes.
     void Keep() { m_sName.clear(); }
 
-    /// An open file of the trash's volume, by which it can be synced.
+    /// An open file on the trash's volume, by which the volume can be synced.
     [[nodiscard]] int Get() const { return m_file.Get(); }
 
-    /// Removes the notes without a file that runs which are dead have left.
+    /// Removes notes without a file that terminated runs have left.
     static void ClearOldOnes(const TrashFolder& trash);
 
 private:
@@ -46,7 +46,7 @@ private:
     int m_nError = 0;
 };
 
-/// Writes all of `sText` to an open file. 0, or the system's error number.
+/// Writes all of `sText` to an open file. Returns 0 or the error number.
 int WriteAll(int h, const std::string& sText);
 
 } // namespace desktop

@@ -12,7 +12,7 @@ namespace {
 constexpr std::string_view kEnding = ".trashinfo";
 constexpr std::size_t kLongest = NAME_MAX - kEnding.size();
 
-/// A path as the rules for links (URIs) have it, byte by byte.
+/// A path encoded for URIs, byte by byte.
 std::string PercentEncoded(std::string_view sPath)
 {
     constexpr std::string_view kPlain = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_.~/";
@@ -61,7 +61,7 @@ std::string NameInTrash(const std::string& sName, std::size_t nTry)
         return sName.substr(0, nDot) + sNumber + sName.substr(nDot);
     }
     std::size_t nCut = kLongest - sNumber.size();
-    // Not within a character: the bytes behind a character's first one begin with the bits 10.
+    // Never cuts within a character: continuation bytes start with the bits 10.
     const auto isInside = [&](std::size_t n) {
         return (static_cast<unsigned char>(sName[n]) & 0xC0U) == 0x80U;
     };

@@ -6,8 +6,8 @@
 namespace desktop {
 namespace {
 
-/// So many copies of a size are kept: two would do to have one that is not the file itself, the others are
-/// for the case that the first ones go or turn out to differ.
+/// The number of copies kept for each size: two are enough to have one that is not the file itself; the
+/// others are used if the first ones disappear or turn out to differ.
 constexpr std::size_t kChoice = 4;
 
 bool IsOf(const StayingFiles::tCopy& copy, const tSeenFile& file)
@@ -58,7 +58,7 @@ void StayingFiles::Add(const tSeenFile& file, std::size_t nPlace)
 
 bool StayingFiles::IsEnough() const
 {
-    // Whether a changed file stays by another name, only the last one can tell.
+    // Whether a changed file stays under another name is known only after the last one.
     return m_wanted.empty() && !m_bAnyChanged;
 }
 

@@ -14,32 +14,32 @@ namespace desktop {
 
 /// What stays of a file's contents when the file goes.
 enum class Stays {
-    Copy,          ///< another file that was found alike, neither of them changed since
-    SameFile,      ///< only the file itself, by another name
+    Copy,          ///< another file of the group; neither has changed since the search
+    SameFile,      ///< only the file itself, under another name
     Nothing,       ///< no file of its group
-    FileChanged,   ///< a file that it was like before it changed
-    CopiesChanged, ///< files that were like it before they changed
-    OtherSize,     ///< files of other sizes; the search did not go by contents
+    FileChanged,   ///< files that it was equal to before it changed
+    CopiesChanged, ///< files that were equal to it before they changed
+    OtherSize,     ///< files of other sizes; the search did not compare contents
 };
 
-/// A file of a group as it was seen on the disk.
+/// A file of a group as seen on disk.
 struct tSeenFile {
     tFileIdentity identity;
-    bool bAsShown = true; ///< size and time of writing are what its row shows
+    bool bAsShown = true; ///< size and modification time are as shown in its row
 };
 
-/// The files of one group that are there and stay, and what that means for those that go. Looks at nothing by
+/// The existing files of a group that stay, and what that means for those that go. Does no disk access
 /// itself.
 class StayingFiles
 {
 public:
-    /// A file of the group that is to go. They come before the first Add.
+    /// Adds a file of the group that is to go. Must be called before the first Add.
     void Goes(const tSeenFile& file);
 
-    /// The `nPlace`th file of the group is there and stays.
+    /// Adds file number `nPlace` of the group, which exists and stays.
     void Add(const tSeenFile& file, std::size_t nPlace);
 
-    /// True if nothing depends on further files that stay.
+    /// True if further files that stay would make no difference.
     [[nodiscard]] bool IsEnough() const;
 
     /// What stays of a file that goes.
@@ -51,7 +51,8 @@ public:
         tFileIdentity identity;
     };
 
-    /// What a file that goes may be compared with, a few at most: copies, or itself by another name.
+    /// The files that a file that goes can be compared with, at most a few: copies, or itself under another
+    /// name.
     [[nodiscard]] std::vector<tCopy> CopiesOf(const tSeenFile& file) const;
 
 private:
@@ -62,11 +63,12 @@ private:
     {
         return {file.identity.nDevice, file.identity.nInode};
     }
-    std::map<Identity, std::size_t> m_staying; ///< each file once, with the first of its places
-    std::map<std::int64_t, Copies> m_bySize;   ///< unchanged, of each size a few, no two of them one file
-    Copies m_unchanged;                        ///< a few of any size
-    Copies m_changed;                          ///< a few of those that have changed
-    std::set<std::int64_t> m_wanted;           ///< sizes of files that go and have no choice of copies yet
+    std::map<Identity, std::size_t> m_staying; ///< each file once, with its first index
+    std::map<std::int64_t, Copies> m_bySize;   ///< unchanged files: a few of each size, no two of them the
+                                               ///< same file
+    Copies m_unchanged;                        ///< a few unchanged files of any size
+    Copies m_changed;                          ///< a few changed files
+    std::set<std::int64_t> m_wanted;           ///< sizes of files that go and do not have enough copies yet
     bool m_bAnyChanged = false;                ///< a file that goes has changed
 };
 

@@ -10,7 +10,7 @@ namespace desktop {
 
 WriteLease::WriteLease(int h) : m_h(h)
 {
-    // Whoever opens the file while the lease lasts has the system send this signal, which would end the
+    // When another process opens the file during the lease, the system sends this signal, which would end the
     // program.
     static const auto before = std::signal(SIGIO, SIG_IGN);
     static_cast<void>(before);

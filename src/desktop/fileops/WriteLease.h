@@ -3,14 +3,13 @@
 
 namespace desktop {
 
-/// Finds out who may write to a file without any further trace, by a lease for reading. While this lives,
-/// whoever opens the file for writing waits, for 45 seconds at most; who holds it for longer than moments
-/// looks now and then whether somebody does. It sees nothing of files of others, and nothing on some file
-/// systems.
+/// Detects writers that leave no other trace, by a read lease. During its lifetime, opening the file for
+/// writing blocks for up to 45 seconds; users that hold it for longer than a moment must check for waiting
+/// writers now and then. It does not work for files of other users and on some file systems.
 class WriteLease
 {
 public:
-    /// `h` is open for reading only, and must outlive it.
+    /// `h` must be open for reading only and outlive this object.
     explicit WriteLease(int h);
     WriteLease(const WriteLease&) = delete;
     WriteLease& operator=(const WriteLease&) = delete;
@@ -19,7 +18,7 @@ public:
     /// True if nobody can write to the file unnoticed.
     [[nodiscard]] bool IsHeld() const { return m_bHeld; }
 
-    /// True if somebody has the file open or mapped for writing, or is about to open it.
+    /// True if the file is open or mapped for writing, or is about to be opened.
     [[nodiscard]] bool IsOpenForWriting() const;
 
 private:
