@@ -14,7 +14,7 @@
 #include <string>
 #include <string_view>
 
-// What a search needs around it, without a window.
+// The environment that a search needs, without a window.
 
 namespace bench {
 
@@ -41,7 +41,7 @@ class MainForm final : public search::MainFormMembers
     std::string sSelectedFolder() override { return {}; }
 };
 
-/// A progress window that notes when the comparison begins.
+/// A progress window that records when the comparison begins.
 class ProgressForm final : public search::ProgressFormMembers,
                            private search::ProgressBarMembers,
                            private platform::ControlObserver
@@ -65,7 +65,7 @@ private:
     }
 };
 
-/// All that a search over `files` needs, put in place. No event is waited for.
+/// Installs everything that a search over `files` needs. The event loop does nothing.
 struct tHeadless {
     explicit tHeadless(platform::FileSystem& files)
     {

@@ -7,7 +7,7 @@
 
 namespace bench {
 
-/// Memory that this process has in use, in bytes.
+/// The resident memory of this process, in bytes.
 inline std::size_t ResidentBytes()
 {
     std::ifstream status("/proc/self/statm");

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Prints the speed of the CRC-32 loops and of libdeflate_crc32, and their ratios. Each loop takes its turn in
-// every round, so that what else the machine does meets them alike; what counts is the median of the rounds.
+// Prints the speed of the CRC-32 loops and of libdeflate_crc32, and their ratios. The loops take turns in
+// each round, so that other load on the machine affects them equally; the result is the median of the rounds.
 
 #include "mCRCKernels.h"
 
@@ -27,12 +27,12 @@ struct tContender {
 void ByLibdeflate(std::int32_t* pRegister, const std::uint8_t* pFirst, const std::int32_t* /*pTable*/,
                   std::size_t nBytes)
 {
-    // This one takes and gives the complement of the register.
+    // libdeflate takes and returns the complement of the register.
     const std::uint32_t nBefore = ~static_cast<std::uint32_t>(*pRegister);
     *pRegister = static_cast<std::int32_t>(~libdeflate_crc32(nBefore, pFirst, nBytes));
 }
 
-/// Of the program's own rule; whether that is right, libdeflate says.
+/// Built by the program's own function; the comparison with libdeflate verifies it.
 search::tCRCTable BuildTable()
 {
     search::tCRCTable aTable{};
@@ -47,10 +47,10 @@ const std::array<tContender, 4> kContenders{{{"table", search::AddToCRC32ByTable
                                              {"chosen", search::FastestCRC32()},
                                              {"libdeflate", ByLibdeflate}}};
 
-/// The median speed of each contender on `data`, in GB/s; empty if they do not agree on the checksum.
+/// The median speed of each contender on `data`, in GB/s; empty if their checksums differ.
 std::vector<double> Measure(const std::vector<std::uint8_t>& data, const search::tCRCTable& aTable)
 {
-    // About 1 MiB a turn: long against the clock's own cost, short enough to take many turns.
+    // About 1 MiB per turn: long compared with the overhead of the clock, short enough for many turns.
     const std::size_t nRepeats = std::max<std::size_t>(1, (std::size_t{1} << 20) / data.size());
     std::array<std::vector<double>, kContenders.size()> aSpeeds;
     for (int nRound = 0; nRound < kRounds; ++nRound) {

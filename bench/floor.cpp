@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The yardstick of bench/compare: the least that a search by content has to do. Threads list folders from one
-// stack; the files whose size another one has are then read and summed, folder by folder as they were found,
-// each thread taking the next few. It shows nothing, cannot be stopped, and holds files to be alike whose
-// sizes and checksums are.
+// The reference for bench/compare: the minimum of work for a search by content. Threads list folders from one
+// stack. Files that share their size with another one are then read and checksummed, folder by folder in the
+// order found, each thread taking the next few. It shows nothing, cannot be cancelled, and treats files as
+// equal if size and checksum are.
 
 #include <algorithm>
 #include <atomic>
@@ -31,7 +31,7 @@ namespace {
 
 constexpr std::size_t kLargestSize = 10'000'000;
 
-// How many files a thread takes at a time.
+// The number of files that a thread takes at a time.
 constexpr std::size_t kChunk = 16;
 
 constexpr unsigned kMostThreads = 64;
@@ -45,12 +45,12 @@ struct File {
 };
 
 struct Folder {
-    std::string path; // ends with a slash
+    std::string path; // ends in a slash
     std::vector<File> files;
-    std::string paths; // of the files, each with a NUL at its end
+    std::string paths; // of the files, each followed by a NUL
 };
 
-// Calls work() in so many threads, this one among them, and waits for all.
+// Calls work() in `count` threads, including this one, and waits for all of them.
 void inThreads(unsigned count, const std::function<void()>& work)
 {
     std::vector<std::thread> threads;
@@ -77,7 +77,7 @@ public:
         return ::access(path, R_OK | X_OK) == 0;
     }
 
-    // One of the threads that list what has been added and all below.
+    // The function of the threads that list the added folders and everything below them.
     void run()
     {
         std::unique_lock lock(m_mutex);
@@ -104,7 +104,7 @@ public:
     std::deque<Folder>& folders() { return m_folders; }
 
 private:
-    // Returns the names of the folders in it.
+    // Returns the names of its subfolders.
     static std::vector<std::string> list(Folder& folder)
     {
         std::vector<std::string> below;
@@ -112,7 +112,7 @@ private:
         if (listing == nullptr) {
             return below;
         }
-        std::vector<std::size_t> starts; // the paths move while they grow
+        std::vector<std::size_t> starts; // offsets rather than pointers, since `paths` may be reallocated
         while (const dirent* const entry = ::readdir(listing)) {
             const char* const name = entry->d_name;
             if (std::strcmp(name, ".") == 0 || std::strcmp(name, "..") == 0) {
@@ -144,11 +144,11 @@ private:
     std::mutex m_mutex;
     std::condition_variable m_changed;
     std::deque<Folder> m_folders;
-    std::vector<Folder*> m_stack; // those still to be listed
-    unsigned m_busy = 0;          // threads that list a folder
+    std::vector<Folder*> m_stack; // folders not listed yet
+    unsigned m_busy = 0;          // number of threads that are listing a folder
 };
 
-// Calls what(first, last) for each run of two or more neighbours that are alike.
+// Calls what(first, last) for each run of two or more adjacent files that are alike.
 template <typename Alike, typename What>
 void eachGroup(std::vector<File*>& sorted, Alike alike, What what)
 {
@@ -162,7 +162,7 @@ void eachGroup(std::vector<File*>& sorted, Alike alike, What what)
     }
 }
 
-// The files whose size another one has, in the order in which they were found.
+// The files that share their size with another one, in the order in which they were found.
 std::vector<File*> candidates(std::deque<Folder>& folders)
 {
     std::vector<File*> sorted;
@@ -198,7 +198,7 @@ void read(File& file, void* buffer)
     }
 }
 
-// One of the threads that read; `next` is the first file that none has taken.
+// The function of the threads that read files; `next` is the first file not taken yet.
 void readSome(const std::vector<File*>& wanted, std::atomic<std::size_t>& next)
 {
     constexpr std::size_t kPage = std::size_t{2} << 20;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// How long a person waits for a list of very many rows: listrun [ROWS]. Each action is timed until the list
-// has been painted anew. Without a display it runs off screen.
+// Measures how long the user waits for a list with very many rows: listrun [ROWS]. Each action is timed until
+// the list has been repainted. Without a display it runs off screen.
 
 #include "ListView.h"
 #include "ListViewWidget.h"
@@ -34,7 +34,7 @@ std::string Name(std::size_t n)
     return "photo of a summer day " + std::to_string(n) + ".jpeg";
 }
 
-/// Adds the rows as a search does; returns how long their names are together.
+/// Adds the rows as a search does; returns the total length of their names.
 std::size_t Fill(platform::ListView& list, std::size_t nRows)
 {
     std::size_t nNames = 0;
@@ -68,7 +68,7 @@ void Report(QWidget& view, const char* pAction, const std::function<void()>& act
     std::printf("%-36s %8.1f ms\n", pAction, took.count());
 }
 
-/// A click on the middle of the first or the last row in sight.
+/// Clicks the middle of the first or the last visible row.
 void Click(QTreeView& view, bool bLast, Qt::KeyboardModifiers modifiers)
 {
     const int nRow = view.visualRect(view.indexAt({2, 2})).height();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Makes the folder trees that bench/compare and bench/growth measure. A tree depends on nothing but its
-// name and N, so figures taken on different machines are figures for the same files.
+// Creates the folder trees that bench/compare and bench/growth measure. A tree depends only on its name and
+// N, so results from different machines are for the same files.
 
 #include <cerrno>
 #include <charconv>
@@ -22,16 +22,16 @@
 
 namespace {
 
-// Raise it with any change that alters a tree, so that stored trees are made anew.
+// Has to be increased with any change of a tree, so that stored trees are created again.
 constexpr int kVersion = 1;
 
-// The largest size that every program in the comparison takes in.
+// The largest size that all programs in the comparison accept.
 constexpr std::uint64_t kLargestSize = 10'000'000;
 
 using Random = std::mt19937_64;
 
-// The distributions of the standard library may differ from one library to the next; this may not.
-// The slight preference for small numbers does no harm here.
+// The distributions of the standard library can differ between implementations; this one cannot. The slight
+// bias towards small numbers is harmless here.
 std::uint64_t between(Random& random, std::uint64_t low, std::uint64_t high)
 {
     return low + random() % (high - low + 1);
@@ -56,7 +56,7 @@ public:
         std::filesystem::create_directories(m_root);
     }
 
-    // Makes the folder, and those above it, and returns its path with a slash at its end.
+    // Creates a folder and its parents, and returns its path with a trailing slash.
     [[nodiscard]] std::string folder(const std::string& relative) const
     {
         std::string path = m_root + '/' + relative;
@@ -71,14 +71,14 @@ public:
         finish(fd, path, written);
     }
 
-    // A file of that size without a block of its own on the disk.
+    // Creates a file of that size that occupies no blocks on disk.
     void hollow(const std::string& path, std::uint64_t size)
     {
         const int fd = create(path);
         finish(fd, path, ::ftruncate(fd, static_cast<off_t>(size)) == 0);
     }
 
-    // A file whose bytes follow from the seed: the same seed and size make a copy.
+    // Creates a file with pseudo-random bytes: the same seed and size give a copy.
     void random(const std::string& path, std::uint64_t seed, std::uint64_t size)
     {
         Random source(seed);
@@ -116,7 +116,7 @@ struct Original {
     std::uint64_t size;
 };
 
-// Gives each file either new contents or, in `percent` of cases, those of an earlier one.
+// Gives each file new contents or, in `percent` of cases, those of an earlier one.
 class Contents
 {
 public:
@@ -142,7 +142,7 @@ private:
     std::vector<Original> m_originals;
 };
 
-// Calls make(folder, i) for i below n, with `each` files to a folder.
+// Calls make(folder, i) for i below n, with `each` files per folder.
 template <typename Make>
 void spread(const Tree& tree, std::uint64_t n, std::uint64_t each, Make make)
 {
@@ -155,8 +155,8 @@ void spread(const Tree& tree, std::uint64_t n, std::uint64_t each, Make make)
     }
 }
 
-// Calls make(path, i) for i below n with a path that ends in the same name each time; the folders are
-// themselves spread, a thousand to one above them.
+// Calls make(path, i) for i below n with paths that all end in the same name; the folders are grouped by a
+// thousand per parent.
 template <typename Make>
 void spreadOneName(const Tree& tree, std::uint64_t n, Make make)
 {
@@ -170,13 +170,13 @@ void makeSmall(Tree& tree, std::uint64_t n)
     Contents contents(11, 30, 100, 16'384);
     spread(tree, n, 50, [&](const std::string& folder, std::uint64_t i) {
         const Original what = contents.next();
-        // Some are hidden, and some empty: a program that leaves either out is found out by its count.
+        // Some files are hidden and some empty: a program that skips either has a different count.
         tree.random(folder + numbered(i % 100 == 7 ? ".item-" : "item-", i, 6) + ".dat", what.seed,
                     i % 400 == 9 ? 0 : what.size);
     });
 }
 
-// As small ones, but each fits a block of the disk: what counts is how many there are.
+// Like the small files, but each fits in a single block: what matters is their number.
 void makeMillion(Tree& tree, std::uint64_t n)
 {
     Contents contents(17, 30, 2'048, 4'096);
@@ -243,7 +243,7 @@ void makeDeep(Tree& tree, std::uint64_t n)
     }
 }
 
-// Nothing but the name is alike, so that nothing needs to be read.
+// Only the names are equal, so no file needs to be read.
 void makeHostileName(Tree& tree, std::uint64_t n)
 {
     spreadOneName(tree, n, [&](const std::string& path, std::uint64_t i) { tree.hollow(path, i + 1); });

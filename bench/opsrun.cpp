@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the file operations cost: the trash against bare calls of GIO, copying against cp.
+// Measures the cost of the file operations: deleting compared with plain GIO calls, copying compared with cp.
 
 #include "FolderEntry.h"
 #include "ListView.h"
@@ -43,7 +43,7 @@ public:
     {
         const std::chrono::duration<double> looks = std::chrono::steady_clock::now() - m_lastTold;
         dLooks = looks.count();
-        // The bytes are compared where the search went by them.
+        // After a search by content, the bytes are compared.
         return confirmation.comparedBy == platform::ComparedBy::Content ? desktop::Consent::WithCopy
                                                                         : desktop::Consent::All;
     }
@@ -72,7 +72,7 @@ public:
 
     std::size_t nNotDone = 0;
     double dLooks = 0;                                    ///< seconds until the user is asked
-    std::chrono::steady_clock::duration longestSilence{}; ///< in which the user sees nothing move
+    std::chrono::steady_clock::duration longestSilence{}; ///< the longest time without visible progress
 
 private:
     void Told()
@@ -85,19 +85,19 @@ private:
     std::chrono::steady_clock::time_point m_lastTold = std::chrono::steady_clock::now();
 };
 
-/// One way to do the work; each round begins anew with `prepare`.
+/// One way to do the work; `prepare` runs before each round.
 struct tContender {
     const char* pName;
     std::function<void()> work;
     std::vector<double> seconds{};
 };
 
-/// Runs the contenders in turn and prints medians and their ratios to the first one's.
+/// Runs the contenders in turn and prints their medians and the ratios to the first one.
 void Compare(std::vector<tContender> contenders, const std::function<void()>& prepare)
 {
     for (int nRound = 0; nRound < kRounds; ++nRound) {
         for (std::size_t n = 0; n < contenders.size(); ++n) {
-            // Each is first as often as the others.
+            // Each contender goes first equally often.
             tContender& contender = contenders[(n + static_cast<std::size_t>(nRound)) % contenders.size()];
             prepare();
             sync();
@@ -119,7 +119,7 @@ void Compare(std::vector<tContender> contenders, const std::function<void()>& pr
     }
 }
 
-/// Returns the longest time without a word of progress.
+/// Returns the longest time without a progress call.
 double Carry(const platform::SHFILEOPSTRUCT& request, platform::FileGroups* pGroups = nullptr)
 {
     Consent consent;
@@ -137,7 +137,7 @@ double Carry(const platform::SHFILEOPSTRUCT& request, platform::FileGroups* pGro
     return std::chrono::duration<double>(consent.longestSilence).count();
 }
 
-/// The rows of a search: each file below its copy, which stays.
+/// The rows of a search: each file in a group with its copy, which stays.
 class Rows final : public platform::FileGroups
 {
 public:
@@ -191,7 +191,7 @@ platform::SHFILEOPSTRUCT ToTrash(const std::vector<std::string>& paths)
     return request;
 }
 
-/// Empties the trash and makes the files anew.
+/// Empties the trash and creates the files again.
 void Make(const std::string& sRoot, const std::vector<std::string>& paths)
 {
     fs::remove_all(sRoot + "/share");
@@ -202,7 +202,7 @@ void Make(const std::string& sRoot, const std::vector<std::string>& paths)
     }
 }
 
-/// Files of one name, each in a folder of its own, against files of names of their own.
+/// Files with the same name in different folders, compared with files with different names.
 void TrashEqualNames(const std::string& sRoot, std::size_t nFiles)
 {
     std::vector<std::string> equal;
@@ -219,7 +219,7 @@ void TrashEqualNames(const std::string& sRoot, std::size_t nFiles)
             [&] { Make(sRoot, both); });
 }
 
-/// With `comparedBy` they come from a search, and a copy of each stays.
+/// With `comparedBy` the files come from a search, and a copy of each stays.
 void TrashFound(const std::string& sRoot, std::size_t nFiles, std::optional<platform::ComparedBy> comparedBy)
 {
     std::vector<std::string> paths;
@@ -267,7 +267,7 @@ void TrashByName(const std::string& sRoot, std::size_t nFiles)
     TrashFound(sRoot, nFiles, platform::ComparedBy::Name);
 }
 
-/// The files of `sRoot`/from, which `names` lists.
+/// Copies the files of `sRoot`/from, which `names` lists.
 void Copy(const std::string& sRoot, const std::vector<std::string>& names)
 {
     platform::SHFILEOPSTRUCT request;
@@ -288,7 +288,7 @@ void Copy(const std::string& sRoot, const std::vector<std::string>& names)
             [&] {
                 fs::remove_all(sRoot + "/to");
                 fs::create_directories(sRoot + "/to");
-                Command("cat " + sRoot + "/from/* >/dev/null"); // in memory for everyone
+                Command("cat " + sRoot + "/from/* >/dev/null"); // into memory, for all contenders
             });
     std::printf("longest time without a word of progress, in any round: %.3f s\n", dLongest);
 }
@@ -305,7 +305,7 @@ void CopyMegabytes(const std::string& sRoot, std::size_t nMegabytes)
     Copy(sRoot, names);
 }
 
-/// One file of so many pieces with holes between them.
+/// A file that consists of `nPieces` pieces with holes between them.
 void CopyPieces(const std::string& sRoot, std::size_t nPieces)
 {
     fs::create_directories(sRoot + "/from");

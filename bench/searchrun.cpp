@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// One search over the folders named on the command line, without a window.
+// Runs one search over the folders on the command line, without a window.
 
 #include "Escaped.h"
 #include "HeadlessForms.h"
@@ -34,12 +34,12 @@ struct tOptions {
     bool bNameSize = false;
     bool bHidden = false;
     bool bPrint = false;
-    std::size_t nWorkers = 0; ///< 0: as many as the program would have
+    std::size_t nWorkers = 0; ///< 0: as many as the program would use
     std::string sRowsFile;
     std::vector<std::string> folders;
 };
 
-/// The file systems, with a number of workers of one's choice and a count of what is asked for.
+/// File access with a selectable number of workers that counts requests.
 class MeasuredFiles final : public platform::FileSystem
 {
 public:
@@ -102,7 +102,7 @@ bool ReadOptions(const std::vector<std::string_view>& arguments, tOptions& optio
     return !options.folders.empty();
 }
 
-/// Lists the folders; false if one cannot be opened.
+/// Adds the folders to the list; false if one cannot be opened.
 bool AddFolders(const std::vector<std::string>& folders, platform::FileSystem& files, bench::MainForm& form)
 {
     bool bAll = true;
@@ -117,7 +117,7 @@ bool AddFolders(const std::vector<std::string>& folders, platform::FileSystem& f
     return bAll;
 }
 
-/// Each group as lines that no name can forge, with an empty one behind it.
+/// Prints each group as escaped lines, followed by an empty line.
 void PrintRows(platform::ListItems& rows)
 {
     for (std::size_t n = 1; n <= rows.Count(); ++n) {
@@ -169,7 +169,7 @@ int main(int argc, char** argv)
     if (options.bPrint) {
         PrintRows(rows);
     }
-    // Each file asked for has been read once, unless it could not be.
+    // Each requested file has been read once, unless that failed.
     std::size_t nReads = 0;
     std::int64_t nReadBytes = 0;
     for (std::size_t n = 0; n < static_cast<std::size_t>(search::FileCount); ++n) {

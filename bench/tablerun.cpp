@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The comparison alone: a table of files that exist in memory only, in the shapes that are hard on a search.
+// Measures only the comparison: the files of the table exist in memory only, in shapes that are hard on a
+// search.
 
 #include "HeadlessForms.h"
 #include "mCommon.h"
@@ -18,12 +19,12 @@ namespace {
 
 constexpr std::size_t kFilesInFolder = 1000;
 
-/// One shape of a table: what file number `n` has for a name, a size and a content.
+/// A shape of a table: name, size and content as functions of the file number `n`.
 struct tShape {
     const char* pName;
     std::string (*nameOf)(std::size_t n);
     std::int64_t (*sizeOf)(std::size_t n);
-    bool bAlike; ///< all contents are
+    bool bAlike; ///< all contents are equal
 };
 
 std::string OneName(std::size_t /*n*/)
@@ -45,8 +46,8 @@ constexpr tShape kShapes[] = {
     {"all alike", OneName, [](std::size_t) { return std::int64_t{8}; }, true},
 };
 
-/// A tree of one file or a thousand files a folder, as the shape's names allow. Paths have 60 characters.
-/// Each is read when it is asked for.
+/// A tree with one file or a thousand files per folder, depending on the names of the shape. Paths have 60
+/// characters. A file is read when it is asked for.
 class SyntheticReading final : public platform::SearchReading
 {
 public:
@@ -57,7 +58,8 @@ public:
         listing.Clear();
         if (sPath == "/") {
             const std::size_t nInFolder = m_shape.nameOf == OneName ? 1 : kFilesInFolder;
-            // The walk enters at most 32,767 subfolders of a folder, so one listing stands for many.
+            // The walk enters at most 32,767 subfolders of a folder, so the folders are split into several
+            // parts.
             for (std::size_t n = 0; n < m_nFiles; n += 30'000 * nInFolder) {
                 Add(listing, "part-" + std::to_string(n), true, 0);
             }
@@ -79,7 +81,7 @@ public:
     void ReadFirst(std::vector<std::uint32_t> /*entries*/) override {}
 
 private:
-    static constexpr std::size_t kNumberAt = 6; // behind "/part-"
+    static constexpr std::size_t kNumberAt = 6; // after "/part-"
 
     static void Add(platform::FolderListing& listing, const std::string& sName, bool bFolder,
                     std::int64_t nSize)

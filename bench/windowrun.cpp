@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
-// One figure of the program on its real windows, off the screen unless told otherwise by QT_QPA_PLATFORM:
-//   windowrun --search FOLDER   how long a search by content takes from the key to its end, how often the
-//                               progress window was painted meanwhile, and the longest time that the window
-//                               had no look at its events
-//   windowrun --end FOLDER      how long it takes from the last comparison until the list has been painted
+// Measures one figure of the program in its real windows, off screen unless QT_QPA_PLATFORM says otherwise:
+//   windowrun --search FOLDER   duration of a search by content from the key press to its end, how often the
+//                               progress window was painted meanwhile, and the longest time without event
+//                               processing
+//   windowrun --end FOLDER      time from the last comparison until the result list has been painted
 //   windowrun --cancel FOLDER [COMMAND]
-//                               how long it takes from a click on Cancel, at random moments of the search, to
-//                               a main window that can be used; the shell runs COMMAND before each search
+//                               time from a click on Cancel, at random moments of the search, until the main
+//                               window is usable; the shell runs COMMAND before each search
 //   windowrun --start           the time, in seconds since 1970, at which the window had been painted
-// bench/windowfigures makes a report of them.
+// bench/windowfigures combines them in a report.
 
 #include "Main.h"
 #include "PacedEventLoop.h"
@@ -44,7 +44,7 @@ double Seconds(Clock::duration duration)
     return std::chrono::duration<double>(duration).count();
 }
 
-/// The program's own loop, which notes about when it was called last: the clock is one that costs little.
+/// The program's own event loop, which also records roughly when it was called last, using a cheap clock.
 class NotedEvents final : public platform::EventLoop
 {
 public:
@@ -65,7 +65,7 @@ private:
     timespec m_last{};
 };
 
-/// Counts how often windows other than the main one are painted, and notes when the list of results is.
+/// Counts paint events of all windows but the main one, and records when the result list is painted.
 class Paints final : public QObject
 {
 public:
@@ -88,7 +88,7 @@ public:
     bool bListPainted = false;
 };
 
-/// Clicks on Cancel when an event from outside comes in.
+/// Clicks Cancel when an event from another thread arrives.
 class Click final : public QObject
 {
 public:
@@ -102,10 +102,10 @@ public:
         return QObject::event(pEvent);
     }
 
-    bool bMet = false; ///< there was something to cancel
+    bool bMet = false; ///< the search was still running
 };
 
-/// Knocks every few milliseconds, from outside, and notes the longest that the window took to answer.
+/// Sends events from another thread every few milliseconds, and records the longest response time.
 class Knocks final : public QObject
 {
 public:
@@ -136,7 +136,7 @@ public:
 private:
     std::atomic<bool> m_bKnocked = false;
     Clock::time_point m_when;
-    std::jthread m_visitor; ///< the last, so that it is the first to go
+    std::jthread m_visitor; ///< the last member, so that it is destroyed first
 };
 
 void ShowWindow()
@@ -150,7 +150,7 @@ void ShowWindow()
     QApplication::processEvents();
 }
 
-/// Searches as the key for it does; returns how long that took.
+/// Searches as if by the shortcut key; returns the duration.
 Clock::duration Search()
 {
     const auto began = Clock::now();
@@ -204,7 +204,7 @@ void MeasureCancel(Paints& paints, const char* pCommand)
         Clock::time_point clicked;
         RunInShell(pCommand);
         Click click;
-        // The click comes from outside, whatever the program is at.
+        // The click comes from another thread, whatever the program is doing.
         std::thread visitor([&, began = Clock::now()] {
             std::this_thread::sleep_until(began + moment);
             clicked = Clock::now();

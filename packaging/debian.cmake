@@ -1,4 +1,4 @@
-# cpack in the build tree makes tallyfen_VERSION_ARCHITECTURE.deb there; packaging/build does all that leads to it.
+# cpack in the build tree creates tallyfen_VERSION_ARCHITECTURE.deb there; packaging/build runs all necessary steps.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
@@ -22,8 +22,8 @@ set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# What no library list tells: the plugin that draws the pictures, which Debian 12 has in the library's package; the
-# typeface that the forms are made for, what knows kinds of files, the plugin for Wayland.
+# Dependencies that shlibdeps cannot find: the plugin for SVG pictures, which is in the library's package in Debian 12;
+# the font that the forms are designed for; the MIME database; the Wayland plugin.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-svg-plugins | libqt6svg6 (<< 6.7.2-5~)")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-dejavu-extra, shared-mime-info, qt6-wayland")
 include(CPack)

@@ -19,7 +19,7 @@
 
 namespace soak {
 
-/// Answers every question at random.
+/// Answers all questions at random.
 class RandomUser final : public desktop::OperationDialogs,
                          public platform::FileDialogs,
                          public platform::Launcher,
@@ -29,12 +29,12 @@ class RandomUser final : public desktop::OperationDialogs,
 public:
     explicit RandomUser(World& world) : m_world(world) {}
 
-    std::size_t nNotDone = 0; ///< files that the last operation did not deal with
-    bool bAfterAll = false;   ///< what was spared has gone to the trash after all
+    std::size_t nNotDone = 0; ///< files that the last operation did not process
+    bool bAfterAll = false;   ///< the spared files have gone to the trash after all
     desktop::Consent consent = desktop::Consent::Cancel;
-    std::set<std::string> asked; ///< the files of which there was something to say before the answer
+    std::set<std::string> asked; ///< the files for which there were concerns before the answer
 
-    /// Another operation begins.
+    /// Resets this for another operation.
     void Forget()
     {
         nNotDone = 0;
@@ -110,7 +110,7 @@ public:
 
     void Show(std::string_view /*sText*/, platform::MessageIcon /*icon*/) override {}
 
-    /// Adds the tree, and now and then a folder of it: a folder within a listed one changes nothing.
+    /// Adds the tree, and sometimes also a folder inside it, which must not change the result.
     platform::ItemId SHBrowseForFolder(const platform::BROWSEINFO& info) override
     {
         for (std::size_t n = 0; n < 1 + m_world.Random(2); ++n) {

@@ -33,7 +33,7 @@ World::World(unsigned nSeed) : m_random(nSeed)
 
 World::~World()
 {
-    std::error_code error; // what is left lies in the folder for temporary files
+    std::error_code error; // errors are ignored: leftovers are in the temporary folder
     fs::remove_all(m_sRoot, error);
 }
 
@@ -51,7 +51,7 @@ void World::Renew()
         fs::create_directories(sFolder);
         static const std::string kOdd[] = {"n", "a b", ".h", "\xff", "new\nline", "\xc3\xa4", "-rf", "\"q\""};
         const std::string sName = kOdd[Random(std::size(kOdd))] + std::to_string(Random(40));
-        // Contents of a few sizes only, so that sizes often agree where contents do not.
+        // Few different sizes, so that sizes often match where contents do not.
         const std::size_t nContent = Random(nContents);
         const std::string sContent =
             nContent == 0 ? "" : std::to_string(nContent) + std::string(100 * (nContent % 4), 'x') + "\n";
@@ -105,7 +105,7 @@ void World::Disturb()
     }
     for (std::size_t n = 0; n < files.size(); ++n) {
         const fs::path& sOther = files[Random(files.size())];
-        std::error_code error; // what does not go is not done
+        std::error_code error; // errors are ignored: what cannot be removed stays
         switch (Random(40)) {
         case 0:
             std::ofstream(files[n], std::ios::app) << "more";
@@ -117,7 +117,7 @@ void World::Disturb()
             fs::remove(files[n]);
             fs::create_hard_link(sOther, files[n], error);
             break;
-        case 3: // same size, same time, other contents
+        case 3: // same size and time, other contents
             if (const auto time = fs::last_write_time(files[n]); fs::file_size(files[n]) > 0) {
                 std::fstream(files[n], std::ios::in | std::ios::out) << 'X';
                 fs::last_write_time(files[n], time);
@@ -133,7 +133,7 @@ std::map<std::string, std::set<std::string>> World::Holders() const
 {
     std::map<std::string, std::set<std::string>> holders;
     for (const char* pFolder : {"/home/tree", "/home/other"}) {
-        std::error_code error; // there may be no such folder yet
+        std::error_code error; // the folder may not exist yet
         for (const auto& entry : fs::recursive_directory_iterator(m_sRoot + pFolder, error)) {
             if (entry.is_regular_file()) {
                 holders[ContentOf(entry.path())].insert(entry.path().string());
@@ -147,7 +147,7 @@ std::map<std::string, std::size_t> World::Contents() const
 {
     std::map<std::string, std::size_t> contents;
     for (const char* pFolder : {"/home/tree", "/home/other", "/home/.local/share/Trash/files"}) {
-        std::error_code error; // there may be no such folder yet
+        std::error_code error; // the folder may not exist yet
         for (const auto& entry : fs::recursive_directory_iterator(m_sRoot + pFolder, error)) {
             if (entry.is_regular_file()) {
                 ++contents[ContentOf(entry.path())];

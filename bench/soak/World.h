@@ -9,17 +9,17 @@
 
 namespace soak {
 
-/// Groups of duplicates, each the full paths of its files.
+/// Groups of duplicates, each with the full paths of its files.
 using Groups = std::set<std::set<std::string>>;
 
 enum class Mode { Content, Name, NameAndSize };
 
-/// A temporary folder with a home in it, which the trash of this process goes to: made before anything asks
-/// for either, gone with this object.
+/// A temporary folder that contains the home folder of this process, and so its trash. Must be created before
+/// anything uses either; it is removed with this object.
 class World
 {
 public:
-    /// Throws std::filesystem::filesystem_error if the folder cannot be made.
+    /// Throws std::filesystem::filesystem_error if the folder cannot be created.
     explicit World(unsigned nSeed);
     World(const World&) = delete;
     World& operator=(const World&) = delete;
@@ -31,24 +31,25 @@ public:
         return std::uniform_int_distribution<std::size_t>(0, n - 1)(m_random);
     }
 
-    /// Throws all files away, the trash too, and makes a new tree of a few hundred.
+    /// Removes all files, including the trash, and creates a new tree with a few hundred files.
     void Renew();
 
-    /// The folder that holds the tree, and one of the folders of a random place.
+    /// The root of the tree, and a random folder in it.
     [[nodiscard]] std::string Tree() const { return m_sRoot + "/home/tree"; }
     std::string SomeFolder();
     [[nodiscard]] std::string Report() const { return m_sRoot + "/report.txt"; }
 
-    /// What a search of the tree has to find, worked out from the files themselves.
+    /// The expected result of a search of the tree, determined from the files themselves.
     [[nodiscard]] Groups Duplicates(Mode mode, bool bHidden) const;
 
-    /// What other programs do meanwhile: writes to a few files of the tree, removes some, names some twice.
+    /// Acts like other programs meanwhile: writes to some files of the tree, removes some, adds hard links to
+    /// some.
     void Disturb();
 
-    /// Each content that there is, and how many files hold it, in the tree and in the trash.
+    /// All contents in the tree and the trash, with the number of files that have them.
     [[nodiscard]] std::map<std::string, std::size_t> Contents() const;
 
-    /// The files that are not in the trash, by what they hold.
+    /// The files outside the trash, by content.
     [[nodiscard]] std::map<std::string, std::set<std::string>> Holders() const;
 
 private:

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Long and hard use: soak [SECONDS [SEED]] makes random visits to the program's own forms, off screen where
-// there is no display, on random trees of files in a temporary folder, and checks after each step that the
-// search found what it had to, that no file was lost and none came out other than it was. Says how much
-// memory is in use on the way. Ends with 1 at the first departure.
+// Stress test: soak [SECONDS [SEED]] uses the program's own forms at random, off screen if there is no
+// display, on random file trees in a temporary folder. After each step it checks that the search found the
+// right groups, that no file was lost, and that none was altered. Reports memory use on the way. Exits with 1
+// at the first deviation.
 
 #include "../Memory.h"
 #include "PosixFiles.h"
@@ -25,13 +25,13 @@
 namespace soak {
 namespace {
 
-/// One visit after the other, each to a program that has been used before.
+/// Runs one visit after the other, in the same instance of the program.
 class Visits
 {
 public:
     Visits(World& world, RandomUser& user) : m_world(world), m_user(user) {}
 
-    /// False at the first departure, which has been printed.
+    /// False at the first deviation, which has been printed.
     bool RunOne()
     {
         m_world.Renew();
@@ -74,7 +74,7 @@ private:
 
     void Search()
     {
-        // The options at random. A click can turn one off again, so what counts is what is checked then.
+        // Random options. A click can also turn a mode off, so what counts is what is checked afterwards.
         platform::MenuItem* const kModes[] = {&m_main.mnuOptionsSearchContent, &m_main.mnuOptionsSearchName,
                                               &m_main.mnuOptionsSearchNameSize};
         kModes[m_world.Random(std::size(kModes))]->Click();
@@ -85,7 +85,7 @@ private:
             m_main.mnuOptionsHidden.Click();
         }
         const bool bHidden = m_main.mnuOptionsHidden.Checked();
-        // One in four is cancelled on the way, if it takes that long.
+        // One search in four is cancelled, if it takes long enough.
         bool bCancelled = false;
         QTimer cancel;
         cancel.setSingleShot(true);
@@ -98,7 +98,6 @@ private:
         }
         m_main.mnuSearchFind.Click();
         cancel.stop();
-        // What it must have found.
         ++nSearches;
         nCancelled += bCancelled ? 1 : 0;
         const Groups found = Listed();
@@ -108,7 +107,7 @@ private:
         }
     }
 
-    /// The groups as the rows' marks tell them.
+    /// The groups according to the marks of the rows.
     Groups Listed()
     {
         Groups groups;
@@ -136,14 +135,12 @@ private:
             if (rule.Click) {
                 rule.Click();
             }
-            // Something is done to their files.
             platform::MenuItem* const kCommands[] = {&m_main.mnuFileDelete, &m_main.mnuFileMoveTo,
                                                      &m_main.mnuFileCopyTo, &m_main.mnuSearchSaveResults};
             platform::MenuItem* const pCommand = kCommands[m_world.Random(std::size(kCommands))];
             m_user.Forget();
             pCommand->Click();
             ++nOperations;
-            // Everything is still there.
             CheckContents(before, m_world.Contents(), pCommand == &m_main.mnuFileCopyTo);
             if (pCommand == &m_main.mnuFileDelete) {
                 CheckCopies(holders, m_world.Holders());
@@ -164,7 +161,8 @@ private:
         Expect(after.size() == before.size(), "a file holds what none held before");
     }
 
-    /// What is held by no file outside the trash any more, the user has been asked about and has agreed to.
+    /// Contents that no file outside the trash has any more must be of files that the user was asked about
+    /// and agreed to delete.
     void CheckCopies(const std::map<std::string, std::set<std::string>>& before,
                      const std::map<std::string, std::set<std::string>>& after)
     {
@@ -178,7 +176,7 @@ private:
         }
     }
 
-    /// Of the files that were there before the operation.
+    /// For the files that existed before the operation.
     void CheckMarks(const std::map<std::string, std::set<std::string>>& before)
     {
         std::set<std::string> there;
@@ -227,7 +225,7 @@ int Run(int argc, char* argv[])
     auto nextWord = start;
     std::size_t nVisits = 0;
     bool bFine = true;
-    // Inside the program's event loop, as a person's visits are: some things are tidied up only there.
+    // Runs inside the program's event loop, as with a real user: some cleanup happens only there.
     QTimer next;
     QObject::connect(&next, &QTimer::timeout, [&] {
         bFine = visits.RunOne();

@@ -10,12 +10,12 @@
 
 namespace tour {
 
-/// Starts no program of the machine that the tour runs on, and notes what would have been opened. What the
-/// shell shows of its own it does show.
+/// Starts no programs on the machine, and records what would have been opened. The shell's own windows are
+/// shown.
 class Launches final : public platform::Launcher
 {
 public:
-    /// Passes on to `shell`, which must outlive it, what shows a window of the shell.
+    /// Passes requests that show a window of the shell on to `shell`, which must outlive this object.
     void StandBefore(platform::Launcher& shell) { m_pShell = &shell; }
 
     std::vector<std::string> opened;

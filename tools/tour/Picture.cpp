@@ -18,8 +18,7 @@ bool IsFramed(const QWidget& window)
     return qobject_cast<const QMenu*>(&window) == nullptr;
 }
 
-/// What lies over what: the main window and those beside it, the windows over it, a message over these,
-/// menus.
+/// The stacking order: the main window and those next to it, windows above it, a message above these, menus.
 int Layer(const QWidget& window)
 {
     if (!IsFramed(window)) {

@@ -5,7 +5,7 @@
 
 namespace tour {
 
-/// The windows and menus that are up, as they lie over each other, each window with a plain frame.
+/// All visible windows and menus as stacked on screen, each window with a plain frame.
 QPixmap PictureOfScreen();
 
 } // namespace tour

@@ -14,7 +14,7 @@
 namespace tour {
 namespace {
 
-/// All files are of the same moment, so that one tour looks like the next.
+/// All files have the same time, so that the pictures of all tours look alike.
 constexpr std::time_t kWritten = 1'700'000'000; // in November 2023
 
 } // namespace
@@ -29,7 +29,8 @@ SampleTree::SampleTree()
     setenv("HOME", (m_sRoot + "/home").c_str(), 1);
     setenv("XDG_RUNTIME_DIR", m_sRoot.c_str(), 1);
     setenv("XDG_DATA_HOME", (m_sRoot + "/data").c_str(), 1);
-    // Two alike, three alike, empty ones, a hidden one, an odd name, one that is too large, some single ones.
+    // Two equal files, three equal ones, empty ones, a hidden one, an odd name, one that is too large, some
+    // single ones.
     const std::string sBeach(34'816, 'b');
     File("Pictures/beach.jpg", sBeach);
     File("Pictures/Backup/beach (1).jpg", sBeach);

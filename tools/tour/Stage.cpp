@@ -60,7 +60,7 @@ QMessageBox* MessageUp()
     return pBox != nullptr && pBox->isVisible() && pBox->isActiveWindow() ? pBox : nullptr;
 }
 
-/// Gives the keyboard to the window on top if no window has it, as a window manager does. There is none here.
+/// Activates the top window if no window has the focus, as a window manager does; there is none here.
 void GiveKeyboard()
 {
     if (QApplication::activeWindow() != nullptr || QApplication::activePopupWidget() != nullptr) {
@@ -82,7 +82,7 @@ void GiveKeyboard()
 
 void ClickOn(QWidget* pWidget, Qt::MouseButton button)
 {
-    QCursor::setPos(pWidget->mapToGlobal(pWidget->rect().center())); // where a pop-up menu opens
+    QCursor::setPos(pWidget->mapToGlobal(pWidget->rect().center())); // where a context menu opens
     QTest::mouseClick(pWidget, button);
 }
 
@@ -127,7 +127,7 @@ void Stage::Click(const platform::Control& control, Qt::MouseButton button)
     GiveKeyboard();
     Expect(pWidget != nullptr && pWidget->isVisible(), "what is to be clicked can be seen");
     if (pWidget != nullptr) {
-        // A list has its rows in a widget of its own.
+        // The rows of a list are in an inner widget.
         QWidget* const pInner = pWidget->childAt(pWidget->rect().center());
         ClickOn(pInner != nullptr ? pInner : pWidget, button);
     }
@@ -207,7 +207,7 @@ void Stage::Meanwhile(const std::function<void()>& act, const std::function<bool
             talk();
         }
     });
-    look.start(0); // once in each run of an event loop, whoever runs it
+    look.start(0); // on each run of an event loop, whoever runs it
     act();
     Expect(bCameUp, "what was asked for came up");
     GiveKeyboard();
@@ -251,7 +251,7 @@ void Stage::Search(const std::function<void()>& talk)
 
 void Stage::ExpectGroups(std::vector<std::set<std::string>> wanted, std::string_view sWhat)
 {
-    // In which order a folder gives its files is the file system's affair, and so is that of the rows.
+    // The order of files depends on the file system, and the order of rows with it.
     const std::string sHome = tree.Path("");
     std::vector<std::set<std::string>> groups;
     std::string sMarks;

@@ -24,74 +24,74 @@ class QWidget;
 
 namespace tour {
 
-/// The program as a scene finds it: its forms on the screen, a tree of files, and the hands and eyes of a
-/// visitor. What a visitor does goes to the widgets as events of the mouse and the keyboard.
+/// The environment of a scene: the program's forms on screen, a file tree, and functions to act as a visitor.
+/// Actions are sent to the widgets as mouse and keyboard events.
 class Stage final : private platform::EventLoop
 {
 public:
-    /// Pictures and the text go into folder `sFolder`, which exists.
+    /// Pictures and the text are written to folder `sFolder`, which must exist.
     Stage(SampleTree& sampleTree, Launches& programs, std::string sFolder);
 
     SampleTree& tree;
     Launches& launches;
     mainwindow::frmMain& main = mainwindow::theMainForm();
 
-    /// The loop for the program: unlike the program's own it delivers all input at each step, so that a scene
-    /// can act at the very step that it waits for.
+    /// The event loop for the program: unlike the program's own it processes all input at each step, so that
+    /// a scene can act at exactly the step it waits for.
     platform::EventLoop& Events() { return *this; }
 
-    /// What is said from now on is said of this scene.
+    /// Subsequent messages belong to this scene.
     void Enter(const char* pScene);
     [[nodiscard]] bool Failed() const { return m_bFailed; }
 
-    /// Notes that `sFact` does not hold. The scene goes on.
+    /// Reports `sFact` as failed unless `bHolds`. The scene continues.
     void Expect(bool bHolds, std::string_view sFact);
     void ExpectEqual(const std::string& sGot, const std::string& sWanted, std::string_view sWhat);
 
-    /// Lets the program run until `isTrue`; notes `sFact` if that takes too long.
+    /// Runs the event loop until `isTrue`; reports `sFact` as failed on timeout.
     void WaitFor(const std::function<bool()>& isTrue, std::string_view sFact);
 
-    /// A click in the middle of a control or of some widget.
+    /// Clicks the middle of a control or widget.
     void Click(const platform::Control& control, Qt::MouseButton button = Qt::LeftButton);
     void Click(QWidget* pWidget);
 
-    /// A click on the toolbar's button of that caption.
+    /// Clicks the toolbar button with that caption.
     void Tool(std::string_view sCaption);
 
-    /// Opens a menu of the menu bar, or a submenu of the one that is open.
+    /// Opens a menu of the menu bar, or a submenu of the open menu.
     void Open(const platform::MenuItem& menu);
 
-    /// Clicks on an item of the menu that is open.
+    /// Clicks an item of the open menu.
     void Choose(const platform::MenuItem& item);
 
-    /// A key for whoever has the focus.
+    /// Sends a key to the widget that has the focus.
     void Press(Qt::Key key, Qt::KeyboardModifiers held = {});
     void Type(std::string_view sText);
 
-    /// Does something that returns only when what it brings up has gone. Once `isUp`, `talk` runs.
+    /// Runs `act`, which returns only when the window it opens has been closed. Runs `talk` once `isUp`.
     void Meanwhile(const std::function<void()>& act, const std::function<bool()>& isUp,
                    const std::function<void()>& talk);
 
-    /// The same with a form, which then is active.
+    /// The same for a form, which is then active.
     void Meanwhile(const std::function<void()>& act, platform::Form& form, const std::function<void()>& talk);
 
-    /// Meets the message that `act` brings up, of which it takes a picture if `pPicture` is given.
+    /// Closes the message that `act` shows, after checking its text and, with `pPicture`, taking a picture.
     void MeetMessage(const std::function<void()>& act, std::string_view sText,
                      const char* pPicture = nullptr);
 
-    /// Presses the key of Search Now; `talk` runs when half of the files have been compared.
+    /// Presses the shortcut key of Search Now; runs `talk` when half of the files have been compared.
     void Search(const std::function<void()>& talk = {});
 
-    /// What the result list has to hold: groups of files, named by their paths below the home folder.
+    /// Checks the contents of the result list: groups of files, by their paths relative to the home folder.
     void ExpectGroups(std::vector<std::set<std::string>> wanted, std::string_view sWhat);
 
-    /// Both panels of the status bar.
+    /// The texts of both panels of the status bar.
     std::string Status();
 
-    /// Takes a picture of all that is up, and writes down what the lists hold.
+    /// Takes a picture of all windows, and writes down the contents of the lists.
     void Show(const std::string& sName);
 
-    /// Writes a text down.
+    /// Adds a line to the text.
     void Write(const std::string& sText) { m_text << sText << '\n' << std::flush; }
 
 private:
@@ -104,22 +104,22 @@ private:
     bool m_bFailed = false;
 };
 
-/// True for a mark that begins a group, whether or not its file is there.
+/// True for a mark that begins a group, whether or not its file exists.
 bool BeginsGroup(int nMark);
 
-/// A part of the visit.
+/// A part of the tour.
 struct tScene {
     const char* pName;
     void (*play)(Stage& stage);
 };
 
-/// All scenes in their order: each finds what the ones before it have left.
+/// All scenes in order; each continues from the state that the previous one has left.
 std::vector<tScene> Scenes();
 
-/// Those in which something is done to the files found.
+/// The scenes that change the found files.
 std::vector<tScene> Operations();
 
-/// Those in which something goes wrong.
+/// The scenes in which something goes wrong.
 std::vector<tScene> Troubles();
 
 } // namespace tour

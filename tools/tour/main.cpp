@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// A visit to the program on its real windows: tour [--dark | --contrast] [--scale FACTOR] [--text FACTOR]
-// [FOLDER]. Writes a picture of each scene and a text of what the lists hold into FOLDER, or into a new
-// temporary folder that it names. Says which scene was not as it has to be, and then ends with 1. Runs off
-// the screen unless told otherwise by QT_QPA_PLATFORM.
+// A tour of the program on its real windows: tour [--dark | --contrast] [--scale FACTOR] [--text FACTOR]
+// [FOLDER]. Writes a picture of each scene and a text with the contents of the lists to FOLDER, or to a new
+// temporary folder whose path it prints. Reports scenes that fail, and then exits with 1. Runs off screen
+// unless QT_QPA_PLATFORM says otherwise.
 
 #include "Program.h"
 #include "Stage.h"
@@ -22,7 +22,7 @@ namespace {
 
 constexpr int kUsage = 64;
 constexpr int kHung = 3;
-constexpr unsigned kPatience = 60; // seconds for a scene
+constexpr unsigned kPatience = 60; // seconds per scene
 
 struct tOptions {
     bool bDark = false;
@@ -56,7 +56,7 @@ const char* g_pScene = "";
 const char* g_pTree = "";
 tour::Stage* g_pStage = nullptr;
 
-/// A screen with room for the windows at twice their size, unless another one is asked for.
+/// A screen with room for the windows at twice their size, unless another platform is selected.
 void ProvideScreen(const tour::SampleTree& tree)
 {
     tree.File("../screen.json",
@@ -67,7 +67,7 @@ void ProvideScreen(const tour::SampleTree& tree)
     }
 }
 
-/// What the toolkit has to complain about is a fault, but for what it cannot do off the screen.
+/// Warnings of the toolkit are failures, except for what it cannot do off screen.
 void Complaint(QtMsgType type, const QMessageLogContext& /*context*/, const QString& sText)
 {
     if (type == QtDebugMsg || type == QtInfoMsg ||
@@ -80,7 +80,7 @@ void Complaint(QtMsgType type, const QMessageLogContext& /*context*/, const QStr
     }
 }
 
-/// A window that nobody closes would keep the tour for ever.
+/// A window that is never closed would block the tour for ever.
 void Hung(int /*nSignal*/)
 {
     for (const char* pText : {"tour: scene \"", g_pScene, "\" does not come to its end\n"}) {
@@ -103,7 +103,7 @@ QPalette DarkPalette()
     return dark;
 }
 
-/// Text and lines in white and yellow on black.
+/// White and yellow text and lines on black.
 QPalette ContrastPalette()
 {
     QPalette contrast(Qt::white, Qt::black, Qt::white, Qt::white, Qt::white, Qt::white, Qt::black);
@@ -115,7 +115,7 @@ QPalette ContrastPalette()
     return contrast;
 }
 
-/// Plays all scenes; true if each was as it has to be.
+/// Plays all scenes; true if none failed.
 bool Play(tour::Stage& stage)
 {
     std::vector<tour::tScene> scenes = tour::Scenes();
@@ -172,7 +172,7 @@ int main(int argc, char** argv)
         std::cerr << "usage: tour [--dark | --contrast] [--scale FACTOR] [--text FACTOR] [FOLDER]\n";
         return kUsage;
     }
-    unsetenv("DBUS_SESSION_BUS_ADDRESS"); // the visitor's own desktop has no part in this
+    unsetenv("DBUS_SESSION_BUS_ADDRESS"); // the tour must not use the visitor's own desktop
     std::signal(SIGALRM, &Hung);
     try {
         return Run(argc, argv, options);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The visit to the commands that act on results.
+// The part of the tour with the commands that act on results.
 
 #include "Stage.h"
 #include "WidgetOf.h"
@@ -29,7 +29,7 @@ std::string ContentOf(const std::string& sPath)
     return content.str();
 }
 
-/// The window of the shell that is up by that name, or null.
+/// The shell's window with that object name, or null.
 QWidget* Shown(const char* pName)
 {
     for (QWidget* const pWindow : QApplication::topLevelWidgets()) {
@@ -41,7 +41,7 @@ QWidget* Shown(const char* pName)
     return nullptr;
 }
 
-/// Meets the window of the shell that `act` brings up.
+/// Handles the shell's window that `act` opens.
 void Meet(Stage& stage, const std::function<void()>& act, const char* pWindow,
           const std::function<void()>& talk)
 {
@@ -56,7 +56,7 @@ void Press(Stage& stage, const char* pWindow, const char* pButton)
     stage.Click(pShown == nullptr ? nullptr : pShown->findChild<QPushButton*>(QLatin1String(pButton)));
 }
 
-/// The row of a file, named by its path below the home folder.
+/// The row of a file, by its path relative to the home folder.
 platform::ListItem Row(Stage& stage, const std::string& sName)
 {
     auto& rows = stage.main.lvFiles.ListItems;
@@ -68,7 +68,7 @@ platform::ListItem Row(Stage& stage, const std::string& sName)
     return rows(n);
 }
 
-/// A click of the mouse on the row of a file, and on no other.
+/// Selects only the row of a file by a mouse click.
 void ClickRow(Stage& stage, const std::string& sName)
 {
     auto* const pView = qobject_cast<QAbstractItemView*>(desktop::WidgetOf(&stage.main.lvFiles));
@@ -95,7 +95,7 @@ void SelectByRule(Stage& stage)
     stage.Show("duplicates-selected");
 }
 
-/// A copy to where another file of that name is: refused at first, then agreed to.
+/// A copy onto another file with the same name: first refused, then accepted.
 void Replace(Stage& stage)
 {
     const std::string sThere = stage.tree.Path("Pictures/shopping.txt");
@@ -135,7 +135,7 @@ void Replace(Stage& stage)
                  "the mark of a copied file stays blue");
 }
 
-/// A file copied to where it is: nothing happens, and that is said.
+/// A file copied onto itself: nothing happens, and this is reported.
 void CopyOntoItself(Stage& stage)
 {
     ClickRow(stage, "Pictures/beach.jpg");
@@ -155,7 +155,7 @@ void SelectBy(Stage& stage, const platform::MenuItem& rule)
     stage.Choose(rule);
 }
 
-/// What is said of files of which no copy would stay, or might not; nothing of it is agreed to.
+/// Questions about files of which no copy would stay, or might not stay; all are declined.
 void Decide(Stage& stage)
 {
     const std::string sReport = stage.tree.Path("Documents/Old/report.odt");
@@ -181,7 +181,7 @@ void Decide(Stage& stage)
         stage.Press(Qt::Key_Escape);
     });
 
-    // Another file than the one found, that looks the same.
+    // Replaces the file found by another one that looks the same.
     ClickRow(stage, "Documents/Old/report.odt");
     std::ofstream(sReport) << std::string(sContent.size(), 'x');
     fs::last_write_time(sReport, time);
@@ -196,7 +196,7 @@ void Decide(Stage& stage)
     fs::last_write_time(sReport, time);
 }
 
-/// After a search by name nothing is known of contents.
+/// After a search by name the contents have not been compared.
 void DecideByName(Stage& stage)
 {
     stage.Open(stage.main.mnuOptions);

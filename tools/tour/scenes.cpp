@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The visit while all goes well.
+// The part of the tour in which all goes well.
 
 #include "Main.h"
 #include "Stage.h"
@@ -20,7 +20,7 @@ using desktop::WidgetOf;
 
 using Groups = std::vector<std::set<std::string>>;
 
-/// The groups by content in both folders, and those with the hidden files.
+/// The groups by content in both folders, without and with the hidden files.
 Groups ByContent()
 {
     return {{"Documents/report.odt", "Documents/Old/report.odt", "Documents/Old/report (last year).odt"},
@@ -37,7 +37,7 @@ Groups ByContentWithHidden()
     return groups;
 }
 
-/// The groups by name and size in both folders with the hidden files, and those by name.
+/// The groups in both folders with the hidden files: by name and size, and by name.
 Groups ByNameAndSize()
 {
     return {{"Documents/report.odt", "Documents/Old/report.odt"},
@@ -112,7 +112,7 @@ void Progress(Stage& stage)
                      "an empty list covers the results");
         stage.Expect(main.lvFake.ListItems.Count() == 0 && main.lvFiles.ListItems.Count() > 0,
                      "rows come in out of sight");
-        // Neither a click nor a key gets to the main window, and only the button ends the search.
+        // Neither clicks nor keys reach the main window, and only the button ends the search.
         stage.Tool("New");
         QTest::keyClick(WidgetOf(&main.form), Qt::Key_F2);
         stage.Press(Qt::Key_Escape);
@@ -126,7 +126,7 @@ void Results(Stage& stage)
 {
     auto& main = stage.main;
     QWidget* const pWindow = WidgetOf(&main.form);
-    pWindow->resize(720, 400); // room for the paths
+    pWindow->resize(720, 400); // wide enough for the paths
     QTest::mouseMove(pWindow->windowHandle(), QPoint(700, 300));
     stage.ExpectGroups(ByContent(), "the list");
     stage.ExpectEqual(stage.Status(), "Done | 9", "the status");
@@ -135,7 +135,7 @@ void Results(Stage& stage)
     stage.Show("results");
 }
 
-/// A selection by hand, and the menu over it.
+/// A manual selection, and the context menu on it.
 void PopupMenu(Stage& stage)
 {
     auto& main = stage.main;

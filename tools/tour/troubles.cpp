@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The visit where something is in the way.
+// The part of the tour in which something goes wrong.
 
 #include "Stage.h"
 #include "WidgetOf.h"
@@ -11,7 +11,7 @@
 namespace tour {
 namespace {
 
-/// A folder that has gone and one that cannot be opened, in the middle of others.
+/// A missing folder and one that cannot be opened, among others.
 void LostFolders(Stage& stage)
 {
     stage.tree.File("Music/gone.ogg", "soon");
@@ -42,7 +42,7 @@ void NoFolders(Stage& stage)
     stage.Expect(stage.main.lvFiles.ListItems.Count() > 0, "the results of the search before stay");
 }
 
-/// Sizes at which the layout has no room for all of it.
+/// Window sizes that are too small for the layout.
 void SmallWindows(Stage& stage)
 {
     QWidget& window = *desktop::WidgetOf(&stage.main.form);
