@@ -31,11 +31,13 @@ double SettingsFactor()
     return g_settings_get_double(settings.get(), kKey);
 }
 
-/// The ratio of this screen to the smallest one that the forms are designed for, 640 by 480 pixels.
+/// The ratio of this screen to the smallest one that the forms are designed for.
 double Room()
 {
+    constexpr double kLeastWidth = 640;
+    constexpr double kLeastHeight = 480;
     const QSize room = QGuiApplication::primaryScreen()->availableSize();
-    return std::max(1.0, std::min(room.width() / 640.0, room.height() / 480.0));
+    return std::max(1.0, std::min(room.width() / kLeastWidth, room.height() / kLeastHeight));
 }
 
 } // namespace

@@ -16,10 +16,11 @@ void Design(T& control, const platform::tPlace& place, std::string_view sCaption
     control.SetCaption(sCaption);
 }
 
-/// The same for a picture of 32 by 32 pixels.
+/// The same for a picture, which always has the same size.
 inline void Design(platform::Image& image, float left, float top, std::string_view sPicture)
 {
-    image.SetPlace({left, top, 480, 480});
+    constexpr float kPictureSize = 480; // twips, 32 pixels
+    image.SetPlace({left, top, kPictureSize, kPictureSize});
     image.SetPicture(sPicture);
 }
 

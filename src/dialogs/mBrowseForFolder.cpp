@@ -8,6 +8,8 @@
 namespace dialogs {
 namespace {
 
+constexpr std::size_t kPathBuffer = 266;
+
 std::string sBrowseStart; ///< the folder to select when the dialog opens, followed by a NUL
 
 int BrowseCallback(platform::WindowHandle hWnd, unsigned uMsg, long /*lParam*/, long /*lpData*/)
@@ -34,7 +36,7 @@ std::string BrowseForFolder(platform::WindowHandle hOwner, const std::string& sT
     }
     // On Cancel there is no item, and the buffer does not change.
     const platform::ItemId pidl = platform::TheFileDialogs().SHBrowseForFolderA(info);
-    std::string sBuffer(266, '\0');
+    std::string sBuffer(kPathBuffer, '\0');
     platform::TheFileDialogs().SHGetPathFromIDListA(pidl, sBuffer);
     std::string sFolder = StripNull(sBuffer);
     platform::TheFileDialogs().CoTaskMemFree(pidl);

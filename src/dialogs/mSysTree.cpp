@@ -11,6 +11,9 @@ platform::PictureBox* oHost = nullptr;
 
 namespace {
 
+constexpr std::size_t kMaxPath = 260;
+constexpr int kBrowseSize = 480; // pixels
+
 platform::WindowProcedure lpPrevWndProc = nullptr;
 platform::WindowHandle hBrowse = nullptr;
 platform::WindowHandle hTree = nullptr;
@@ -51,7 +54,8 @@ void HostTree(platform::PictureBox& host)
 void BrowseInitialized()
 {
     // Off the screen at any resolution.
-    platform::MoveWindow(hBrowse, -static_cast<int>(platform::TheScreen().Width()), 0, 480, 480);
+    platform::MoveWindow(hBrowse, -static_cast<int>(platform::TheScreen().Width()), 0, kBrowseSize,
+                         kBrowseSize);
     platform::SendMessageA(hBrowse, platform::BFFM_SETSELECTIONA, 1, sSelectedFolder);
     for (auto hChild = platform::GetWindow(hBrowse, platform::GW_CHILD); hChild != nullptr;
          hChild = platform::GetWindow(hChild, platform::GW_HWNDNEXT)) {
@@ -66,7 +70,7 @@ void BrowseInitialized()
 void SelectionChanged(platform::ItemId pidl)
 {
     // If the item has no path, the buffer holds no NUL and the last folder stays.
-    std::string sBuffer(260, ' ');
+    std::string sBuffer(kMaxPath, ' ');
     platform::Shell().SHGetPathFromIDList(pidl, sBuffer);
     const std::size_t nEnd = sBuffer.find('\0');
     if (nEnd != std::string::npos) {

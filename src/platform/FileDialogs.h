@@ -19,8 +19,7 @@ struct OPENFILENAME {
     WindowHandle hwndOwner = nullptr;
     std::string lpstrFilter;     ///< pairs of a description and a pattern, each followed by a NUL
     unsigned nFilterIndex = 0;   ///< the initially selected pair, counted from 1
-    std::string lpstrFile;       ///< the proposed name, followed by a NUL; on return the chosen path,
-                                 ///< likewise
+    std::string lpstrFile;       ///< the proposed name and a NUL; on return the chosen path and a NUL
     std::string lpstrInitialDir; ///< the initial folder; empty to let the dialog choose
     std::string lpstrTitle;
     unsigned Flags = 0;

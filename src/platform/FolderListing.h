@@ -16,8 +16,7 @@ struct tFileTime {
 
 /// An entry of a folder: a regular file or a subfolder.
 struct tFindData {
-    std::string_view cFileName; ///< the name field as the system fills it: the name, followed by at least one
-                                ///< NUL
+    std::string_view cFileName; ///< the name field as the system fills it: the name and at least one NUL
     bool bDirectory = false;
     bool bHidden = false;
     std::int64_t nFileSize = 0; ///< bytes; 0 for a folder

@@ -51,6 +51,7 @@ std::uint64_t HashNumbers(std::uint64_t nFirst, std::uint64_t nSecond)
 
 void IndexTable::Insert(std::uint64_t nHash, std::uint32_t nNumber)
 {
+    // At most three quarters full.
     if ((m_nUsed + 1) * 4 > m_slots.size() * 3) {
         Grow();
     }
@@ -69,7 +70,8 @@ void IndexTable::Place(tSlot slot)
 
 void IndexTable::Grow()
 {
-    std::vector<tSlot> old(std::max<std::size_t>(16, m_slots.size() * 2));
+    constexpr std::size_t kFewest = 16;
+    std::vector<tSlot> old(std::max(kFewest, m_slots.size() * 2));
     old.swap(m_slots);
     m_nMask = m_slots.size() - 1;
     for (const tSlot slot : old) {

@@ -22,8 +22,7 @@ struct tSearchedFolders {
 struct tFileToRead {
     std::string_view sFolder; ///< ends in a separator
     std::string_view sName;
-    std::int64_t nBytes = 0; ///< the number of bytes to process from its start; missing ones are taken as
-                             ///< zeros
+    std::int64_t nBytes = 0; ///< how many of its first bytes to process; zeros if it is shorter
 };
 
 /// The files that a search will ask for, and how to process them.

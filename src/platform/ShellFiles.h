@@ -21,8 +21,7 @@ inline constexpr unsigned SHGFI_DISPLAYNAME = 512;
 struct SHFILEOPSTRUCT {
     WindowHandle hwnd = nullptr; ///< the owner of the questions and the progress window
     unsigned wFunc = 0;          ///< one of the FO_ constants
-    std::string pFrom;           ///< full paths, exact bytes, each followed by a NUL; empty if there are no
-                                 ///< files
+    std::string pFrom;           ///< full paths, exact bytes, each followed by a NUL; empty for no files
     std::string pTo;             ///< their destinations in the same form and order; empty for FO_DELETE
     unsigned fFlags = 0;
 };

@@ -24,7 +24,7 @@ long ProgressWindow::Message(unsigned nMessage, long wParam, long lParam)
         return Control::Message(nMessage, wParam, lParam);
     }
     const int nBefore = m_nPosition;
-    Change(m_nPosition, static_cast<int>(std::clamp(wParam, 0L, 100L)));
+    Change(m_nPosition, static_cast<int>(std::clamp<long>(wParam, 0, kFull)));
     return nBefore;
 }
 

@@ -83,16 +83,17 @@ private:
     std::string m_sPicture;
 };
 
-/// The native progress bar, from 0 to 100.
+/// The native progress bar, from 0 to kFull.
 class ProgressWindow : public Control
 {
 public:
     static constexpr std::string_view kClass = "msctls_progress32";
     static constexpr unsigned PBM_SETPOS = 1026;
+    static constexpr int kFull = 100;
 
     [[nodiscard]] std::string_view ClassName() const override { return kClass; }
 
-    /// The position of the bar, 0 to 100.
+    /// The position of the bar, 0 to kFull.
     [[nodiscard]] int Position() const { return m_nPosition; }
 
     /// PBM_SETPOS moves the bar to `wParam`, clamped to the range.

@@ -86,8 +86,7 @@ private:
 
     platform::ListItems& m_rows;
     platform::tFileGroups& m_groups;
-    std::vector<std::uint32_t> m_asked; ///< for each row, counted from 1: the index of its path in the
-                                        ///< request
+    std::vector<std::uint32_t> m_asked; ///< by row, counted from 1: the index of its path in the request
     platform::StoredText m_sFolder;     ///< of the row read last
 };
 

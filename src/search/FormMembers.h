@@ -21,8 +21,7 @@ public:
     platform::Form form; ///< `Enabled`: the user may act on the form
     platform::ListView lvFolders{form};
     platform::ListView lvFiles{form};
-    platform::ComparedBy RowsComparedBy = platform::ComparedBy::Content; ///< how the search that filled
-                                                                         ///< lvFiles compared the files
+    platform::ComparedBy RowsComparedBy = platform::ComparedBy::Content; ///< of the search in lvFiles
     platform::StatusBar StatusBar1{2};
     platform::MenuItem mnuOptionsSearchContent;
     platform::MenuItem mnuOptionsSearchNameSize;

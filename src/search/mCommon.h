@@ -41,8 +41,7 @@ struct tFileEntry {
     platform::StoredText sName; ///< without the folder, exact bytes
     platform::StoredText sPath; ///< its folder, ending in a separator; stored once for all files of a folder
     std::int64_t cySize = 0;    ///< bytes
-    double dtDate = 0;          ///< last modification in local time: days since 30 December 1899; 0 if
-                                ///< unknown
+    double dtDate = 0;          ///< last write in local time: days since 30 December 1899; 0 if unknown
     tChecksumText sCRC;         ///< computed only if the search by content needs it
     bool bDone = false;         ///< takes no further part in the comparison
 
@@ -72,8 +71,7 @@ public:
     /// A folder whose files are about to be added.
     struct tFolder {
         platform::StoredText sPath;
-        bool bSeenBefore = false; ///< through another path, for example where a folder is mounted in two
-                                  ///< places
+        bool bSeenBefore = false; ///< through another path, as with two mounts of a folder
     };
 
     /// Stores the path of a folder.

@@ -7,8 +7,7 @@ namespace desktop {
 
 QString Breakable(const QString& sText)
 {
-    constexpr int kLongestRun = 24; // characters; the narrowest window has room for this many of the widest
-                                    // ones
+    constexpr int kLongestRun = 24; // characters; even the widest ones fit into any window
     constexpr char16_t kZeroWidthSpace = 0x200B;
     QString sBreakable;
     int nRun = 0;

@@ -108,7 +108,7 @@ public:
         : ControlView(form, progress, *new QProgressBar(pParent)), m_progress(progress)
     {
         auto& bar = static_cast<QProgressBar&>(Widget());
-        bar.setRange(0, 100);
+        bar.setRange(0, platform::ProgressWindow::kFull);
         bar.setTextVisible(false);
         bar.setAccessibleName(QStringLiteral("Progress"));
     }

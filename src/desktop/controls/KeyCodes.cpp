@@ -40,6 +40,7 @@ int LetterAt(quint32 nScanCode)
 int VirtualKey(const QKeyEvent& event)
 {
     constexpr int kLastLatin = 0xFF;
+    constexpr int kKeyF1 = 112;
     const int nKey = event.key();
     if (nKey > kLastLatin && nKey < Qt::Key_Escape) {
         return LetterAt(event.nativeScanCode());
@@ -49,7 +50,7 @@ int VirtualKey(const QKeyEvent& event)
         return nKey;
     }
     if (nKey >= Qt::Key_F1 && nKey <= Qt::Key_F24) {
-        return nKey - Qt::Key_F1 + 112;
+        return nKey - Qt::Key_F1 + kKeyF1;
     }
     constexpr std::array<std::pair<int, int>, 17> kKeys = {{
         {Qt::Key_Backspace, 8},

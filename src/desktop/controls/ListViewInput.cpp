@@ -17,7 +17,8 @@
 namespace desktop {
 namespace {
 
-constexpr int kScrollInterval = 50; // milliseconds
+constexpr int kScrollInterval = 50;     // milliseconds
+constexpr int kPixelsPerExtraStep = 16; // the further outside, the faster
 
 tHeld Held(Qt::KeyboardModifiers modifiers)
 {
@@ -77,11 +78,10 @@ void ListViewWidget::timerEvent(QTimerEvent* pEvent)
         QTreeView::timerEvent(pEvent);
         return;
     }
-    // The further outside, the faster.
     const int nBeyond = m_nDragY < 0 ? m_nDragY : m_nDragY - viewport()->height() + 1;
     const int nStep = verticalScrollBar()->singleStep();
     verticalScrollBar()->setValue(verticalScrollBar()->value() + nStep * (nBeyond < 0 ? -1 : 1) +
-                                  nBeyond / 16);
+                                  nBeyond / kPixelsPerExtraStep);
     DragTo(m_nDragY);
 }
 

@@ -24,7 +24,7 @@ std::optional<tRoom> MissingRoom(const tOperationPlan& plan, HeldFolders& folder
     tRoom room;
     room.cyFree = static_cast<std::int64_t>(volume.f_bavail) * static_cast<std::int64_t>(volume.f_frsize);
     for (const tPlannedFile& file : plan.files) {
-        // A move within a volume needs no room.
+        // A move within a volume needs no space.
         const bool bRenames = plan.operation.operation == FileOperation::Move &&
                               file.identity.nDevice == pFolder->Look().status.st_dev;
         if (!bRenames && file.sPath != file.sTarget) {

@@ -9,8 +9,8 @@
 
 namespace desktop {
 
-/// The room that the files of a plan need on the destination's volume, if there is not enough; empty if there
-/// is, or if that is unknown.
+/// The space that the files of a plan need on the destination's volume, if there is not enough; empty if
+/// there is, or if that is unknown.
 std::optional<tRoom> MissingRoom(const tOperationPlan& plan, HeldFolders& folders);
 
 } // namespace desktop

@@ -11,6 +11,7 @@
 #include <fcntl.h>
 #include <memory>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace desktop {
@@ -52,7 +53,7 @@ std::string OnlyFileIn(int hFolder)
     const tLook look = LookAt(hFolder);
     const auto inside = NamesIn(hFolder, [](std::string_view) { return true; });
     const bool bMade = look.nError == 0 && look.status.st_uid == geteuid() &&
-                       (look.status.st_mode & 07777) == S_IRWXU && inside.size() == 1;
+                       (look.status.st_mode & ALLPERMS) == S_IRWXU && inside.size() == 1;
     const long nMost = fpathconf(hFolder, _PC_NAME_MAX);
     const bool bLong =
         bMade && nMost > 0 &&

@@ -18,7 +18,7 @@
 namespace desktop {
 namespace {
 
-/// Used in place of an error number: the file system has no room for the attributes.
+/// Used in place of an error number: the file system has no space for the attributes.
 constexpr int kNoRoom = -1;
 
 /// 0 also for what the destination does not support or permit.
@@ -58,7 +58,7 @@ int KeepOwner(int hTo, const Status& status)
     return Judged(Retried([&] { return fchown(hTo, static_cast<uid_t>(-1), status.st_gid); }));
 }
 
-/// True if the disk has room: then it is the attribute space of the file that is full.
+/// True if the disk has free space: then it is the attribute space of the file that is full.
 bool HasRoom(int h)
 {
     constexpr unsigned long kEnough = 64;

@@ -45,8 +45,7 @@ struct tConcern {
 struct tConfirmation {
     tOperation operation;
     platform::ComparedBy comparedBy = platform::ComparedBy::Content; ///< how the search compared the files
-    std::size_t nWithCopy = 0;                                       ///< number of files of which a copy
-                                                                     ///< stays
+    std::size_t nWithCopy = 0;                                       ///< files of which a copy stays
     std::vector<tConcern> concerns{}; ///< only those that have files, most serious first
     std::string sOnly{};              ///< the path of the file if there is only one
 };
@@ -54,7 +53,7 @@ struct tConfirmation {
 /// The user's answer to it.
 enum class Consent { Cancel, WithCopy, All };
 
-/// The room needed at the destination, and the room available.
+/// The disk space needed at the destination, and the space available.
 struct tRoom {
     std::size_t nFiles = 0; ///< number of files that need it
     std::int64_t cyNeeded = 0;
@@ -113,7 +112,7 @@ public:
     /// Asks once for all files, before anything goes to the trash.
     virtual Consent Confirm(const tConfirmation& confirmation) = 0;
 
-    /// Asks before a move or copy to a destination without enough room. Returns false if nothing is to be
+    /// Asks before a move or copy to a destination without enough space. Returns false if nothing is to be
     /// moved or copied.
     virtual bool AskRoom(const tOperation& operation, const tRoom& room) = 0;
 

@@ -39,7 +39,7 @@ public:
     void LookAtFiles();
 
     /// After the files have been looked at: the question before they go to the trash, and for a move or copy
-    /// the missing room, if any.
+    /// the missing disk space, if any.
     [[nodiscard]] tConfirmation Question() const { return m_consent.Question(); }
     [[nodiscard]] const std::optional<tRoom>& Room() const { return m_room; }
 

@@ -70,8 +70,7 @@ private:
     std::unordered_multimap<std::uint64_t, std::size_t> m_byInode; ///< files that go
     std::string m_sDate;                                           ///< the time formatted last
     std::int64_t m_nDateOf = 0;                                    ///< its value in seconds
-    std::unordered_map<std::string, bool> m_trashes;               ///< for each folder, whether it is in a
-                                                                   ///< trash
+    std::unordered_map<std::string, bool> m_trashes;               ///< whether a folder is in a trash
 };
 
 } // namespace desktop

@@ -21,7 +21,8 @@ constexpr std::size_t kLongestText = 16 << 20;
 std::string TextOf(int h)
 {
     std::string sText;
-    std::string sPart(64 << 10, '\0');
+    constexpr std::size_t kPart = 64 << 10;
+    std::string sPart(kPart, '\0');
     ssize_t nRead = 1;
     while (nRead > 0 && sText.size() < kLongestText) {
         nRead = Retried([&] { return read(h, sPart.data(), sPart.size()); });

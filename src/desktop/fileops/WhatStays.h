@@ -64,8 +64,7 @@ private:
         return {file.identity.nDevice, file.identity.nInode};
     }
     std::map<Identity, std::size_t> m_staying; ///< each file once, with its first index
-    std::map<std::int64_t, Copies> m_bySize;   ///< unchanged files: a few of each size, no two of them the
-                                               ///< same file
+    std::map<std::int64_t, Copies> m_bySize;   ///< unchanged ones: a few of each size, each file once
     Copies m_unchanged;                        ///< a few unchanged files of any size
     Copies m_changed;                          ///< a few changed files
     std::set<std::int64_t> m_wanted;           ///< sizes of files that go and do not have enough copies yet

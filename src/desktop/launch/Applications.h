@@ -13,8 +13,7 @@ namespace desktop {
 /// An installed application.
 struct tApplication {
     std::string sName; ///< in the user's language
-    std::string sIcon; ///< the path of an image, or the name of an icon in the desktop's theme; empty for
-                       ///< none
+    std::string sIcon; ///< the path of an image, or a name in the icon theme; empty for none
     std::shared_ptr<GAppInfo> info;
 };
 

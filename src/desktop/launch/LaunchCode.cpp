@@ -19,15 +19,37 @@ namespace {
 /// meaning.
 constexpr std::array<std::pair<int, int>, 31> kNearest = {{
     {ENAMETOOLONG, ENOENT}, // such a path cannot exist
-    {ELOOP, ENOENT},        {ESTALE, ENOENT},       {ELIBACC, ENOENT},    {ELIBBAD, ENOEXEC},
-    {ELIBEXEC, ENOEXEC},    {ELIBMAX, ENOEXEC},     {ENOKEY, EACCES},     {EKEYEXPIRED, EACCES},
-    {EKEYREVOKED, EACCES},  {EKEYREJECTED, EACCES}, {EOPNOTSUPP, EPERM},  {ENOSYS, EPERM},
-    {EOVERFLOW, EFBIG},     {EDQUOT, ENOSPC},       {ENOBUFS, ENOMEM},    {EUSERS, EAGAIN},
-    {ENOLCK, EAGAIN},       {EDEADLK, EBUSY},       {EALREADY, EBUSY},    {EINPROGRESS, EBUSY},
-    {ECANCELED, EINTR},     {ENOTEMPTY, EEXIST},    {EDOM, EINVAL},       {ERANGE, EINVAL},
-    {EILSEQ, EINVAL},       {ENOMEDIUM, ENXIO},     {ENOTCONN, ENXIO}, // remote files, or files served by a
-                                                                       // program
-    {EHOSTDOWN, ENXIO},     {EHOSTUNREACH, ENXIO},  {ENETUNREACH, ENXIO},
+    {ELOOP, ENOENT},
+    {ESTALE, ENOENT},
+    {ELIBACC, ENOENT},
+    {ELIBBAD, ENOEXEC},
+    {ELIBEXEC, ENOEXEC},
+    {ELIBMAX, ENOEXEC},
+    {ENOKEY, EACCES},
+    {EKEYEXPIRED, EACCES},
+    {EKEYREVOKED, EACCES},
+    {EKEYREJECTED, EACCES},
+    {EOPNOTSUPP, EPERM},
+    {ENOSYS, EPERM},
+    {EOVERFLOW, EFBIG},
+    {EDQUOT, ENOSPC},
+    {ENOBUFS, ENOMEM},
+    {EUSERS, EAGAIN},
+    {ENOLCK, EAGAIN},
+    {EDEADLK, EBUSY},
+    {EALREADY, EBUSY},
+    {EINPROGRESS, EBUSY},
+    {ECANCELED, EINTR},
+    {ENOTEMPTY, EEXIST},
+    {EDOM, EINVAL},
+    {ERANGE, EINVAL},
+    {EILSEQ, EINVAL},
+    {ENOMEDIUM, ENXIO},
+    {ENOTCONN, ENXIO}, // remote files, or files that are
+                       // served by a program
+    {EHOSTDOWN, ENXIO},
+    {EHOSTUNREACH, ENXIO},
+    {ENETUNREACH, ENXIO},
 }};
 
 } // namespace
@@ -57,7 +79,8 @@ std::string CodeInWords(long nCode)
     if (nCode == kNoTerminal) {
         return "It runs in a terminal, and none is installed.";
     }
-    std::string sText(255, '\0');
+    constexpr std::size_t kLongestText = 255;
+    std::string sText(kLongestText, '\0');
     platform::FormatMessageA(platform::FORMAT_MESSAGE_FROM_SYSTEM, nCode, 0, sText);
     return sText.substr(0, sText.find('\0'));
 }

@@ -4,6 +4,11 @@
 #include <chrono>
 
 namespace desktop {
+namespace {
+
+constexpr std::chrono::milliseconds kLongestWait{20};
+
+} // namespace
 
 BufferPool::BufferPool()
 {
@@ -24,7 +29,7 @@ BufferPool::Turn::Turn(BufferPool& pool, const std::atomic<bool>& bEnded) : m_po
         }
         // With a timeout, because the holders of the buffers may hang in a read, and nothing notifies this
         // thread of the end of the search.
-        m_pool.m_returned.wait_for(lock, std::chrono::milliseconds(20));
+        m_pool.m_returned.wait_for(lock, kLongestWait);
     }
 }
 

@@ -54,8 +54,7 @@ private:
     std::array<platform::FileBuffer, kLarge> m_aLarge;
     std::mutex m_mutex;
     std::condition_variable m_returned;
-    std::vector<std::size_t> m_free; ///< used as a stack, since the pages of the most recently used buffer
-                                     ///< are already mapped
+    std::vector<std::size_t> m_free; ///< a stack: the pages of the last one used are mapped
 };
 
 } // namespace desktop

@@ -21,13 +21,14 @@ int OpenPlainly(int hFolder, const char* pPath, int nFlags)
     return Retried([&] { return openat(hFolder, pPath, nFlags); });
 }
 
-/// The file must not be created in another folder if a program has replaced a folder on the path with a link.
-/// On a kernel without that guarantee nothing is created.
+/// Opens a path without following any link on it: a missing file must not be created in another folder if a
+/// program has replaced a folder on the path with a link. Fails on a kernel that cannot guarantee this.
 int OpenThroughNoLink(int hFolder, const char* pPath, int nFlags)
 {
+    constexpr mode_t kNewFile = 0666;
     open_how how{};
     how.flags = static_cast<unsigned>(nFlags);
-    how.mode = (nFlags & O_CREAT) != 0 ? 0666 : 0;
+    how.mode = (nFlags & O_CREAT) != 0 ? kNewFile : 0;
     how.resolve = RESOLVE_NO_SYMLINKS;
     return Retried([&] { return static_cast<int>(syscall(SYS_openat2, hFolder, pPath, &how, sizeof how)); });
 }

@@ -66,8 +66,7 @@ private:
     std::atomic<bool> m_bEnded = false;
     std::shared_mutex m_tableInUse; ///< held shared while a worker reads the search's table
 
-    std::mutex m_mutex; ///< guards the following members, except for the parts of the queues that need no
-                        ///< lock
+    std::mutex m_mutex; ///< guards what follows, except where the queues need no lock
     std::condition_variable m_work, m_done, m_left;
     FolderQueue m_folders;
     std::optional<FileQueue> m_files;

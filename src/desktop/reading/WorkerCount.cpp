@@ -109,8 +109,9 @@ void WorkTime::End(std::size_t nSteps)
         return;
     }
     took = Clock(CLOCK_MONOTONIC) - m_began;
+    constexpr std::size_t kStepsPerWait = 4;
     // A thread that merely shares its processor is preempted and does not give it up voluntarily.
-    if (static_cast<std::size_t>(Waits() - m_nBeganWaits) * 4 >= nSteps) {
+    if (static_cast<std::size_t>(Waits() - m_nBeganWaits) * kStepsPerWait >= nSteps) {
         waited = took - (Clock(CLOCK_THREAD_CPUTIME_ID) - m_beganBusy);
     }
     m_nToSkip = took < kShort ? kSkipped : 0;

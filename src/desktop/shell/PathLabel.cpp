@@ -11,8 +11,7 @@ namespace desktop {
 PathLabel::PathLabel(QWidget* pParent) : QLabel(pParent)
 {
     setTextFormat(Qt::PlainText);
-    setAccessibleDescription(QStringLiteral("Path")); // otherwise the toolkit would use the tool tip,
-                                                      // including its markup
+    setAccessibleDescription(QStringLiteral("Path")); // else the tool tip, with its markup
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
 }
 

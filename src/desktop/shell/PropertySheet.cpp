@@ -50,7 +50,8 @@ QString Permissions(unsigned nMode)
 template <typename T>
 QString NameOf(unsigned nId, int (*find)(unsigned, T*, char*, std::size_t, T**), char* T::* name)
 {
-    std::array<char, 16U * 1024> text{};
+    constexpr std::size_t kLongestEntry = 16U * 1024;
+    std::array<char, kLongestEntry> text{};
     T entry{};
     T* pFound = nullptr;
     find(nId, &entry, text.data(), text.size(), &pFound);
