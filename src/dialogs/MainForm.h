@@ -16,6 +16,7 @@ public:
 /// Installs the main form for the dialogs. It is not owned here.
 void UseMainForm(MainFormMembers& main);
 
+/// The installed main form.
 MainFormMembers& frmMain();
 
 /// Puts lvFake exactly over lvFiles, with the same column widths.

@@ -53,6 +53,7 @@ public:
     Control& operator=(const Control&) = delete;
     virtual ~Control() = default;
 
+    /// The handle of the control for the window functions.
     WindowHandle hWnd() { return this; }
 
     /// The accessible name of the control; empty if its own text says it.
@@ -61,6 +62,7 @@ public:
     /// The window class of the control, as the window functions know it; empty if it is never looked up.
     [[nodiscard]] virtual std::string_view ClassName() const { return {}; }
 
+    /// Position and size in twips.
     [[nodiscard]] float Left() const { return m_place.Left; }
     [[nodiscard]] float Top() const { return m_place.Top; }
     [[nodiscard]] float Width() const { return m_place.Width; }

@@ -28,6 +28,7 @@ public:
     /// The position of the row in the list, counted from 1.
     [[nodiscard]] std::size_t Index() const { return m_nRow + 1; }
 
+    /// The unique key of the row, and the text of its first column.
     [[nodiscard]] std::string Key() const;
     [[nodiscard]] std::string_view Text() const;
 

@@ -43,8 +43,8 @@ public:
     virtual void RowRemoved(std::size_t nRow) = 0;
     virtual void RowsCleared() = 0;
     virtual void RowsSorted() = 0;
-    virtual void SelectionChanged() = 0; ///< of any row, or of the current row
-    virtual void ShowRow(std::size_t nRow) = 0;
+    virtual void SelectionChanged() = 0;        ///< of any row, or of the current row
+    virtual void ShowRow(std::size_t nRow) = 0; ///< the row is to be scrolled into view
 
     /// The row at a point of the list, in twips.
     virtual std::optional<std::size_t> RowAt(float x, float y) = 0;
@@ -69,7 +69,8 @@ public:
 
     class ListItems ListItems;
 
-    /// Column `n`, counted from 1. Fixed after the design except for their widths.
+    /// Column `n`, counted from 1. Widths are in twips, and the only property that can change after the
+    /// design.
     [[nodiscard]] ColumnHeader& ColumnHeaders(std::size_t n) { return m_columns.at(n - 1); }
     [[nodiscard]] std::size_t ColumnCount() const { return m_columns.size(); }
     void AddColumn(const std::string& sHeader, Alignment alignment, float width,
@@ -94,6 +95,7 @@ public:
     [[nodiscard]] int SortOrder() const { return m_nSortOrder; }
     void SetSortOrder(int New_SortOrder) { m_nSortOrder = New_SortOrder; }
 
+    /// True if a click anywhere in a row selects it; set by LVM_SETEXTENDEDLISTVIEWSTYLE.
     [[nodiscard]] bool FullRowSelect() const { return (m_nExtendedStyle & LVS_EX_FULLROWSELECT) != 0; }
     long Message(unsigned nMessage, long wParam, long lParam) override;
 

@@ -34,6 +34,7 @@ struct tSystem {
 /// Installs `system` for the whole program. Must be called before anything that uses it.
 void UseSystem(const tSystem& system);
 
+/// The installed parts of the system.
 FileSystem& Files();
 EventLoop& Events();
 Screen& TheScreen();

@@ -21,7 +21,11 @@ public:
 
     /// Shows a loaded form. For a modal one, returns when it has been closed with TakeDownForm.
     virtual void ShowForm(Form& form, bool bModal, Form* pOwner) = 0;
+
+    /// Closes the window of a form.
     virtual void TakeDownForm(Form& form) = 0;
+
+    /// Repaints at once what has changed in a form.
     virtual void RefreshForm(Form& form) = 0;
 
     /// Shows the items of a submenu at the mouse, or at the current row of `pList` if that is given. Returns
@@ -44,6 +48,7 @@ void InitCommonControls();
 /// The first child of `hParent` with class `sClass`, after `hChildAfter` if that is given.
 WindowHandle FindWindowExA(WindowHandle hParent, WindowHandle hChildAfter, std::string_view sClass);
 
+/// Sends a message to the procedure of a window and returns its result.
 inline constexpr unsigned WM_DESTROY = 2;
 inline constexpr unsigned WM_MOVE = 3;
 inline constexpr unsigned WM_CLOSE = 16;
@@ -87,6 +92,7 @@ void ShowWindow(WindowHandle hWnd, int nCommand);
 /// Destroys a window: at once if it was made by CreateWindowExA, otherwise by sending it WM_DESTROY.
 void DestroyWindow(WindowHandle hWnd);
 
+/// Pass the call to the window manager, which documents them.
 void SetForegroundWindow(WindowHandle hWnd);
 void LockWindowUpdate(WindowHandle hWnd);
 

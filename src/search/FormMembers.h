@@ -67,6 +67,7 @@ public:
 /// Installs the forms for the whole program. They are not owned here.
 void UseForms(MainFormMembers& main, ProgressFormMembers& progress);
 
+/// The installed forms.
 MainFormMembers& frmMain();
 ProgressFormMembers& frmProgress();
 

@@ -207,7 +207,7 @@ void Stage::Meanwhile(const std::function<void()>& act, const std::function<bool
             talk();
         }
     });
-    look.start(0); // on the next iteration of any event loop
+    look.start(0); // in each iteration of any event loop
     act();
     Expect(bCameUp, "what was asked for came up");
     GiveKeyboard();

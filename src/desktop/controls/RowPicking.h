@@ -34,6 +34,7 @@ public:
     /// The pointer has moved to a line with the left button held: the rows between the two lines are selected
     /// or, with Ctrl, get the state that the press gave to its own row.
     void DragTo(std::size_t nLine);
+    /// The left button was released, which ends a drag.
     void Release();
     [[nodiscard]] bool Dragging() const { return m_drag != Drag::None; }
 

@@ -13,6 +13,7 @@ struct tEnding {
     enum class Kind { Done, Skipped, Cancelled, NotDone };
 
     static tEnding NotDone(std::string sReason) { return {Kind::NotDone, std::move(sReason)}; }
+    /// NotDone for a file that is kept because no copy of it was found that stays.
     static tEnding Spared(std::string sReason) { return {Kind::NotDone, std::move(sReason), true}; }
     [[nodiscard]] bool IsDone() const { return kind == Kind::Done; }
 

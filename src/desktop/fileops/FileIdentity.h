@@ -30,7 +30,9 @@ struct tLook {
     int nError = 0; ///< the error number; `status` is not set then
     Status status{};
 
+    /// Valid only without an error.
     [[nodiscard]] tFileIdentity Identity() const;
+    /// True if both found the same inode.
     [[nodiscard]] bool IsSameFileAs(const tLook& other) const;
 };
 

@@ -36,6 +36,7 @@ public:
     /// one works.
     [[nodiscard]] const tOperationPlan& Plan() const { return m_plan; }
 
+    /// Looks at the files and prepares the question.
     void LookAtFiles();
 
     /// After the files have been looked at: the question before they go to the trash, and for a move or copy
@@ -46,6 +47,7 @@ public:
     /// Applies the answer. Returns the operation that is left to carry out.
     tOperation Answered(Consent consent);
 
+    /// Processes the files.
     void CarryOut();
 
     /// After that: a plan for the spared files.

@@ -23,6 +23,8 @@ public:
 
     explicit ReplaceQuestions(Asks asks) : m_asks(std::move(asks)) {}
 
+    /// What to do with `source` if `target` exists: the answer that applies to all, or else that of a
+    /// question.
     tReplaceAnswer::Choice Ask(const std::string& sSource, const tLook& source, const std::string& sTarget,
                                const tLook& target, const Compares& compares);
 

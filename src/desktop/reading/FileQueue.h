@@ -37,6 +37,7 @@ public:
     /// True if entries from ReadFirst have not been taken yet.
     [[nodiscard]] bool HasFirst() const { return m_nFirst < m_first.size(); }
 
+    /// Entries to take before all others; replaces those of the last call.
     void ReadFirst(std::vector<std::uint32_t> entries);
 
     /// To be called when the search asks for entry `n` and its result is not known: a missing file then has
@@ -53,7 +54,9 @@ public:
     /// read it.
     Claim ClaimEntry(std::uint32_t n);
 
+    /// Stores the result of entry `n`: its sum, or empty if it could not be read.
     void Tell(std::uint32_t n, std::optional<std::int32_t> nSum);
+    /// Notes that the file of entry `n` does not exist; it is read again only if the search asks for it.
     void TellGone(std::uint32_t n);
 
     [[nodiscard]] platform::tFileToRead File(std::uint32_t n) const { return m_files.fileAt(n); }

@@ -29,6 +29,7 @@ public:
     /// The full path of an item of the tree; empty for an invalid item.
     [[nodiscard]] std::string Path(platform::ItemId item) const { return m_model.Path(item); }
 
+    /// The native class of dialog boxes.
     [[nodiscard]] std::string_view ClassName() const override { return "#32770"; }
     long Message(unsigned nMessage, long wParam, long lParam) override;
     long TextMessage(unsigned nMessage, long wParam, const std::string& sText) override;

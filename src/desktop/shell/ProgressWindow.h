@@ -24,6 +24,7 @@ public:
     ProgressWindow(QWidget* pOwner, const tOperation& operation, Phase phase);
 
     void ShowProgress(const tOperationProgress& progress);
+    /// True once the user has cancelled.
     [[nodiscard]] bool Cancelled() const { return m_bCancelled; }
 
     void reject() override;

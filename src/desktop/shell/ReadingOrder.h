@@ -11,6 +11,7 @@ namespace desktop {
 using tReadingOrder = std::tuple<bool, std::string, std::string>;
 tReadingOrder ReadingOrder(std::string sName);
 
+/// Sorts names by that key.
 void SortForReading(std::vector<std::string>& names);
 
 } // namespace desktop

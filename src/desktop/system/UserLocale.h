@@ -23,6 +23,7 @@ std::tm CalendarTime(const platform::tSystemTime& stTime);
 class UserLocale
 {
 public:
+    /// The only instance, created on first use.
     static const UserLocale& Get();
 
     /// A whole number with digit grouping.
