@@ -1,4 +1,4 @@
-# The flags that every target of ours shares; link tallyfen_flags to have them.
+# The flags common to all targets, which link tallyfen_flags.
 option(TALLYFEN_WERROR "Treat warnings as errors" OFF)
 option(TALLYFEN_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
 option(TALLYFEN_TSAN "Build with ThreadSanitizer" OFF)
@@ -15,7 +15,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     -Wduplicated-cond -Wduplicated-branches -Wlogical-op -Wuseless-cast)
 endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang" AND CMAKE_CXX_COMPILER_VERSION VERSION_GREATER_EQUAL 15)
-  # The std::stable_sort of g++ 12 calls what g++ 12 itself has marked; what we call, g++ looks at.
+  # std::stable_sort of g++ 12 calls functions that its own headers mark as deprecated. g++ checks our own calls.
   target_compile_options(tallyfen_flags INTERFACE -Wno-deprecated-declarations)
 endif()
 if(TALLYFEN_WERROR)
@@ -41,10 +41,10 @@ endif()
 if(TALLYFEN_FUZZ)
   target_compile_options(tallyfen_flags INTERFACE -fsanitize=fuzzer-no-link)
 endif()
-# A driver that needs no window then does not load the window's libraries.
+# So that programs without windows do not load the window libraries.
 target_link_options(tallyfen_flags INTERFACE -Wl,--as-needed)
 
-# tallyfen_library(NAME SOURCES...) makes the library of the folder it is called in.
+# tallyfen_library(NAME SOURCES...) adds the library of the current folder.
 function(tallyfen_library name)
   add_library(${name} STATIC ${ARGN})
   target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
