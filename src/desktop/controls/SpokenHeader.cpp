@@ -14,7 +14,7 @@ namespace {
 
 constexpr const char* kProperty = "pressableHeader";
 
-/// Speaks for a part of a window as the toolkit's own object does.
+/// Forwards everything to the toolkit's own accessible object.
 class SpokenAs : public QAccessibleInterface
 {
 public:
@@ -79,7 +79,7 @@ private:
     int m_nColumn;
 };
 
-/// A view whose first children, its headers, can be pressed.
+/// A view whose first children, the column headers, can be pressed.
 class ViewWithHeader final : public SpokenAs
 {
 public:

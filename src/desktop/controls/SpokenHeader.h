@@ -5,8 +5,8 @@ class QTreeView;
 
 namespace desktop {
 
-/// Lets assistive programs press the column headers of `view`: in the toolkit's own account of a view they
-/// have a name and a place only. To be called before the view is shown.
+/// Lets assistive programs press the column headers of `view`: as the toolkit reports them, they have only a
+/// name and a position. Must be called before the view is shown.
 void GivePressableHeader(QTreeView& view);
 
 } // namespace desktop
