@@ -44,9 +44,8 @@ private:
 struct tNewPlace {
     FolderEntry to;
     const char* pGone; ///< the message if the destination folder is no longer where it was
-    const char*
-        pLies; ///< the message that says where a file is that could not be moved back: " It is in the trash."
-    Step step; ///< the current step, for error messages
+    const char* pLies; ///< says where a file is that could not be moved back: " It is in the trash."
+    Step step;         ///< the current step, for error messages
 };
 
 /// The result of a rename.

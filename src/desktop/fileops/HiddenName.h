@@ -11,9 +11,8 @@ namespace desktop {
 /// The purpose of a file with one of this program's hidden names. The run that created it holds a lock
 /// (flock) on the file for its own lifetime.
 enum class HiddenKind : char {
-    Copy = 'c',   ///< an unfinished copy, or a placeholder for a name
-    Source = 's', ///< the source of a move before its removal: the file, or a folder that contains it under
-                  ///< its own name
+    Copy = 'c',    ///< an unfinished copy, or a placeholder for a name
+    Source = 's',  ///< the source of a move before its removal, or a folder that contains it
     Journal = 't', ///< a record of notes in a trash that are being created
 };
 

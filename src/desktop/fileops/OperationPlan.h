@@ -25,8 +25,7 @@ struct tPlannedFile {
 struct tOperationPlan {
     tOperation operation;
     std::vector<tPlannedFile> files;
-    std::vector<tNotDone>
-        notDone; ///< requested files that do not exist any more, or have to stay where they are
+    std::vector<tNotDone> notDone;    ///< requested files that are gone or have to stay where they are
     std::vector<std::string> inTrash; ///< those of them that are in a trash
 };
 
