@@ -189,7 +189,7 @@ int main(int argc, char** argv)
         std::cerr << "searchrun: cannot write " << options.sRowsFile << '\n';
         return kFolderFailed;
     }
-    // A list that is cut short is none to act upon.
+    // An incomplete list must not look like a complete one.
     if (!std::cout.flush() || std::fflush(stdout) != 0) {
         std::cerr << "searchrun: cannot write to the standard output\n";
         return kFolderFailed;

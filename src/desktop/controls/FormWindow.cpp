@@ -225,7 +225,7 @@ void FormWindow::changeEvent(QEvent* pEvent)
     }
     if (m_pForm != nullptr && !m_pForm->design.bSizable &&
         StateOf(*this) == platform::WindowState::Maximized) {
-        showNormal(); // not every system keeps to what the window says of its size
+        showNormal(); // not every window manager respects a fixed size
         return;
     }
     TellSize();
@@ -264,7 +264,7 @@ void FormWindow::paintEvent(QPaintEvent* pEvent)
     if (m_bFrameUnknown && windowHandle()->isExposed()) {
         m_bFrameUnknown = false;
         QMetaObject::invokeMethod(this, &FormWindow::FitWithFrame, Qt::QueuedConnection);
-        // A window manager that is busy puts its frame around it a moment later, and says so nowhere.
+        // A busy window manager adds the frame a moment later, without a notification.
         constexpr std::chrono::milliseconds kMoment{150};
         if (windowHandle()->frameMargins().isNull()) {
             QTimer::singleShot(kMoment, this, &FormWindow::FitWithFrame);

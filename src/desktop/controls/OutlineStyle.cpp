@@ -10,7 +10,7 @@ namespace {
 /// Below this lightness (0 to 255) a darker shade cannot be told from the colour itself.
 constexpr int kDarkest = 16;
 
-/// Menus lie on lists, from whose background that of a dark desktop differs by hardly more than that.
+/// The same for menus, which open over lists: in dark themes the backgrounds of both hardly differ.
 constexpr int kDarkestMenu = 64;
 
 bool NeedsOutline(QStyle::PrimitiveElement element, const QStyleOption& option)
@@ -52,7 +52,7 @@ void OutlineStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* p
 int OutlineStyle::styleHint(StyleHint hint, const QStyleOption* pOption, const QWidget* pWidget,
                             QStyleHintReturn* pReturn) const
 {
-    // Else those of the toolkit's own boxes alone would have some.
+    // Otherwise only the buttons of the toolkit's own boxes would have icons.
     return hint == SH_DialogButtonBox_ButtonsHaveIcons
                ? 0
                : QProxyStyle::styleHint(hint, pOption, pWidget, pReturn);

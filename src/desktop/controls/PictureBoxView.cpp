@@ -17,7 +17,8 @@ namespace {
 /// The height at which a splitter is easy to hit, in twips.
 constexpr float kBarHeight = 90;
 
-/// What shows best on a list: some dark desktops have all shadows in nearly the colour of their lists.
+/// The shadow role that is most visible next to a list: in some dark themes the shadow colours are close to
+/// the list colour.
 QPalette::ColorRole Shadow(const QPalette& palette)
 {
     constexpr double kVisible = 1.5;

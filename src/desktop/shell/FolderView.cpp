@@ -26,8 +26,8 @@ void AcceptAsCopy(QDropEvent& event, bool bAccept)
 
 FolderView::FolderView(FolderModel& model) : m_model(model)
 {
-    setUniformRowHeights(true); // else each row of a large folder is measured
-    setModel(&model);           // behind that: the toolkit's 6.8 shows no rows at first the other way round
+    setUniformRowHeights(true); // otherwise each row of a large folder is measured
+    setModel(&model);           // after that, or Qt 6.8 initially shows no rows
     setAccessibleName(QStringLiteral("Folders"));
     setHeaderHidden(true);
     header()->setStretchLastSection(true);
@@ -42,7 +42,7 @@ FolderView::FolderView(FolderModel& model) : m_model(model)
     connect(this, &QTreeView::collapsed, this, &FolderView::Closed);
     connect(this, &QTreeView::expanded, this, [this](const QModelIndex& folder) {
         if (!m_model.hasChildren(folder)) {
-            scheduleDelayedItemsLayout(); // there is nothing to open, so its arrow goes
+            scheduleDelayedItemsLayout(); // removes the arrow of a folder without subfolders
         }
     });
 }
