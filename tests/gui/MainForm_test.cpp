@@ -112,12 +112,14 @@ TEST_F(Accessibility, ColumnHeadersCanBePressed)
     }
     QAccessibleInterface* const pList = QAccessible::queryAccessibleInterface(WidgetOf(&main.lvFolders));
     QAccessibleInterface* const pHeader = pList->child(0);
-    ASSERT_TRUE(pHeader != nullptr && pHeader->actionInterface() != nullptr);
+    QAccessibleActionInterface* const pAction = pHeader != nullptr ? pHeader->actionInterface() : nullptr;
+    ASSERT_NE(pAction, nullptr);
+    EXPECT_EQ(pHeader->text(QAccessible::Name).toStdString(), main.lvFolders.ColumnHeaders(1).sText);
     EXPECT_EQ(pHeader->parent(), pList);
     EXPECT_EQ(pList->indexOfChild(pHeader), 0);
     const QPoint middle = pHeader->rect().center();
     EXPECT_EQ(pList->childAt(middle.x(), middle.y()), pHeader);
-    pHeader->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    pAction->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_EQ(main.lvFolders.ListItems(1).Key(), "/b"); // the first press sorts downwards
 }
 

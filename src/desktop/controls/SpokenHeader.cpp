@@ -4,6 +4,7 @@
 #include <QAccessible>
 #include <QAccessibleActionInterface>
 #include <QHeaderView>
+#include <QPointer>
 #include <QScopedValueRollback>
 #include <QTreeView>
 #include <QVariant>
@@ -14,58 +15,58 @@ namespace {
 
 constexpr const char* kProperty = "pressableHeader";
 
-/// Forwards everything to the toolkit's own accessible object.
-class SpokenAs : public QAccessibleInterface
+class PressableHeader final : public QAccessibleInterface, private QAccessibleActionInterface
 {
 public:
-    explicit SpokenAs(QAccessibleInterface& toolkits) : m_toolkits(toolkits) {}
+    PressableHeader(QTreeView& view, int nColumn) : m_view(view), m_nColumn(nColumn) {}
 
-    bool isValid() const override { return m_toolkits.isValid(); }
-    QObject* object() const override { return m_toolkits.object(); }
-    QWindow* window() const override { return m_toolkits.window(); }
-    QList<std::pair<QAccessibleInterface*, QAccessible::Relation>>
-    relations(QAccessible::Relation match) const override
+    [[nodiscard]] bool isValid() const override
     {
-        return m_toolkits.relations(match);
+        return m_view.model() != nullptr && m_nColumn < m_view.model()->columnCount();
     }
-    QAccessibleInterface* focusChild() const override { return m_toolkits.focusChild(); }
-    QAccessibleInterface* childAt(int x, int y) const override { return m_toolkits.childAt(x, y); }
-    QAccessibleInterface* parent() const override { return m_toolkits.parent(); }
-    QAccessibleInterface* child(int n) const override { return m_toolkits.child(n); }
-    int childCount() const override { return m_toolkits.childCount(); }
-    int indexOfChild(const QAccessibleInterface* pChild) const override
+    [[nodiscard]] QObject* object() const override { return nullptr; }
+    [[nodiscard]] QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
+    [[nodiscard]] QAccessibleInterface* parent() const override
     {
-        return m_toolkits.indexOfChild(pChild);
+        return QAccessible::queryAccessibleInterface(&m_view);
     }
-    QString text(QAccessible::Text text) const override { return m_toolkits.text(text); }
-    void setText(QAccessible::Text text, const QString& sText) override { m_toolkits.setText(text, sText); }
-    QRect rect() const override { return m_toolkits.rect(); }
-    QAccessible::Role role() const override { return m_toolkits.role(); }
-    QAccessible::State state() const override { return m_toolkits.state(); }
-    void* interface_cast(QAccessible::InterfaceType type) override { return m_toolkits.interface_cast(type); }
-
-private:
-    QAccessibleInterface& m_toolkits;
-};
-
-class PressableHeader final : public SpokenAs, private QAccessibleActionInterface
-{
-public:
-    PressableHeader(QAccessibleInterface& toolkits, QTreeView& view, int nColumn)
-        : SpokenAs(toolkits), m_view(view), m_nColumn(nColumn)
+    [[nodiscard]] QAccessibleInterface* child(int /*n*/) const override { return nullptr; }
+    [[nodiscard]] int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface* /*pChild*/) const override { return -1; }
+    [[nodiscard]] QString text(QAccessible::Text text) const override
     {
+        return isValid() && text == QAccessible::Name
+                   ? m_view.model()->headerData(m_nColumn, Qt::Horizontal).toString()
+                   : QString();
     }
-
+    void setText(QAccessible::Text /*text*/, const QString& /*sText*/) override {}
+    [[nodiscard]] QRect rect() const override
+    {
+        if (!isValid()) {
+            return {};
+        }
+        const QHeaderView& header = *m_view.header();
+        const QPoint corner(header.sectionViewportPosition(m_nColumn), 0);
+        return {header.mapToGlobal(corner), QSize(header.sectionSize(m_nColumn), header.height())};
+    }
+    [[nodiscard]] QAccessible::Role role() const override { return QAccessible::ColumnHeader; }
+    [[nodiscard]] QAccessible::State state() const override
+    {
+        QAccessible::State state;
+        state.invisible = !isValid() || !m_view.header()->isVisible();
+        state.disabled = !isValid() || !m_view.isEnabled();
+        return state;
+    }
     void* interface_cast(QAccessible::InterfaceType type) override
     {
         return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this)
-                                                    : SpokenAs::interface_cast(type);
+                                                    : nullptr;
     }
 
 private:
-    QStringList actionNames() const override
+    [[nodiscard]] QStringList actionNames() const override
     {
-        return m_view.isEnabled() ? QStringList(pressAction()) : QStringList();
+        return isValid() && m_view.isEnabled() ? QStringList(pressAction()) : QStringList();
     }
     void doAction(const QString& sAction) override
     {
@@ -73,17 +74,20 @@ private:
             Q_EMIT m_view.header()->sectionClicked(m_nColumn);
         }
     }
-    QStringList keyBindingsForAction(const QString& /*sAction*/) const override { return {}; }
+    [[nodiscard]] QStringList keyBindingsForAction(const QString& /*sAction*/) const override { return {}; }
 
-    QTreeView& m_view;
+    QTreeView& m_view; ///< lives longer: this goes with what describes the view
     int m_nColumn;
 };
 
-/// A view whose first children, the column headers, can be pressed.
-class ViewWithHeader final : public SpokenAs
+/// Describes a view as the toolkit's own object does, except for its first children, the headers.
+class ViewWithHeader final : public QAccessibleInterface
 {
 public:
-    ViewWithHeader(QAccessibleInterface& toolkits, QTreeView& view) : SpokenAs(toolkits), m_view(view) {}
+    ViewWithHeader(QAccessibleInterface& toolkits, QTreeView& view)
+        : m_toolkits(toolkits), m_view(view), m_pView(&view)
+    {
+    }
     ViewWithHeader(const ViewWithHeader&) = delete;
     ViewWithHeader& operator=(const ViewWithHeader&) = delete;
     ~ViewWithHeader() override
@@ -93,15 +97,34 @@ public:
         }
     }
 
+    bool isValid() const override { return m_pView != nullptr && m_toolkits.isValid(); }
+    // At the end of the program this is called when the toolkit's own object may no longer exist.
+    QObject* object() const override { return m_pView; }
+    QWindow* window() const override { return m_toolkits.window(); }
+    QList<std::pair<QAccessibleInterface*, QAccessible::Relation>>
+    relations(QAccessible::Relation match) const override
+    {
+        return m_toolkits.relations(match);
+    }
+    QAccessibleInterface* focusChild() const override { return m_toolkits.focusChild(); }
+    QAccessibleInterface* parent() const override { return m_toolkits.parent(); }
+    QString text(QAccessible::Text text) const override { return m_toolkits.text(text); }
+    void setText(QAccessible::Text text, const QString& sText) override { m_toolkits.setText(text, sText); }
+    QRect rect() const override { return m_toolkits.rect(); }
+    QAccessible::Role role() const override { return m_toolkits.role(); }
+    QAccessible::State state() const override { return m_toolkits.state(); }
+    void* interface_cast(QAccessible::InterfaceType type) override { return m_toolkits.interface_cast(type); }
+    int childCount() const override { return m_toolkits.childCount(); }
+
     QAccessibleInterface* child(int n) const override
     {
-        QAccessibleInterface* const pToolkits = SpokenAs::child(n);
+        QAccessibleInterface* const pToolkits = m_toolkits.child(n);
         if (pToolkits == nullptr || pToolkits->role() != QAccessible::ColumnHeader) {
             return pToolkits;
         }
         const auto [it, bNew] = m_headers.try_emplace(n);
         if (bNew) {
-            it->second = QAccessible::registerAccessibleInterface(new PressableHeader(*pToolkits, m_view, n));
+            it->second = QAccessible::registerAccessibleInterface(new PressableHeader(m_view, n));
         }
         return QAccessible::accessibleInterface(it->second);
     }
@@ -112,19 +135,21 @@ public:
                 return nColumn;
             }
         }
-        return SpokenAs::indexOfChild(pChild);
+        return m_toolkits.indexOfChild(pChild);
     }
     QAccessibleInterface* childAt(int x, int y) const override
     {
-        const QPoint inHeader = m_view.header()->mapFromGlobal(QPoint(x, y));
-        const int nColumn =
-            m_view.header()->rect().contains(inHeader) ? m_view.header()->logicalIndexAt(inHeader) : -1;
-        return nColumn >= 0 ? child(nColumn) : SpokenAs::childAt(x, y);
+        const QHeaderView& header = *m_view.header();
+        const QPoint inHeader = header.mapFromGlobal(QPoint(x, y));
+        const int nColumn = header.rect().contains(inHeader) ? header.logicalIndexAt(inHeader) : -1;
+        return nColumn >= 0 ? child(nColumn) : m_toolkits.childAt(x, y);
     }
 
 private:
+    QAccessibleInterface& m_toolkits;
     QTreeView& m_view;
-    mutable std::map<int, QAccessible::Id> m_headers; ///< by column; the toolkit owns them
+    QPointer<QTreeView> m_pView;                      ///< the same, until it goes
+    mutable std::map<int, QAccessible::Id> m_headers; ///< by column; owned by the toolkit
 };
 
 QAccessibleInterface* WithHeader(const QString& /*sClass*/, QObject* pObject)
