@@ -51,19 +51,18 @@ TEST_F(SaveResults, ShowsWhatIsThereIfItCannotBeWritten)
         main.mnuSearchSaveResults.Click();
         EXPECT_EQ(std::count(desktop.sReport.begin(), desktop.sReport.end(), '\n'),
                   std::max(nLinesThatFit, 0));
-        EXPECT_TRUE(Asked().ends_with("open 1 [/out/report.txt] [] []\n"));
-        EXPECT_TRUE(main.form.Enabled());
+        EXPECT_TRUE(Asked().ends_with("open 1 [/out/report.txt] [] []\n") && main.form.Enabled());
     }
 }
 
 TEST_F(SaveResults, DoesNothingWithoutAFileNameOrARow)
 {
     main.StatusBar1.Panels(1).SetText("as before");
-    desktop.sChosenFile.clear();
-    main.mnuSearchSaveResults.Click();
-    desktop.sChosenFile = "/out/report.txt";
-    main.lvFiles.ListItems.Clear();
-    main.mnuSearchSaveResults.Click();
+    for (const char* pChosen : {"", "/out/report.txt"}) {
+        desktop.sChosenFile = pChosen;
+        main.mnuSearchSaveResults.Click();
+        main.lvFiles.ListItems.Clear();
+    }
     EXPECT_EQ(Asked() + Status(), "as before");
 }
 

@@ -8,14 +8,11 @@
 #include <sys/mount.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
+#include <tuple>
 
 namespace {
 
 using namespace fileops_test;
-using platform::FO_COPY;
-using platform::FO_MOVE;
-
-using Fuse = Operations;
 
 /// A folder shown elsewhere by a file system with a quirk (tests/oddfs), while this object lives.
 class OddFolder
@@ -48,75 +45,72 @@ private:
     pid_t m_process;
 };
 
+class Fuse : public Operations
+{
+protected:
+    void SetUp() override
+    {
+        if (!OddFolder(sBehind, sThere, "none").IsMounted()) {
+            GTEST_SKIP() << "no file system can be mounted in user space here";
+        }
+    }
+
+    const std::string sHere = Folder("here"), sBehind = Folder("behind"), sThere = Folder("there");
+};
+
 TEST_F(Fuse, OnlyWhatArrivedWholeIsDone)
 {
-    const struct {
-        const char* pName;
-        const char* pQuirk;
-        bool bFromThere;
-        bool bDone;
-    } cases[] = {{"from an ordinary one", "none", true, true},
-                 {"to an ordinary one", "none", false, true},
-                 {"from one that says that all sizes are 0", "says-size-0", true, false},
-                 {"to one that says that all sizes are 0", "says-size-0", false, false},
-                 {"to one that fails at the close", "fails-at-close", false, false},
-                 {"from one that only renames plainly", "renames-plainly", true, true},
-                 {"to one that only renames plainly", "renames-plainly", false, true}};
-    for (const auto& each : cases) {
+    const std::tuple<const char*, bool, bool> cases[] = {{"none", true, true},
+                                                         {"none", false, true},
+                                                         {"says-size-0", true, false},
+                                                         {"says-size-0", false, false},
+                                                         {"fails-at-close", false, false},
+                                                         {"renames-plainly", true, true},
+                                                         {"renames-plainly", false, true}};
+    for (const auto& [pQuirk, bFromThere, bDone] : cases) {
         for (const unsigned wFunc : {FO_COPY, FO_MOVE}) {
-            const std::string sWhat = std::string(wFunc == FO_COPY ? "copy " : "move ") + each.pName;
-            const OddFolder there(Folder("behind"), Folder("there"), each.pQuirk);
-            if (!there.IsMounted()) {
-                GTEST_SKIP() << "no file system can be mounted in user space here";
-            }
-            const std::string sBehind = tree.File(each.bFromThere ? "behind/a" : "here/a", "content");
-            const std::string sFrom = each.bFromThere ? tree.sRoot + "/there/a" : sBehind;
-            const std::string sTo = each.bFromThere ? Folder("here") : Folder("there");
-            Reasons reasons = Run(wFunc, {sFrom}, sTo);
-            EXPECT_EQ(reasons.empty(), each.bDone) << sWhat << ": " << reasons["a"];
-            EXPECT_EQ(user.outcome.nFilesDone, each.bDone ? 1U : 0U) << sWhat;
-            EXPECT_EQ(Content(sBehind), each.bDone && wFunc == FO_MOVE ? "" : "content") << sWhat;
-            const std::string sTarget = each.bFromThere ? "/here" : "/behind";
-            EXPECT_EQ(Contents(tree.sRoot + sTarget), each.bDone ? Reasons({{"a", "content"}}) : Reasons())
-                << sWhat;
-            Shell("rm -rf " + tree.sRoot + "/here " + tree.sRoot + "/behind");
+            SCOPED_TRACE(std::string(wFunc == FO_COPY ? "copy " : "move ") + (bFromThere ? "from " : "to ") +
+                         pQuirk);
+            const OddFolder there(sBehind, sThere, pQuirk);
+            const std::string sSource = tree.File(bFromThere ? "behind/a" : "here/a", "content");
+            Reasons reasons = Run(wFunc, {bFromThere ? sThere + "/a" : sSource}, bFromThere ? sHere : sThere);
+            EXPECT_EQ(reasons.empty(), bDone) << reasons["a"];
+            EXPECT_EQ(user.outcome.nFilesDone, bDone ? 1U : 0U);
+            EXPECT_EQ(Content(sSource), bDone && wFunc == FO_MOVE ? "" : "content");
+            EXPECT_EQ(Contents(bFromThere ? sHere : sBehind),
+                      bDone ? Reasons({{"a", "content"}}) : Reasons());
+            Shell("rm " + sHere + "/* " + sBehind + "/*");
         }
     }
 }
 
 TEST_F(Fuse, NothingIsReplacedWhereRenamesReplace)
 {
-    const OddFolder there(Folder("behind"), Folder("there"), "renames-plainly");
-    if (!there.IsMounted()) {
-        GTEST_SKIP() << "no file system can be mounted in user space here";
-    }
-    tree.File("behind/a", "old");
+    const OddFolder there(sBehind, sThere, "renames-plainly");
+    const std::string sOld = tree.File("behind/a", "old");
+    const std::string sNew = tree.File("a", "new");
     user.answer = {Choice::Replace, true};
-    EXPECT_EQ(Run(FO_MOVE, {tree.File("a", "new")}, tree.sRoot + "/there").size(), 1U); // it has no trash
-    EXPECT_EQ(Content(tree.sRoot + "/behind/a") + Content(tree.sRoot + "/a"), "oldnew");
-    EXPECT_EQ(Contents(tree.sRoot + "/behind").size(), 1U);
+    EXPECT_EQ(Run(FO_MOVE, {sNew}, sThere).size(), 1U); // it has no trash
+    EXPECT_EQ(Content(sOld) + Content(sNew), "oldnew");
+    EXPECT_EQ(Contents(sBehind).size(), 1U);
 }
 
 TEST_F(Fuse, CancelDoesNotWaitForWhatHangs)
 {
-    Folder("here");
-    const auto pThere = std::make_unique<OddFolder>(Folder("behind"), Folder("there"), "hangs-at-read");
-    if (!pThere->IsMounted()) {
-        GTEST_SKIP() << "no file system can be mounted in user space here";
-    }
-    tree.File("behind/a", "content");
+    const auto pThere = std::make_unique<OddFolder>(sBehind, sThere, "hangs-at-read");
+    const std::string sSource = tree.File("behind/a", "content");
     const auto start = std::chrono::steady_clock::now();
     const auto passed = [&] { return std::chrono::steady_clock::now() - start; };
     using std::chrono_literals::operator""ms;
     user.onProgress = [&](const auto&) { return passed() < 200ms; };
     desktop::ShellFileOperations operations(user);
-    const auto request = support::Request(FO_MOVE, {tree.sRoot + "/there/a"}, tree.sRoot + "/here");
+    const auto request = support::Request(FO_MOVE, {sThere + "/a"}, sHere);
     EXPECT_NE(operations.SHFileOperationA(request), 0); // nobody is to look at the files again
-    const Reasons reasons = support::Reasons(user.outcome);
-    EXPECT_LT(passed(), 1000ms); // a loaded machine; a hang would last for ever
-    EXPECT_TRUE(user.outcome.bCancelled && user.outcome.nFilesDone == 0 && reasons.contains("a"));
-    EXPECT_EQ(Content(tree.sRoot + "/behind/a"), "content");
-    EXPECT_EQ(Contents(tree.sRoot + "/here"), Reasons());
+    EXPECT_LT(passed(), 1000ms);                        // a loaded machine; a hang would last for ever
+    EXPECT_TRUE(user.outcome.bCancelled && user.outcome.nFilesDone == 0);
+    EXPECT_TRUE(support::Reasons(user.outcome).contains("a"));
+    EXPECT_EQ(Content(sSource), "content");
+    EXPECT_EQ(Contents(sHere), Reasons());
 }
 
 } // namespace

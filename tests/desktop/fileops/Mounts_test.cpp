@@ -7,9 +7,6 @@
 namespace {
 
 using namespace fileops_test;
-using platform::FO_COPY;
-using platform::FO_DELETE;
-using platform::FO_MOVE;
 
 /// Mounts that nobody else sees and that end with the program at the latest.
 class Mounts : public Operations
@@ -63,12 +60,6 @@ TEST_F(Mounts, AVolumeHasATrashOfItsOwnUntilItIsFull)
     std::ofstream(sVolume + "/a") << "a";
     EXPECT_EQ(Run(FO_DELETE, {sVolume + "/a"}), Reasons());
     EXPECT_EQ(Restorable(sTrash), (Bin{{sVolume + "/a", "a"}}));
-    fs::create_directory(sVolume + "/sub");
-    std::ofstream(sVolume + "/sub/lost") << "new";
-    std::ofstream(sTrash + "/files/lost") << "lost";
-    EXPECT_EQ(Run(FO_DELETE, {sVolume + "/sub/lost"}), Reasons());
-    EXPECT_EQ(Content(sTrash + "/files/lost"), "lost");
-    EXPECT_EQ(Restorable(sTrash), (Bin{{sVolume + "/a", "a"}, {sVolume + "/sub/lost", "new"}}));
     EXPECT_EQ(Run(FO_COPY, {tree.File("b")}, sTrash + "/files"),
               (Reasons{{"b", "The destination is inside the trash."}}));
 

@@ -1,20 +1,45 @@
 // SPDX-License-Identifier: MIT
+
 #include "Escaped.h"
 #include "FileTime.h"
+#include "ListView.h"
 #include "Texts.h"
 #include "mTextCompare.h"
 
-#include <cstdint>
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace {
 
+TEST(ListView, RefusesAKeyItHolds)
+{
+    platform::Form form;
+    platform::ListView list(form);
+    // A key is the same however it falls into head and text.
+    const std::tuple<std::string, std::string, bool> cases[] = {
+        {"/a/b", "b", true}, {"/a/b", "/a/b", false}, {"/a/b", "elsewhere", false},
+        {"/a/B", "B", true}, {"", "", true},          {"", "x", false},
+        {"/a/", "", true},   {"b", "b", true},
+    };
+    for (const auto& [sKey, sText, bAdded] : cases) {
+        EXPECT_EQ(list.ListItems.Add(sKey, sText, 1).has_value(), bAdded) << sKey;
+    }
+    EXPECT_EQ(list.ListItems.Count(), 5U);
+    EXPECT_EQ(list.ListItems(3).Key(), "");
+    // Many keys, so that the table of keys grows more than once.
+    for (const bool bNew : {true, false}) {
+        for (int n = 0; n < 10'000; ++n) {
+            const std::string sName = std::to_string(n);
+            EXPECT_EQ(list.ListItems.Add("/folder/" + sName, sName, 2).has_value(), bNew);
+        }
+    }
+    list.ListItems.Clear();
+    EXPECT_TRUE(list.ListItems.Add("/a/b", "b", 1));
+}
+
 TEST(TextCompare, IgnoresLetterCase)
 {
-    const struct {
-        std::string sLeft, sRight;
-        bool bEqual;
-    } cases[] = {
+    const std::tuple<std::string, std::string, bool> cases[] = {
         {"README.txt", "readme.TXT", true},
         {"ÄRGER", "ärger", true},
         {"straße", "STRASSE", true}, // full folding
@@ -57,12 +82,10 @@ TEST(Escaped, LetsNoNameActOnTheTextAroundIt)
 
 TEST(DateValue, CountsFrom30December1899BothWays)
 {
-    const std::pair<std::int64_t, double> cases[] = {
-        {-59'011'459'200, -657434}, {-2'209'226'400, -1.25},    {-2'209'161'600, 0},
-        {-2'209'140'000, 0.25},     {1'075'971'600, 38022.375}, {253'402'300'799, 2958465 + 86399 / 86400.0},
-    };
     platform::tSystemTime stTime;
-    for (const auto& [nSeconds, dtDate] : cases) {
+    for (const auto& [nSeconds, dtDate] :
+         {std::pair(-59'011'459'200, -657434.0), std::pair(-2'209'226'400, -1.25),
+          std::pair(253'402'300'799, 2958465 + 86399 / 86400.0)}) {
         ASSERT_TRUE(platform::FileTimeToSystemTime({nSeconds}, stTime));
         EXPECT_DOUBLE_EQ(platform::DateValue(stTime), dtDate);
         EXPECT_DOUBLE_EQ(platform::DateValue(platform::SplitDateValue(dtDate)), dtDate);
