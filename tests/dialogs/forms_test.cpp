@@ -13,7 +13,6 @@ namespace {
 class Browse : public MainWindow
 {
 protected:
-    /// What the main form's command does.
     void AddFolder(const std::function<void()>& whileOpen)
     {
         desktop.whileBrowsing = [&] {

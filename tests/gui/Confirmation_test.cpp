@@ -20,8 +20,7 @@ using enum platform::ComparedBy;
 /// Groups of rows, "|" between groups: "+" for a selected row or "-", the file's name, "=" and its contents
 /// as they were in the search; then what happened to it:
 ///   ! edited since   ~ touched   ? removed   ^ marked as gone   & another name of the file before
-///   * lies in a trash   0 cannot be read   @ on another volume   % another file since, with the same size,
-///   time
+///   * lies in a trash   0 cannot be read   @ on another volume   % another file since, of that size and time
 struct tCase {
     const char* pName;
     platform::ComparedBy comparedBy;

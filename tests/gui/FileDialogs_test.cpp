@@ -86,7 +86,6 @@ TEST_F(FileDialogs, SelectWhatIsPastedOrDroppedAndWhatIsClosed)
         {"text/uri-list", "file://" + tree.sRoot + "/file", ""},
         {"text/uri-list", "https://host/usr", ""},
         {"text/plain", tree.sRoot + "/none", ""},
-        {"text/plain", "", ""},
     };
     for (const auto& [pKind, sData, sSelected] : cases) {
         for (const bool bDropped : {false, true}) {

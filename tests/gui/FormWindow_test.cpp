@@ -70,7 +70,6 @@ struct TestForm {
         mnuFind.Click = [this] { sHeard += "find "; };
     }
 
-    /// What has been heard since the last call.
     std::string Heard() { return std::exchange(sHeard, {}); }
 
     [[nodiscard]] QWidget* Window() const { return WidgetOf(&form); }

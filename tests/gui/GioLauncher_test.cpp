@@ -20,8 +20,8 @@ namespace {
 using support::Answers;
 using support::Child;
 
-/// A desktop with programs that note what they are started with, and kinds of files that have one, several or
-/// none. There is one for the whole test program, since GIO looks at the environment once.
+/// Programs that note what they are started with, and kinds of files that have one, several or none of them.
+/// There is one such desktop for the whole test program, since GIO looks at the environment once.
 class Programs
 {
 public:
@@ -31,8 +31,7 @@ public:
         return programs;
     }
 
-    /// What the program noted of its latest start, which is waited for: its arguments, its session, its
-    /// session bus.
+    /// Waits for a start of the program, which noted its arguments, its session, its session bus.
     std::vector<std::string> Started(const std::string& sProgram)
     {
         const std::string sNote = m_tree.sRoot + "/" + sProgram + ".note";
@@ -49,10 +48,10 @@ public:
 private:
     Programs()
     {
-        for (const char* pVariable : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME"}) {
-            setenv(pVariable, (m_tree.sRoot + "/data").c_str(), 1);
-        }
-        for (const char* pVariable : {"XDG_DATA_DIRS", "XDG_CONFIG_DIRS", "XDG_RUNTIME_DIR"}) {
+        setenv("XDG_DATA_HOME", (m_tree.sRoot + "/data").c_str(), 1);
+        setenv("XDG_CONFIG_HOME", (m_tree.sRoot + "/data").c_str(), 1);
+        for (const char* pVariable :
+             {"XDG_CACHE_HOME", "XDG_DATA_DIRS", "XDG_CONFIG_DIRS", "XDG_RUNTIME_DIR"}) {
             setenv(pVariable, (m_tree.sRoot + "/none").c_str(), 1);
         }
         unsetenv("DBUS_SESSION_BUS_ADDRESS");

@@ -14,8 +14,7 @@ using tShown = support::tShownList;
 /// What a list of rows is expected to do, said as plainly as possible.
 struct tExpected {
     std::set<int> selected;
-    int nCurrent = 0;
-    int nAnchor = 0;
+    int nCurrent = 0, nAnchor = 0;
 
     void Set(int nRow, bool bSelected)
     {

@@ -147,14 +147,11 @@ TEST(ListViewWidget, ColoursFitTheDesktop)
     const QPalette dark(QColor(60, 60, 60), QColor(35, 35, 35));
     QPalette darkThroughout = with(dark, QColor(62, 60, 44), Qt::white);
     darkThroughout.setColor(QPalette::Inactive, QPalette::Highlight, QColor(80, 80, 90));
-    const struct {
-        const char* pName;
-        QPalette system;
-        bool bKeepsInformation, bKeepsInactive;
-    } cases[] = {{"light", light, true, false},
-                 {"dark, bright tips", with(dark, QColor(0xFF, 0xFF, 0xDC), Qt::black), false, false},
-                 {"dark throughout", darkThroughout, true, true},
-                 {"light, black tips", with(light, Qt::black, Qt::white), false, false}};
+    const std::tuple<const char*, QPalette, bool, bool> cases[] = {
+        {"light", light, true, false},
+        {"dark, bright tips", with(dark, QColor(0xFF, 0xFF, 0xDC), Qt::black), false, false},
+        {"dark throughout", darkThroughout, true, true},
+        {"light, black tips", with(light, Qt::black, Qt::white), false, false}};
     for (const auto& [pName, system, bKeepsInformation, bKeepsInactive] : cases) {
         SCOPED_TRACE(pName);
         for (const auto background :

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The main form and the dialogs beside it: what a keyboard alone reaches, and what assistive programs hear of
-// them.
+// The main form and the dialogs beside it: what a keyboard alone reaches, and what assistive programs hear.
 
 #include "FolderChooser.h"
 #include "OnScreen.h"
@@ -50,7 +49,6 @@ void ExpectHeard(QWidget& window, std::initializer_list<const char*> wanted)
     }
 }
 
-/// The main form with some rows.
 class MainForm : public OnScreen
 {
 protected:

@@ -41,7 +41,6 @@ protected:
     }
     ~OperationDialogs() override { desktop::RemoveWidget(form); }
 
-    /// The progress window, if it shows.
     QDialog* Window()
     {
         auto* const pWindow = window.findChild<QDialog*>(QStringLiteral("operationProgress"));

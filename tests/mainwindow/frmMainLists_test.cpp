@@ -129,11 +129,8 @@ TEST_F(frmMainLists, SelectByRule)
     Row("/home/A/", "red", 5, "10");
     Row("/home/a/b/", "red", 6, "0");
     Row("/home/a/", "gone", 7, "00");
-    const struct {
-        platform::MenuItem& item;
-        std::size_t nCurrent; ///< counted from 0
-        const char *pBefore, *pAfter;
-    } cases[] = {
+    // Which row is current, counted from 0; the rows selected before; the marks after.
+    const std::tuple<platform::MenuItem&, std::size_t, const char*, const char*> cases[] = {
         {main.mnuSelectDuplicatedFiles, 0, "+-----", "-2+3+4+5+6+7"},
         {main.mnuSelectEmptyFiles, 0, "-+-+-+", "+2-3+4-5+6-7"},
         {main.mnuSelectDrive, 4, "--+---", "+2+3-4+5+6+7"},

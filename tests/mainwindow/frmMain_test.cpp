@@ -4,6 +4,7 @@
 #include "mCommon.h"
 
 #include <set>
+#include <tuple>
 
 namespace {
 
@@ -14,12 +15,8 @@ using Numbers = std::vector<float>;
 
 TEST_F(frmMainLayout, SharesOutTheRoomAndKeepsWhatWouldBeBelowZero)
 {
-    const struct {
-        float width, height;
-        WindowState state;
-        Numbers widths; ///< of a list, and of the columns that take its room
-        float filesHeight;
-    } steps[] = {
+    // The widths are those of a list and of the columns that take its room; then the height of lvFiles.
+    const std::tuple<float, float, WindowState, Numbers, float> steps[] = {
         {8085, 5490, WindowState::Normal, {8085, 5765, 2195}, 2925},
         {19200, 15000, WindowState::Maximized, {19200, 16880, 13310}, 12435},
         {100, 100, WindowState::Minimized, {19200, 16880, 13310}, 12435},
@@ -28,14 +25,14 @@ TEST_F(frmMainLayout, SharesOutTheRoomAndKeepsWhatWouldBeBelowZero)
         {6000, 2550, WindowState::Normal, {6000, 3680, 110}, 435}, // too low
         {2319, 3000, WindowState::Normal, {2319, 3680, 110}, 435}, // too narrow
     };
-    for (const auto& step : steps) {
-        Size(step.width, step.height, step.state);
+    for (const auto& [width, height, state, widths, filesHeight] : steps) {
+        Size(width, height, state);
         EXPECT_EQ((Numbers{main.lvFolders.Width(), main.lvFolders.ColumnHeaders(1).Width(),
                            main.lvFiles.ColumnHeaders(4).Width()}),
-                  step.widths);
-        EXPECT_TRUE(main.picSep.Width() == step.widths[0] && main.lvFiles.Width() == step.widths[0]);
+                  widths);
+        EXPECT_TRUE(main.picSep.Width() == widths[0] && main.lvFiles.Width() == widths[0]);
         EXPECT_EQ((Numbers{main.lvFolders.Height(), main.lvFiles.Top(), main.lvFiles.Height()}),
-                  (Numbers{1485, 2235, step.filesHeight}));
+                  (Numbers{1485, 2235, filesHeight}));
     }
     // A column that the user makes wider costs the last one its room from the next size on.
     main.lvFiles.ColumnHeaders(1).SetWidth(3000);

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Shows a folder at another place as a file system with a quirk would: oddfs QUIRK FOLDER MOUNTPOINT. It
-// stays until it is unmounted or ended.
+// Shows a folder at another place, until it ends, as a file system with a quirk would.
 
 #define FUSE_USE_VERSION 31
 #include <cerrno>

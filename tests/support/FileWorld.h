@@ -21,7 +21,6 @@ struct tScenario {
     bool bPlain = false;   ///< the file systems rename only plainly, copy nothing, know no nameless files
 };
 
-/// A file of the world.
 struct tFound {
     std::string sPath;
     std::string sHome; ///< see HomeOf

@@ -130,8 +130,7 @@ std::int64_t Half(const tCall& call, int hMemory)
     return nDone;
 }
 
-/// Puts the calling process under watch; the descriptor through which its calls are told, -1 if that is
-/// denied.
+/// Puts the calling process under watch; the descriptor by which its calls are told, -1 if that is denied.
 int Watch()
 {
     std::vector<sock_filter> program{BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr))};

@@ -64,7 +64,6 @@ inline std::string Content(const std::string& sPath)
     return content.str();
 }
 
-/// How many descriptors this program has open.
 inline std::ptrdiff_t OpenDescriptors()
 {
     return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});

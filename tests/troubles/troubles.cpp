@@ -13,8 +13,7 @@ namespace {
 using namespace fileops_test;
 using support::FileWorld;
 
-/// The power fails at each call that changes something: what the disks held in that moment is mounted, and
-/// the next operation runs.
+/// The power fails at each call that changes something; the next operation runs on what the disks then held.
 class PowerCut : public Operations, public ::testing::WithParamInterface<const char*>
 {
 protected:

@@ -64,7 +64,6 @@ public:
 private:
     using Command = std::function<bool(const std::string& sPath, const std::string& sSecond)>;
 
-    /// A full path of one that starts with the name of a place.
     std::string Path(const std::string& sPath) const
     {
         const std::size_t nName = std::min(sPath.find_first_of("./"), sPath.size());

@@ -46,10 +46,7 @@ bool Write(const std::string& sPath, int nFlags)
     return bWritten;
 }
 
-const struct {
-    const char* pName;
-    bool (*act)(const char* pGoes, const char* pStays);
-} kIntrusions[] = {
+const std::pair<const char*, bool (*)(const char* pGoes, const char* pStays)> kIntrusions[] = {
     {"writes to it", [](auto, auto pStays) { return Write(pStays, 0); }},
     {"appends to it", [](auto, auto pStays) { return Write(pStays, O_APPEND); }},
     {"empties it and writes to it", [](auto, auto pStays) { return Write(pStays, O_TRUNC); }},
@@ -113,14 +110,14 @@ TEST_F(LastCopy, OutlivesWhatOthersDo)
             bool bSeenSince = false;
             Delete([&](const support::tCall& call, std::size_t n) {
                 // Where somebody holds it, at the next call.
-                bActed = bActed || (n >= nAt && each.act(pair.sGoes.c_str(), pair.sStays.c_str()));
+                bActed = bActed || (n >= nAt && each.second(pair.sGoes.c_str(), pair.sStays.c_str()));
                 // What happens to the copy after our last look at it is not ours to answer for.
                 bSeenSince = bSeenSince || (bActed && call.sCall.find("stat") != std::string::npos &&
                                             call.sPath == pair.sStays);
                 return 0;
             });
             EXPECT_TRUE(!bActed || !bSeenSince || IsLeft())
-                << each.pName << ", at " << calls[nAt - 1].sCall << ' ' << calls[nAt - 1].sPath;
+                << each.first << ", at " << calls[nAt - 1].sCall << ' ' << calls[nAt - 1].sPath;
         }
     }
 }

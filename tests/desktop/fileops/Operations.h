@@ -31,7 +31,6 @@ inline auto StatusOf(const std::string& sPath)
     return desktop::LookAt(sPath).status;
 }
 
-/// Runs a command of the shell.
 inline bool Shell(const std::string& sCommand)
 {
     return std::system((sCommand + " >/dev/null 2>&1").c_str()) == 0;
@@ -113,9 +112,7 @@ protected:
     support::FileWorld world{tree.sRoot, other.sRoot, HomeTrash()};
 };
 
-/// The same for each scenario.
-class WatchedEach : public Watched, public ::testing::WithParamInterface<support::tScenario>
-{
+struct WatchedEach : Watched, ::testing::WithParamInterface<support::tScenario> {
 };
 
 inline constexpr support::tScenario kScenarios[] = {

@@ -30,9 +30,9 @@ TEST_F(Trash, KeepsFilesOfAnyNameWithTheWayBack)
 
 TEST_F(Trash, OtherProgramsKnowTheWayBack)
 {
-    const struct {
-        const char *pIsThere, *pList, *pRestore; ///< the last for everything
-    } cases[] = {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        // the last restores everything
+
         {"command -v trash-restore", "trash-list", "for n in 1 2 3 4; do echo 0 | trash-restore; done"},
         {"test -x /usr/libexec/gvfsd-trash && command -v dbus-run-session",
          "GIO_USE_VFS= dbus-run-session gio list -a trash::orig-path trash:///",
