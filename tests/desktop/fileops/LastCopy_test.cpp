@@ -112,8 +112,10 @@ TEST_F(LastCopy, OutlivesWhatOthersDo)
                 // Where somebody holds it, at the next call.
                 bActed = bActed || (n >= nAt && each.second(pair.sGoes.c_str(), pair.sStays.c_str()));
                 // What happens to the copy after our last look at it is not ours to answer for.
-                bSeenSince = bSeenSince || (bActed && call.sCall.find("stat") != std::string::npos &&
-                                            call.sPath == pair.sStays);
+                bSeenSince =
+                    bSeenSince ||
+                    (bActed && (call.sCall.starts_with("rename") ||
+                                (call.sCall.find("stat") != std::string::npos && call.sPath == pair.sStays)));
                 return 0;
             });
             EXPECT_TRUE(!bActed || !bSeenSince || IsLeft())

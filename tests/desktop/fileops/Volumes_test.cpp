@@ -3,6 +3,7 @@
 
 #include "Operations.h"
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <sched.h>
@@ -187,6 +188,7 @@ TEST_F(Mounts, AVolumeHasATrashOfItsOwnUntilItIsFull)
     Shell("dd if=/dev/zero bs=4k of=" + sVolume + "/filler");
     EXPECT_EQ(Run(FO_COPY, {tree.File("c", std::string(100'000, 'c'))}, sVolume),
               (Reasons{{"c", "There is no space left on the destination."}}));
+    EXPECT_EQ(std::count(user.shown.begin(), user.shown.end(), "AskRoom"), 1);
     const auto reasons = Run(FO_DELETE, paths);
     const Bin bin = Restorable(sTrash);
     EXPECT_GT(reasons.size(), 0U);
