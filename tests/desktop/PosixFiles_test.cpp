@@ -15,16 +15,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::ptrdiff_t OpenDescriptors()
-{
-    return std::distance(fs::directory_iterator("/proc/self/fd"), {});
-}
-
-/// Fails the test if descriptors are left open.
 class PosixFiles : public ::testing::Test
 {
 protected:
-    void TearDown() override { EXPECT_EQ(OpenDescriptors(), m_nBefore); }
+    void TearDown() override { EXPECT_EQ(support::OpenDescriptors(), m_nBefore); }
 
     /// The length of a file once opened; -1 if that is refused.
     std::int64_t LengthOf(const std::string& sPath)
@@ -49,7 +43,7 @@ protected:
     support::TempTree tree;
     desktop::PosixFiles files;
     platform::FolderListing listing;
-    std::ptrdiff_t m_nBefore = OpenDescriptors();
+    std::ptrdiff_t m_nBefore = support::OpenDescriptors();
 };
 
 TEST_F(PosixFiles, ListFilesAndFoldersOfAnyNameAndNothingElse)
@@ -144,26 +138,12 @@ TEST_F(PosixFiles, OpenRegularFilesOnlyAndCreateWhatHasGone)
     EXPECT_TRUE(files.PathFound(sGone) && files.PathFound(tree.sRoot + "/link"));
 }
 
-TEST_F(PosixFiles, ReadWhatIsThere)
-{
-    const std::string sContent(3'000'000, 'x');
-    const std::string sFile = tree.File("file", sContent);
-    const auto h = files.CreateFileA(sFile);
-    std::string sBuffer(sContent.size() + 10, '\0');
-    const auto result = files.ReadFile(h, sBuffer.data(), sBuffer.size());
-    EXPECT_TRUE(result.bRead);
-    EXPECT_EQ(result.nBytes, sContent.size());
-    EXPECT_TRUE(sBuffer == sContent + std::string(10, '\0'));
-    files.CloseHandle(h);
-    EXPECT_FALSE(files.ReadFile(h, sBuffer.data(), 1).bRead);
-}
-
 TEST_F(PosixFiles, AreWalkedToThePlatformsLimit)
 {
-    // A chain of folders too deep for one path, made from within; a file at every level.
+    // A chain of folders too deep for one path, made from within; a file at every level. One of the folders
+    // has the longest path that the system takes.
     const auto here = fs::current_path();
     fs::current_path(tree.sRoot);
-    // One of the folders has the longest path that the system takes.
     const bool bOdd = (PATH_MAX - 1 - tree.sRoot.size()) % 2 != 0;
     for (int n = 0; n < 2100; ++n) {
         const char* const pName = n == 0 && bOdd ? "dd" : "d";

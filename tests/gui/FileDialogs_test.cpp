@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "Answers.h"
+#include "Escaped.h"
 #include "FolderModel.h"
 #include "FolderView.h"
-#include "PosixFiles.h"
+#include "OnScreen.h"
 #include "QtFileDialogs.h"
 #include "QtShell.h"
-#include "QtWindows.h"
-#include "System.h"
 #include "TempTree.h"
-#include "WidgetOf.h"
 #include "WindowManager.h"
 
 #include <QClipboard>
@@ -17,7 +15,9 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMimeData>
+#include <array>
 #include <sys/stat.h>
+#include <tuple>
 #include <unistd.h>
 
 namespace {
@@ -25,29 +25,18 @@ namespace {
 using support::Answers;
 using support::Child;
 
-std::string Text(const std::string& sBuffer)
-{
-    return sBuffer.substr(0, sBuffer.find('\0'));
-}
-
 /// The test's own tree is the home folder.
-class FileDialogs : public ::testing::Test
+class FileDialogs : public support::OnScreen
 {
 protected:
     FileDialogs()
     {
-        platform::tSystem system;
-        system.files = &realFiles;
-        system.screen = &windows;
-        platform::UseSystem(system);
         setenv("HOME", tree.sRoot.c_str(), 1);
-        for (const char* pFolder : {"/alpha", "/alpha/inner", "/alpha/inner/most", "/bad\xFF", "/x.y"}) {
-            EXPECT_EQ(mkdir((tree.sRoot + pFolder).c_str(), 0755), 0);
+        for (const char* pFolder : {"/alpha/inner/most", "/bad\xFF", "/x.y"}) {
+            std::filesystem::create_directories(tree.sRoot + pFolder);
         }
     }
 
-    desktop::PosixFiles realFiles;
-    desktop::QtWindows windows;
     desktop::QtFileDialogs dialogs;
     support::TempTree tree;
     Answers answers;
@@ -55,9 +44,8 @@ protected:
 
 TEST_F(FileDialogs, ShowFoldersByTheirNamesAndFindThemByTheirPaths)
 {
-    for (const char* pFolder :
-         {"/b", "/b10", "/b2", "/C", "/.hidden", "/new\nline", "/new\nline/\xFE", "/\xC3\x84"}) {
-        EXPECT_EQ(mkdir((tree.sRoot + pFolder).c_str(), 0755), 0);
+    for (const char* pFolder : {"b", "b10", "b2", "C", ".hidden", "new\nline/\xFE", "\xC3\x84"}) {
+        std::filesystem::create_directories(tree.sRoot + "/" + pFolder);
     }
     tree.File("file");
     EXPECT_EQ(symlink("b", (tree.sRoot + "/link").c_str()), 0);
@@ -88,10 +76,8 @@ TEST_F(FileDialogs, SelectWhatIsPastedOrDroppedAndWhatIsClosed)
     EXPECT_EQ(symlink("alpha", (tree.sRoot + "/link").c_str()), 0);
     tree.File("file");
     const auto selected = [&] { return model.Path(desktop::FolderModel::Item(view.currentIndex())); };
-    const struct {
-        const char* pKind;
-        std::string sData, sSelected; ///< empty: what was selected stays
-    } cases[] = {
+    const std::tuple<const char*, std::string, std::string> cases[] = {
+        // The kind of data, the data, and what is selected then: if empty, what was before.
         {"text/plain", tree.sRoot + "/alpha/inner/most", "/alpha/inner/most"},
         {"text/plain", "\n '" + tree.sRoot + "/x.y/' \r\nmore", "/x.y"},
         {"text/plain", tree.sRoot + "/alpha/ new", "/alpha/ new"}, // made since alpha was listed
@@ -100,27 +86,26 @@ TEST_F(FileDialogs, SelectWhatIsPastedOrDroppedAndWhatIsClosed)
         {"text/uri-list", "file://" + tree.sRoot + "/file", ""},
         {"text/uri-list", "https://host/usr", ""},
         {"text/plain", tree.sRoot + "/none", ""},
-        {"text/plain", "", ""},
     };
-    for (const auto& each : cases) {
+    for (const auto& [pKind, sData, sSelected] : cases) {
         for (const bool bDropped : {false, true}) {
             view.setCurrentIndex(model.Find(tree.sRoot));
             auto* const pData = new QMimeData;
-            pData->setData(QLatin1String(each.pKind), QByteArray::fromStdString(each.sData));
+            pData->setData(QLatin1String(pKind), QByteArray::fromStdString(sData));
             QApplication::clipboard()->setMimeData(pData);
             if (bDropped) {
                 QDragEnterEvent enter({5, 5}, Qt::CopyAction | Qt::MoveAction, pData, {}, {});
                 QApplication::sendEvent(view.viewport(), &enter);
-                EXPECT_EQ(enter.isAccepted(), !each.sSelected.empty()) << each.sData;
+                EXPECT_EQ(enter.isAccepted(), !sSelected.empty()) << sData;
                 QDropEvent drop({5, 5}, Qt::CopyAction | Qt::MoveAction, pData, {}, {});
                 drop.setDropAction(Qt::MoveAction);
                 QApplication::sendEvent(view.viewport(), &drop);
-                EXPECT_TRUE(each.sSelected.empty() || drop.dropAction() == Qt::CopyAction)
+                EXPECT_TRUE(sSelected.empty() || drop.dropAction() == Qt::CopyAction)
                     << "the folder would go from where it came";
             } else {
                 QTest::keySequence(&view, QKeySequence::Paste);
             }
-            EXPECT_EQ(selected(), tree.sRoot + each.sSelected) << each.sData << bDropped;
+            EXPECT_EQ(selected(), tree.sRoot + sSelected) << sData << bDropped;
         }
     }
     view.setCurrentIndex(model.Find(tree.sRoot + "/alpha/inner/most"));
@@ -144,13 +129,13 @@ TEST_F(FileDialogs, ShowFoldersWithNoneInThem)
 
 TEST_F(FileDialogs, WidenTheTreeForTheRowsInSight)
 {
-    for (std::size_t n = 0; n < 40; ++n) {
-        EXPECT_EQ(mkdir((tree.sRoot + "/z" + std::string(n, 'z')).c_str(), 0755), 0);
-    }
     desktop::FolderModel model({{tree.sRoot, "tree"}});
     desktop::FolderView view(model);
-    view.resize(150, 300);
+    view.resize(150, 100);
     view.show();
+    for (std::size_t n = 0; n < 40; ++n) {
+        tree.File("z" + std::string(n, 'z') + "/file");
+    }
     view.expand(model.index(0, 0));
     view.grab();
     const QModelIndex last = model.Find(tree.sRoot + "/" + std::string(40, 'z'));
@@ -175,7 +160,7 @@ protected:
         std::string sBuffer(4, '\0');
         EXPECT_EQ(dialogs.SHGetPathFromIDListA(item, sBuffer), item != 0);
         dialogs.CoTaskMemFree(item);
-        return Text(sBuffer);
+        return sBuffer.c_str(); // up to the NUL
     }
 
     static int OnMessage(platform::WindowHandle hWnd, unsigned uMsg, long /*lParam*/, long /*lpData*/)
@@ -193,25 +178,23 @@ protected:
 
 TEST_F(ChooseFolder, StartsWhereItIsToldAndGivesExactPaths)
 {
-    const struct {
-        std::string sStart, sShown, sChosen;
-    } cases[] = {
-        {"", tree.sRoot, tree.sRoot},
-        {tree.sRoot + "/alpha/inner/", tree.sRoot + "/alpha/inner", tree.sRoot + "/alpha/inner"},
-        {tree.sRoot + "/bad\xFF/", tree.sRoot + "/bad\\xFF", tree.sRoot + "/bad\xFF"},
-        {tree.sRoot + "/alpha/none/deeper/", tree.sRoot + "/alpha", tree.sRoot + "/alpha"},
-        {"/no such folder at all", "/", "/"},
-        {"relative", tree.sRoot, tree.sRoot},
+    const std::pair<std::string, std::string> cases[] = {
+        {"", tree.sRoot},
+        {tree.sRoot + "/alpha/inner/", tree.sRoot + "/alpha/inner"},
+        {tree.sRoot + "/bad\xFF/", tree.sRoot + "/bad\xFF"},
+        {tree.sRoot + "/alpha/none/deeper/", tree.sRoot + "/alpha"},
+        {"/no such folder at all", "/"},
+        {"relative", tree.sRoot},
     };
     for (const auto& each : cases) {
         const auto confirm = [&](QDialog& dialog) {
-            EXPECT_EQ(Shown(dialog), each.sShown);
+            EXPECT_EQ(Shown(dialog), platform::Escaped(each.second));
             EXPECT_EQ(Child<QLabel>(dialog, "text").text(), "Select a folder.");
             auto& view = Child<desktop::FolderView>(dialog, "folders");
             EXPECT_TRUE(view.viewport()->rect().contains(view.visualRect(view.currentIndex()).center()));
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
         };
-        EXPECT_EQ(Choose(each.sStart, confirm), each.sChosen);
+        EXPECT_EQ(Choose(each.first, confirm), each.second);
     }
     EXPECT_EQ(Choose("/", Answers::Click("cancel")), "");
     EXPECT_EQ(Choose("/", Answers::Press(Qt::Key_Escape)), "");
@@ -241,14 +224,12 @@ TEST_F(ChooseFolder, MakesAFolder)
         make(dialog, "b&w");
         EXPECT_EQ(Shown(dialog), sShown);
         // Among its siblings, and what was there before keeps its place and its path.
-        QTest::keyClick(&Child<desktop::FolderView>(dialog, "folders"), Qt::Key_Left);
+        auto& folders = Child<desktop::FolderView>(dialog, "folders");
+        QTest::keyClick(&folders, Qt::Key_Left);
         make(dialog, "a");
-        QTest::keyClick(&Child<desktop::FolderView>(dialog, "folders"), Qt::Key_Down);
+        QTest::keyClick(&folders, Qt::Key_Down);
         EXPECT_EQ(Shown(dialog), sShown);
-        // What cannot be made is told.
-        for (const char* pName : {"a/b", "."}) {
-            make(dialog, pName, true);
-        }
+        make(dialog, "a/b", true); // what cannot be made is told
         Answers::Click("ok")(dialog);
     };
     EXPECT_EQ(Choose(tree.sRoot + "/bad\xFF", makeSome), tree.sRoot + "/bad\xFF/b&w");
@@ -292,7 +273,7 @@ protected:
         request.lpstrInitialDir = sFolder;
         request.Flags = platform::OFN_OVERWRITEPROMPT;
         answers.Expect("saveChooser", answer);
-        return dialogs.GetSaveFileNameA(request) ? Text(request.lpstrFile) : "";
+        return dialogs.GetSaveFileNameA(request) ? request.lpstrFile.c_str() : "";
     }
 
     static void Type(QDialog& dialog, const std::string& sName)
@@ -306,9 +287,8 @@ protected:
 
 TEST_F(SaveFile, GivesTheExactPathOfWhatIsTyped)
 {
-    const struct {
-        std::string sFolder, sTyped, sChosen;
-    } cases[] = {
+    const std::array<std::string, 3> cases[] = {
+        // the folder, what is typed, and what comes of it
         {"", "report", "/report.txt"},
         {"/bad\xFF", "report.log", "/bad\xFF/report.log"},
         {"/bad\xFF/", " r.v2 ", "/bad\xFF/r.v2"},
@@ -321,8 +301,8 @@ TEST_F(SaveFile, GivesTheExactPathOfWhatIsTyped)
         {"", "report.", "/report..txt"},
     };
     for (const auto& each : cases) {
-        EXPECT_EQ(Ask(tree.sRoot + each.sFolder, [&](QDialog& dialog) { Type(dialog, each.sTyped); }),
-                  tree.sRoot + each.sChosen);
+        EXPECT_EQ(Ask(tree.sRoot + each[0], [&](QDialog& dialog) { Type(dialog, each[1]); }),
+                  tree.sRoot + each[2]);
     }
     EXPECT_EQ(Ask("", Answers::Press(Qt::Key_Escape), "proposed"), "");
     EXPECT_EQ(Ask("", Answers::Click("save"), "proposed"), tree.sRoot + "/proposed.txt");
@@ -333,14 +313,15 @@ TEST_F(SaveFile, SaysWhatIsWrongAndAsksBeforeItReplaces)
     for (const char* pFile : {"alpha/report.txt", "alpha/ r 2.txt", "alpha/odd\xFF.txt", "alpha/other.log"}) {
         tree.File(pFile);
     }
+    EXPECT_EQ(mkfifo((tree.sRoot + "/alpha/pipe.txt").c_str(), 0666), 0);
     const auto replace = [&](QDialog& dialog) {
         Type(dialog, "alpha"); // into the folder
         auto& files = Child<QListWidget>(dialog, "files");
         ASSERT_EQ(files.count(), 3);
         EXPECT_EQ(files.item(1)->text(), "odd\\xFF.txt");
         EXPECT_FALSE(files.item(1)->flags().testFlag(Qt::ItemIsSelectable)) << "its name cannot be typed";
-        EXPECT_EQ(Child<QLineEdit>(dialog, "name").text(), QString());
-        EXPECT_EQ(mkfifo((tree.sRoot + "/alpha/pipe.txt").c_str(), 0666), 0);
+        const auto& name = Child<QLineEdit>(dialog, "name");
+        EXPECT_EQ(name.text(), QString());
         const std::pair<std::string, const char*> cases[] = {
             {"", "Please type a name for the file."},
             {"none/x", "There is no such folder."},
@@ -355,7 +336,7 @@ TEST_F(SaveFile, SaysWhatIsWrongAndAsksBeforeItReplaces)
         Type(dialog, "report"); // which alone does not exist
         EXPECT_TRUE(dialog.isVisible()) << "Enter must not replace";
         files.setCurrentRow(2);
-        EXPECT_EQ(Child<QLineEdit>(dialog, "name").text(), "report.txt");
+        EXPECT_EQ(name.text(), "report.txt");
         answers.Expect("replaceFile", Answers::Click("yes"));
         Answers::Click("save")(dialog);
     };

@@ -17,15 +17,10 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QTest>
-#include <QTimer>
 #include <QToolButton>
 #include <QTreeView>
 #include <QWindow>
 #include <cmath>
-#include <functional>
-#include <gtest/gtest.h>
-#include <string>
-#include <utility>
 
 namespace {
 
@@ -38,23 +33,19 @@ struct TestForm {
     platform::Toolbar toolbar;
     platform::ListView list{form};
     platform::Label label;
-    platform::CommandButton add;
-    platform::CommandButton close;
+    platform::CommandButton add, close;
     platform::PictureBox bar;
     platform::MenuItem mnuFile, mnuFind;
     std::string sHeard;
 
     TestForm()
     {
-        form.design = {.sCaption = {},
-                       .ClientWidth = 6000,
-                       .ClientHeight = 4500,
-                       .bSizable = true,
-                       .bShowInTaskbar = true};
+        form.design.ClientWidth = 6000;
+        form.design.ClientHeight = 4500;
+        form.design.bSizable = true;
         form.controls = {&toolbar, &list, &label, &add, &close, &bar};
         form.menus = {&mnuFile};
         form.DefaultButton = &add;
-        form.CancelButton = &close;
         toolbar.SetPlace({0, 0, 6000, 720});
         toolbar.buttons = {{"new", "New", "New", "new"}};
         toolbar.ButtonClick = [this](const std::string& sKey) { sHeard += sKey + " "; };
@@ -65,7 +56,6 @@ struct TestForm {
         add.SetPlace({3150, 1200, 1140, 330});
         add.Click = [this] { sHeard += "add "; };
         close.SetPlace({4500, 3000, 1140, 330});
-        close.Click = [this] { sHeard += "close "; };
         bar.SetPlace({0, 2235, 3000, 30});
         bar.SetSizesNorthSouth(true);
         const auto note = [this](const char* pWhat) {
@@ -74,14 +64,12 @@ struct TestForm {
             };
         };
         bar.MouseDown = note("down");
-        bar.MouseMove = note("move");
         bar.MouseUp = note("up");
         mnuFile.items = {&mnuFind};
         mnuFind.sShortcut = "F3";
         mnuFind.Click = [this] { sHeard += "find "; };
     }
 
-    /// What has been heard since the last call.
     std::string Heard() { return std::exchange(sHeard, {}); }
 
     [[nodiscard]] QWidget* Window() const { return WidgetOf(&form); }
@@ -97,8 +85,7 @@ class FormWindow : public OnScreen
 protected:
     FormWindow() { Show(one.form); }
 
-    TestForm one;
-    TestForm two;
+    TestForm one, two;
 };
 
 TEST_F(FormWindow, WidgetsShowWhatTheControlsSay)
@@ -115,38 +102,14 @@ TEST_F(FormWindow, WidgetsShowWhatTheControlsSay)
     EXPECT_GT(pButton->width(), pButton->fontMetrics().horizontalAdvance(pButton->text()));
 }
 
-/// Counts how often a widget is painted.
-struct Paints final : QObject {
-    explicit Paints(QWidget& widget) { widget.installEventFilter(this); }
-    bool eventFilter(QObject*, QEvent* pEvent) override
-    {
-        nCount += pEvent->type() == QEvent::Paint ? 1 : 0;
-        return false;
-    }
-    int nCount = 0;
-};
-
-TEST_F(FormWindow, ANewWindowIsPaintedBeforeARefreshReturns)
-{
-    two.form.Show(false, &one.form);
-    const Paints paints(*WidgetOf(&two.label));
-    two.form.Refresh();
-    EXPECT_GT(paints.nCount, 0);
-    two.form.UnloadForm();
-}
-
 TEST_F(FormWindow, MenusDoWhatTheItemsSay)
 {
-    for (const bool bChecked : {true, false}) {
-        one.mnuFind.SetChecked(bChecked);
-        one.Find()->trigger();
-        EXPECT_EQ(one.Find()->isChecked(), bChecked) << "an item checks itself never";
-        EXPECT_EQ(one.Heard(), "find ");
-    }
-    for (const bool bEnabled : {true, false}) {
-        one.mnuFind.SetEnabled(bEnabled);
+    for (const bool bSet : {true, false}) {
+        one.mnuFind.SetEnabled(bSet);
+        one.mnuFind.SetChecked(bSet);
         QTest::keyClick(one.Window(), Qt::Key_F3);
-        EXPECT_EQ(one.Heard(), bEnabled ? "find " : "");
+        EXPECT_EQ(one.Find()->isChecked(), bSet) << "an item checks itself never";
+        EXPECT_EQ(one.Heard(), bSet ? "find " : "");
     }
 }
 
@@ -172,15 +135,6 @@ TEST_F(FormWindow, ADisabledFormTakesNoInputButTheOneItOwnsDoes)
     one.Window()->close();
     EXPECT_FALSE(one.form.Loaded());
     EXPECT_TRUE(two.Window()->isVisible()) << "an owner takes nobody along";
-}
-
-TEST_F(FormWindow, ADisabledFormPassesTheKeyboardOnToTheOneItOwns)
-{
-    Show(two.form, &one.form);
-    one.form.SetEnabled(false);
-    one.Window()->activateWindow(); // as a window manager does at a click
-    ASSERT_TRUE(QTest::qWaitForWindowActive(one.Window()));
-    EXPECT_TRUE(QTest::qWaitForWindowActive(two.Window()));
 }
 
 TEST_F(FormWindow, AWindowKeepsToTheScreenWithItsFrame)
@@ -213,24 +167,6 @@ TEST_F(FormWindow, GrowsWithTheTextOfTheDesktop)
     desktop::UseTextScale(1);
 }
 
-TEST_F(FormWindow, ABarIsCaughtBesideWhatShowsOfIt)
-{
-    QWidget* const pBar = WidgetOf(&one.bar);
-    ASSERT_EQ(pBar->geometry(), QRect(0, 147, 200, 6));
-    for (const int y : {0, 2, 5}) {
-        QTest::mouseClick(pBar, Qt::LeftButton, {}, {50, y});
-    }
-    QTest::mouseClick(pBar, Qt::MiddleButton, {}, {50, 3});
-    EXPECT_EQ(one.Heard(), "down1@-30 up1@-30 down1@0 up1@0 down1@45 up1@45 down4@15 up4@15 ");
-    one.bar.SetBackColor(platform::SystemColor::ButtonShadow);
-    const QImage shown = one.Window()->grab().toImage();
-    const QPoint top = pBar->mapTo(one.Window(), QPoint(50, 0));
-    const QColor dark = pBar->palette().color(QPalette::Dark);
-    for (int y = 0; y < pBar->height(); ++y) {
-        EXPECT_EQ(shown.pixel(top.x(), top.y() + y) == dark.rgb(), y == 2 || y == 3) << y;
-    }
-}
-
 /// A form is disabled, or a modal window takes its input, while the mouse button is held.
 TEST_F(FormWindow, WhoLosesTheInputLetsGoOfWhatTheMouseHolds)
 {
@@ -240,44 +176,29 @@ TEST_F(FormWindow, WhoLosesTheInputLetsGoOfWhatTheMouseHolds)
     auto* const pRows = qobject_cast<QTreeView*>(WidgetOf(&one.list));
     QDialog modal(one.Window());
     modal.setModal(true);
-    const std::pair<std::function<void()>, std::function<void()>> ways[] = {
-        {[&] { one.form.SetEnabled(false); }, [&] { one.form.SetEnabled(true); }},
-        {[&] { modal.show(); }, [&] { modal.hide(); }}};
-    for (const auto& [take, giveBack] : ways) {
-        QTest::mousePress(WidgetOf(&one.bar), Qt::LeftButton, {}, {50, 3});
+    for (const bool bModal : {false, true}) {
+        const auto take = [&] { bModal ? modal.show() : one.form.SetEnabled(false); };
+        const auto giveBack = [&] { bModal ? modal.hide() : one.form.SetEnabled(true); };
+        QTest::mousePress(WidgetOf(&one.bar), Qt::LeftButton, {}, {50, 5}); // beside what shows of it
         take();
         giveBack();
         QTest::mousePress(WidgetOf(&one.add), Qt::LeftButton);
         take();
         giveBack();
-        EXPECT_EQ(one.Heard(), "down1@15 up1@-45 ") << "a button let go of is not pressed";
+        EXPECT_EQ(one.Heard(), "down1@45 up1@-45 ") << "a button let go of is not pressed";
 
         QTest::mousePress(pRows->viewport(), Qt::LeftButton, {}, {20, 20});
         QTest::mouseMove(pRows->viewport(), {20, 500});
         const auto picked = one.list.ListItems.Selection();
         EXPECT_GT(one.list.ListItems.SelectedCount(), 1U);
         take();
-        bool bLater = false;
-        QTimer::singleShot(100, [&] { bLater = true; }); // a drag that went on would have scrolled by then
-        EXPECT_TRUE(QTest::qWaitFor([&] { return bLater; }));
+        QTest::qWait(100); // a drag that went on would have scrolled by then
         EXPECT_EQ(one.list.ListItems.Selection(), picked);
         giveBack();
         QTest::mouseMove(pRows->viewport(), {20, 40});
         EXPECT_EQ(one.list.ListItems.Selection(), picked);
         pRows->verticalScrollBar()->setValue(0);
     }
-}
-
-TEST_F(FormWindow, EnterPressesTheButtonThatHasTheFocusElseTheDefault)
-{
-    for (platform::Control* pFocus : std::initializer_list<platform::Control*>{&one.list, &one.close}) {
-        ASSERT_TRUE(one.form.SetFocus(*pFocus));
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-    }
-    QTest::keyClick(WidgetOf(&one.list), Qt::Key_Escape);
-    QKeyEvent again(QEvent::KeyPress, Qt::Key_Return, {}, {}, true);
-    QApplication::sendEvent(WidgetOf(&one.list), &again);
-    EXPECT_EQ(one.Heard(), "add close close ") << "a key held down presses once";
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ShownList.h"
 
-#include <QApplication>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -15,19 +14,20 @@ using tShown = support::tShownList;
 /// What a list of rows is expected to do, said as plainly as possible.
 struct tExpected {
     std::set<int> selected;
-    int nCurrent = 0;
-    int nAnchor = 0;
+    int nCurrent = 0, nAnchor = 0;
 
-    void Toggle(int nRow)
+    void Set(int nRow, bool bSelected)
     {
-        if (selected.erase(nRow) == 0) {
+        selected.erase(nRow);
+        if (bSelected) {
             selected.insert(nRow);
         }
     }
+    void Toggle(int nRow) { Set(nRow, !selected.contains(nRow)); }
     void SetRange(int nFrom, int nTo, bool bSelected)
     {
         for (int n = std::min(nFrom, nTo); n <= std::max(nFrom, nTo); ++n) {
-            bSelected ? static_cast<void>(selected.insert(n)) : static_cast<void>(selected.erase(n));
+            Set(n, bSelected);
         }
     }
     void Pick(int nRow, Qt::KeyboardModifiers held)
@@ -79,11 +79,8 @@ TEST(ListViewPicking, SelectsAsListsDo)
             const auto [key, nDistance] = kMoves[below(4)];
             QTest::keyClick(shown.pView.get(), key, held);
             const int nTo = std::clamp(expected.nCurrent + nDistance, 0, kRows - 1);
-            if (held == Qt::ControlModifier) {
-                expected.nCurrent = nTo;
-            } else {
-                expected.Pick(nTo, held);
-            }
+            held == Qt::ControlModifier ? static_cast<void>(expected.nCurrent = nTo)
+                                        : expected.Pick(nTo, held);
         } else if (nAction == 2) {
             QTest::keyClick(shown.pView.get(), Qt::Key_Space, held);
             if (held != Qt::NoModifier) {
@@ -109,14 +106,15 @@ TEST(ListViewPicking, SelectsAsListsDo)
             expected.Toggle(nRow);
         }
         shown.Settle();
-        ASSERT_EQ(shown.Selected(), expected.selected) << "step " << nStep << ", action " << nAction;
-        ASSERT_EQ(shown.Current(), expected.nCurrent) << "step " << nStep << ", action " << nAction;
+        SCOPED_TRACE("step " + std::to_string(nStep) + ", action " + std::to_string(nAction));
+        ASSERT_EQ(shown.Selected(), expected.selected);
+        ASSERT_EQ(shown.Current(), expected.nCurrent);
         ASSERT_EQ(shown.pView->currentIndex().row(), expected.nCurrent);
         const int nTop = shown.pView->indexAt({5, 0}).row();
         for (int n = nTop; n < std::min(kRows, nTop + 15); ++n) {
             ASSERT_EQ(shown.pView->selectionModel()->isSelected(shown.pView->model()->index(n, 1)),
                       expected.selected.contains(n))
-                << "what is seen of row " << n << ", step " << nStep;
+                << "what is seen of row " << n;
         }
     }
 }

@@ -11,8 +11,9 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QProgressBar>
-#include <QPushButton>
 #include <cstdint>
+#include <set>
+#include <tuple>
 
 namespace {
 
@@ -40,7 +41,6 @@ protected:
     }
     ~OperationDialogs() override { desktop::RemoveWidget(form); }
 
-    /// The progress window, if it shows.
     QDialog* Window()
     {
         auto* const pWindow = window.findChild<QDialog*>(QStringLiteral("operationProgress"));
@@ -57,28 +57,21 @@ protected:
 
 TEST_F(OperationDialogs, ConfirmTheSetOnce)
 {
-    const struct {
-        std::size_t nFiles;
-        std::int64_t cyTotal;
-        Qt::Key key;
-        const char* pText;
-        const char* pOnly = "";
-    } cases[] = {
-        {1, 1, Qt::Key_Return, "Move \u201c%2\u201d (1 byte) to the trash?", "/a/%2"},
-        {2, 0, Qt::Key_Escape, "Move 2 files (0 bytes) to the trash?"},
-        {3, 1023, Qt::Key_Enter, "Move 3 files (1023 bytes) to the trash?"},
-        {3, 12'345, Qt::Key_Escape, "Move 3 files (12345 bytes / 12.1 KiB) to the trash?"},
-        {2, 1024 * 1024 - 1, Qt::Key_Return, "Move 2 files (1048575 bytes / 1.0 MiB) to the trash?"},
+    const std::tuple<std::size_t, std::int64_t, Qt::Key, const char*, const char*> cases[] = {
+        {1, 1, Qt::Key_Return, "/a/%2", "Move \u201c%2\u201d (1 byte) to the trash?"},
+        {2, 0, Qt::Key_Escape, "", "Move 2 files (0 bytes) to the trash?"},
+        {3, 12'345, Qt::Key_Enter, "", "Move 3 files (12345 bytes / 12.1 KiB) to the trash?"},
+        {2, 1024 * 1024 - 1, Qt::Key_Return, "", "Move 2 files (1048575 bytes / 1.0 MiB) to the trash?"},
     };
-    for (const auto& each : cases) {
-        answers.Expect("confirmOperation", [&](QDialog& dialog) {
-            EXPECT_EQ(Plain(dynamic_cast<QMessageBox&>(dialog).text()), each.pText);
+    for (const auto& [nFiles, cyTotal, key, pOnly, pText] : cases) {
+        answers.Expect("confirmOperation", [this, key = key, pText = pText](QDialog& dialog) {
+            EXPECT_EQ(Plain(dynamic_cast<QMessageBox&>(dialog).text()), pText);
             EXPECT_EQ(dialog.parentWidget(), &window);
-            QTest::keyClick(&dialog, each.key);
+            QTest::keyClick(&dialog, key);
         });
-        const auto consent = dialogs.Confirm(
-            {{FileOperation::Trash, each.nFiles, each.cyTotal, form.hWnd()}, {}, 0, {}, each.pOnly});
-        EXPECT_EQ(consent, each.key != Qt::Key_Escape ? Consent::All : Consent::Cancel);
+        const desktop::tOperation trash{FileOperation::Trash, nFiles, cyTotal, form.hWnd()};
+        EXPECT_EQ(dialogs.Confirm({trash, {}, 0, {}, pOnly}),
+                  key != Qt::Key_Escape ? Consent::All : Consent::Cancel);
     }
 }
 
@@ -86,29 +79,24 @@ TEST_F(OperationDialogs, ConfirmWithWhatThereIsToSay)
 {
     const desktop::tOperation trash{FileOperation::Trash, 3, 3, form.hWnd()};
     const desktop::tConcern concern{desktop::Concern::NoOtherCopy, {"/a\nb"}};
-    const struct {
-        std::size_t nWithCopy;
-        Answers::Answer answer;
-        Consent consent;
-    } cases[] = {
+    const std::tuple<std::size_t, Answers::Answer, Consent> cases[] = {
         {2, Answers::Press(Qt::Key_Return), Consent::WithCopy},
         {0, Answers::Press(Qt::Key_Return), Consent::Cancel},
         {2, Answers::Click("all"), Consent::All},
         {2, Answers::Press(Qt::Key_Escape), Consent::Cancel},
     };
-    for (const auto& each : cases) {
-        answers.Expect("confirmOperation", [&](QDialog& dialog) {
+    for (const auto& [nWithCopy, answer, consent] : cases) {
+        answers.Expect("confirmOperation", [&answer = answer](QDialog& dialog) {
             EXPECT_EQ(Plain(Child<QLabel>(dialog, "text").text()),
                       "Move 3 files (3 bytes) to the trash?\n\n"
                       "\u201ca\\x0Ab\u201d has no other copy that stays.");
             auto& names = Child<QPlainTextEdit>(dialog, "names");
             EXPECT_FALSE(names.isVisible());
             Answers::Click("unfold")(dialog);
-            EXPECT_TRUE(names.isVisible());
-            EXPECT_TRUE(Plain(names.toPlainText()).ends_with("stays.\n    /a\\x0Ab\n"));
-            each.answer(dialog);
+            EXPECT_TRUE(names.isVisible() && names.toPlainText().endsWith("stays.\n    /a\\x0Ab\n"));
+            answer(dialog);
         });
-        EXPECT_EQ(dialogs.Confirm({trash, {}, each.nWithCopy, {concern}}), each.consent);
+        EXPECT_EQ(dialogs.Confirm({trash, {}, nWithCopy, {concern}}), consent);
     }
     for (const auto key : {Qt::Key_Return, Qt::Key_Escape}) {
         answers.Expect("askRoom", Answers::Press(key));
@@ -120,11 +108,7 @@ TEST_F(OperationDialogs, AskBeforeTheyReplace)
 {
     const desktop::tFileFacts source{"/from/" + std::string(300, 'd') + "/a\nb.txt", 10, 45'000.5};
     const desktop::tFileFacts target{"/to/a\nb" + std::string(250, 'm'), 9, 45'000.25};
-    const struct {
-        Answers::Answer answer;
-        bool bForAll;
-        Choice choice;
-    } cases[] = {
+    const std::tuple<Answers::Answer, bool, Choice> cases[] = {
         {Answers::Press(Qt::Key_Return), false, Choice::Skip},
         {Answers::Press(Qt::Key_Escape), false, Choice::Cancel},
         {Answers::Click("replace"), false, Choice::Replace},
@@ -132,10 +116,9 @@ TEST_F(OperationDialogs, AskBeforeTheyReplace)
         {Answers::Click("skip"), true, Choice::Skip},
     };
     dialogs.Started(copy);
-    for (const auto& each : cases) {
-        answers.Expect("replaceQuestion", [&](QDialog& dialog) {
-            std::string sShown;
-            std::string sHeard;
+    for (const auto& [press, bForAll, choice] : cases) {
+        answers.Expect("replaceQuestion", [&press = press, bForAll = bForAll](QDialog& dialog) {
+            std::string sShown, sHeard;
             for (const QLabel* pLabel : dialog.findChildren<QLabel*>()) {
                 sShown += pLabel->text().toStdString() + "|";
                 sHeard += pLabel->accessibleName().toStdString() + "|";
@@ -144,14 +127,14 @@ TEST_F(OperationDialogs, AskBeforeTheyReplace)
                 EXPECT_NE(sShown.find(pFact), std::string::npos) << sShown;
                 EXPECT_NE(sHeard.find(pFact), std::string::npos) << sHeard;
             }
-            EXPECT_EQ(sHeard.find("The files are identical.") != std::string::npos, each.bForAll);
+            EXPECT_EQ(sHeard.find("The files are identical.") != std::string::npos, bForAll);
             EXPECT_LE(dialog.width(), 800);
-            Child<QCheckBox>(dialog, "forAll").setChecked(each.bForAll);
-            each.answer(dialog);
+            Child<QCheckBox>(dialog, "forAll").setChecked(bForAll);
+            press(dialog);
         });
-        const auto answer = dialogs.AskReplace(source, target, each.bForAll);
-        EXPECT_EQ(answer.choice, each.choice);
-        EXPECT_EQ(answer.bForAll, each.bForAll);
+        const auto answer = dialogs.AskReplace(source, target, bForAll);
+        EXPECT_EQ(answer.choice, choice);
+        EXPECT_EQ(answer.bForAll, bForAll);
     }
     dialogs.Finished(copy, {});
 }
@@ -182,40 +165,46 @@ TEST_F(OperationDialogs, ShowProgressAfterAMomentAndLetItBeCancelled)
 TEST_F(OperationDialogs, SayAtTheEndWhatWasNotDone)
 {
     const std::vector<desktop::tNotDone> one{{"/a\nb", "The folder is read-only."}};
-    const struct {
-        std::size_t nMissing;
-        desktop::tOperationOutcome outcome;
-        const char* pText;
-    } cases[] = {
+    const std::string sOne = "The folder is read-only.\n    /a\\x0Ab\n";
+    const std::vector<desktop::tNotDone> many{9'000, {"/x", "Why."}};
+    const std::tuple<std::size_t, desktop::tOperationOutcome, const char*, std::string> cases[] = {
         {0,
          {8'999, false, one},
-         "8999 of 9000 files were moved to the trash.\n1 of 9000 files was not moved to the trash:"},
+         "8999 of 9000 files were moved to the trash.\n1 of 9000 files was not moved to the trash:",
+         sOne},
         {1,
          {9'000, false, one},
-         "9000 of 9001 files were moved to the trash.\n1 of 9001 files was not moved to the trash:"},
-        {0, {7, true, {}}, "You cancelled. 7 of 9000 files were moved to the trash before."},
-        {0, {0, false, {9'000, {"/x", "Why."}}}, "9000 files were not moved to the trash:"},
+         "9000 of 9001 files were moved to the trash.\n1 of 9001 files was not moved to the trash:",
+         sOne},
+        {0, {7, true, {}}, "You cancelled. 7 of 9000 files were moved to the trash before.", ""},
+        {0, {0, false, many}, "9000 files were not moved to the trash:", "Why. (9000 files)\n    /x\n"},
         {0,
          {6, false, {}, {}, 2, 1},
          "6 of 9000 files were moved to the trash.\n"
-         "1 file was replaced at the destination and put into the trash.\n2 files were skipped."},
+         "1 file was replaced at the destination and put into the trash.\n2 files were skipped.",
+         ""},
     };
-    for (const auto& each : cases) {
-        const std::size_t nNotDone = each.outcome.notDone.size();
-        answers.Expect("operationSummary", [&](QDialog& dialog) {
-            EXPECT_EQ(Plain(Child<QLabel>(dialog, "text").text()), each.pText);
-            if (nNotDone == 1) {
-                EXPECT_EQ(Child<QPlainTextEdit>(dialog, "notDone").toPlainText(),
-                          "The folder is read-only.\n    /a\\x0Ab\n");
-            } else if (nNotDone > 1) {
+    for (const auto& [nMissing, outcome, pText, sNotDone] : cases) {
+        const int nNotDone = static_cast<int>(outcome.notDone.size());
+        answers.Expect("operationSummary", [nNotDone, pText = pText, &sNotDone = sNotDone](QDialog& dialog) {
+            EXPECT_EQ(Plain(Child<QLabel>(dialog, "text").text()), pText);
+            if (!sNotDone.empty()) {
                 Answers::Click("copy")(dialog);
-                EXPECT_EQ(QApplication::clipboard()->text().count(QStringLiteral("    /x\n")), 9'000);
+                const QString sCopied = QApplication::clipboard()->text();
+                EXPECT_TRUE(Plain(sCopied).starts_with(sNotDone)) << pText;
+                EXPECT_EQ(sCopied.count(QLatin1String("\n    /")), nNotDone);
                 EXPECT_TRUE(
-                    Plain(QApplication::clipboard()->text()).starts_with("Why. (9000 files)\n    /x"));
+                    Plain(Child<QPlainTextEdit>(dialog, "notDone").toPlainText()).starts_with(sNotDone));
             }
-            QTest::keyClick(&dialog, nNotDone == 0 ? Qt::Key_Return : Qt::Key_Escape);
+            std::set<QString> reached; // by Tab, and round
+            for (int n = 0; n < 4; ++n) {
+                QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+                reached.insert(dialog.focusWidget()->objectName());
+            }
+            EXPECT_EQ(reached.size(), sNotDone.empty() ? 1U : 3U);
+            QTest::keyClick(&dialog, sNotDone.empty() ? Qt::Key_Return : Qt::Key_Escape);
         });
-        dialogs.Finished({FileOperation::Trash, 9'000, 1, form.hWnd(), each.nMissing}, each.outcome);
+        dialogs.Finished({FileOperation::Trash, 9'000, 1, form.hWnd(), nMissing}, outcome);
     }
     dialogs.Finished(copy, {4, false, {}}); // nothing to say
 

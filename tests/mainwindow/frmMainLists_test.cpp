@@ -4,34 +4,17 @@
 #include "mListView.h"
 
 #include <optional>
+#include <tuple>
 
 namespace {
 
 using frmMainLists = MainWindow;
 
-/// Rows that nobody sees.
-struct ScriptedRows final : platform::ListViewObserver {
-    std::optional<std::size_t> rowAtMouse, rowShown;
-
-    void RowAdded(std::size_t) override {}
-    void RowChanged(std::size_t) override {}
-    void RowRemoved(std::size_t) override {}
-    void RowsCleared() override {}
-    void RowsSorted() override {}
-    void SelectionChanged() override {}
-    void ShowRow(std::size_t nRow) override { rowShown = nRow; }
-    std::optional<std::size_t> RowAt(float, float) override { return rowAtMouse; }
-};
-
 TEST_F(frmMainLists, ActOnKeysWithExactlyTheirMask)
 {
-    const struct {
-        int KeyCode, Shift;
-        const char* pAfter;
-    } cases[] = {
-        {65, 2, "xy[z]|[a][b]"}, {17, 2, "xy[z]|[a][b]"}, {65, 0, "x[y]z|ab"},
-        {17, 0, "x[y]z|ab"},     {65, 3, "x[y]z|ab"},     {65, 6, "x[y]z|ab"},
-        {66, 2, "x[y]z|ab"},     {46, 0, "x[z]|ab"},      {46, 7, "x[z]|ab"},
+    const std::tuple<int, int, const char*> cases[] = {
+        {65, 2, "xy[z]|[a][b]"}, {17, 2, "xy[z]|[a][b]"}, {65, 0, "x[y]z|ab"}, {65, 3, "x[y]z|ab"},
+        {65, 6, "x[y]z|ab"},     {66, 2, "x[y]z|ab"},     {46, 0, "x[z]|ab"},  {46, 7, "x[z]|ab"},
     };
     for (const auto& [KeyCode, Shift, pAfter] : cases) {
         main.lvFolders.ListItems.Clear();
@@ -48,14 +31,12 @@ TEST_F(frmMainLists, ActOnKeysWithExactlyTheirMask)
 
 TEST_F(frmMainLists, RememberWhetherTheLastPressHitARow)
 {
-    ScriptedRows rows;
-    main.lvFiles.ObserveRows(&rows);
     Add(main.lvFiles, {"a"});
     EXPECT_FALSE(main.bItemHit);
     for (const int Button : {1, 2, 4}) {
-        rows.rowAtMouse = 0;
+        desktop.rowAtMouse = 0;
         main.lvFiles.MouseDown(Button, 0, 50, 50);
-        rows.rowAtMouse.reset();
+        desktop.rowAtMouse.reset();
         main.lvFiles.MouseUp(Button, 0, 50, 50);
         EXPECT_TRUE(main.bItemHit);
         main.lvFiles.MouseDown(Button, 0, 50, 50);
@@ -67,36 +48,27 @@ TEST_F(frmMainLists, RememberWhetherTheLastPressHitARow)
     main.lvFiles.MenuKey();
     EXPECT_EQ(desktop.sWindows, "; menu &File; menu &File at the row");
     EXPECT_TRUE(bCommandsAct && !main.bItemHit);
-    main.lvFiles.ObserveRows(nullptr);
 }
 
 TEST_F(frmMainLists, RemoveTheSelectedRowsAndLeaveTheCurrentOneSelected)
 {
     // Which rows are selected, the current one, and what comes of it in lvFiles, which takes several.
-    const struct {
-        std::string sSelected;
-        std::size_t nCurrent;
-        const char* pAfter;
-        std::optional<std::size_t> rowShown;
-    } cases[] = {
-        {"+", 0, "", {}},       {"---", 1, "a[b]c", 1}, {"+--", 0, "[b]c", 0},
-        {"--+", 2, "a[b]", 1},  {"--+", 0, "[a]b", 0},  {"-+-+-", 4, "ac[e]", 2},
-        {"-++++", 2, "[a]", 0}, {"+--+", 1, "[b]c", 0}, {"+++", 1, "", {}},
+    const std::tuple<std::string, std::size_t, const char*, std::optional<std::size_t>> cases[] = {
+        {"+", 0, "", {}},      {"---", 1, "a[b]c", 1},   {"+--", 0, "[b]c", 0},  {"--+", 2, "a[b]", 1},
+        {"--+", 0, "[a]b", 0}, {"-+-+-", 4, "ac[e]", 2}, {"-++++", 2, "[a]", 0}, {"+--+", 1, "[b]c", 0},
     };
     for (const auto& [sSelected, nCurrent, pAfter, rowShown] : cases) {
+        main.lvFiles.ListItems.Clear();
         for (std::size_t n = 0; n < sSelected.size(); ++n) {
             const std::string sName(1, "abcde"[n]);
             main.lvFiles.ListItems.Add(sName, sName, 1);
         }
         Select(sSelected);
         main.lvFiles.SetSelectedItem(nCurrent);
-        ScriptedRows rows;
-        main.lvFiles.ObserveRows(&rows);
+        desktop.rowShown.reset();
         results::RemoveSelectedItems(main.lvFiles);
         EXPECT_EQ(Texts(main.lvFiles), pAfter) << sSelected;
-        EXPECT_EQ(rows.rowShown, rowShown) << sSelected;
-        main.lvFiles.ObserveRows(nullptr);
-        main.lvFiles.ListItems.Clear();
+        EXPECT_EQ(desktop.rowShown, rowShown) << sSelected;
     }
 }
 
@@ -142,6 +114,42 @@ TEST_F(frmMainLists, SortRemoveAndClear)
     EXPECT_EQ(State(), "x[z]||Ready|1"); // the count is that of the last search
     main.mnuSearchClearFolders.Click();
     EXPECT_EQ(State(), "||Add at least one folder|1");
+}
+
+TEST_F(frmMainLists, SelectByRule)
+{
+    ASSERT_TRUE(main.lvFolders.SetFocus());
+    main.mnuSelectAll.Click(); // of nothing
+    main.mnuSelectPath.Click();
+    EXPECT_EQ(main.form.ActiveControl(), &main.lvFolders);
+    EXPECT_EQ(desktop.sWindows, "");
+    Row("/home/a/", "one", 2, "0");
+    Row("/home/a/", "two", 3, "1,000");
+    Row("/media/disk/a/", "two", 4, "0");
+    Row("/home/A/", "red", 5, "10");
+    Row("/home/a/b/", "red", 6, "0");
+    Row("/home/a/", "gone", 7, "00");
+    // Which row is current, counted from 0; the rows selected before; the marks after.
+    const std::tuple<platform::MenuItem&, std::size_t, const char*, const char*> cases[] = {
+        {main.mnuSelectDuplicatedFiles, 0, "+-----", "-2+3+4+5+6+7"},
+        {main.mnuSelectEmptyFiles, 0, "-+-+-+", "+2-3+4-5+6-7"},
+        {main.mnuSelectDrive, 4, "--+---", "+2+3-4+5+6+7"},
+        {main.mnuSelectDrive, 2, "++++++", "-2-3+4-5-6-7"},
+        {main.mnuSelectPath, 5, "--++--", "+2+3-4-5-6+7"},
+        {main.mnuSelectAll, 0, "-+----", "+2+3+4+5+6+7"},
+        {main.mnuSelectInvert, 0, "-+--+-", "+2-3+4+5-6+7"},
+        {main.mnuSelectNone, 0, "-+--+-", "-2-3-4-5-6-7"},
+    };
+    for (const auto& [item, nCurrent, pBefore, pAfter] : cases) {
+        Select(pBefore);
+        main.lvFiles.SetSelectedItem(nCurrent);
+        desktop.sWindows.clear();
+        item.Click();
+        EXPECT_EQ(Marks(), pAfter) << item.sCaption;
+        EXPECT_EQ(main.lvFiles.SelectedItem()->Index(), nCurrent + 1) << item.sCaption;
+        EXPECT_EQ(main.form.ActiveControl(), &main.lvFiles);
+        EXPECT_TRUE(desktop.sWindows.starts_with("; lock") && desktop.sWindows.ends_with("; unlock"));
+    }
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Shows a folder at another place as a file system with a quirk would: oddfs QUIRK FOLDER MOUNTPOINT. It
-// stays until it is unmounted or ended.
+// Shows a folder at another place, until it ends, as a file system with a quirk would.
 
 #define FUSE_USE_VERSION 31
 #include <cerrno>
@@ -9,7 +8,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <fuse.h>
-#include <map>
+#include <set>
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -17,22 +16,15 @@
 
 namespace {
 
-enum class Quirk {
-    None,
-    SaysSizeZero,  // of every file, also of those with contents
-    FailsAtClose,  // what is written becomes zeros, and only the close says so
-    HangsAtRead,   // for as long as it is mounted
-    RenamesPlainly // knows neither a rename without replacing nor a second name for a file
+const std::set<std::string> kQuirks{
+    "none",
+    "says-size-0",    // of every file, also of those with contents
+    "fails-at-close", // what is written becomes zeros, and only the close says so
+    "hangs-at-read",  // for as long as it is mounted
+    "renames-plainly" // knows neither a rename without replacing nor a second name for a file
 };
 
-const std::map<std::string, Quirk> kQuirks{{"none", Quirk::None},
-                                           {"says-size-0", Quirk::SaysSizeZero},
-                                           {"fails-at-close", Quirk::FailsAtClose},
-                                           {"hangs-at-read", Quirk::HangsAtRead},
-                                           {"renames-plainly", Quirk::RenamesPlainly}};
-
-std::string g_sBehind;
-Quirk g_quirk = Quirk::None;
+std::string g_sBehind, g_sQuirk;
 
 std::string Behind(const char* pPath)
 {
@@ -54,7 +46,7 @@ int Open(const char* pPath, fuse_file_info* pInfo, mode_t mode)
 {
     const int h = open(Behind(pPath).c_str(), pInfo->flags & ~O_NOFOLLOW, mode);
     pInfo->fh = static_cast<std::uint64_t>(h);
-    pInfo->direct_io = g_quirk == Quirk::SaysSizeZero;
+    pInfo->direct_io = g_sQuirk == "says-size-0";
     return h < 0 ? -errno : 0;
 }
 
@@ -63,7 +55,7 @@ fuse_operations Operations()
     fuse_operations o{};
     o.getattr = [](const char* pPath, struct stat* pStatus, fuse_file_info*) {
         const int nResult = Result(lstat(Behind(pPath).c_str(), pStatus));
-        if (g_quirk == Quirk::SaysSizeZero && S_ISREG(pStatus->st_mode)) {
+        if (g_sQuirk == "says-size-0" && S_ISREG(pStatus->st_mode)) {
             pStatus->st_size = 0;
         }
         return nResult;
@@ -79,14 +71,14 @@ fuse_operations Operations()
     o.mkdir = [](const char* pPath, mode_t mode) { return Result(mkdir(Behind(pPath).c_str(), mode)); };
     o.unlink = [](const char* pPath) { return Result(unlink(Behind(pPath).c_str())); };
     o.rename = [](const char* pFrom, const char* pTo, unsigned nFlags) {
-        return nFlags != 0 && g_quirk == Quirk::RenamesPlainly
+        return nFlags != 0 && g_sQuirk == "renames-plainly"
                    ? -EINVAL
                    : Result(
                          renameat2(AT_FDCWD, Behind(pFrom).c_str(), AT_FDCWD, Behind(pTo).c_str(), nFlags));
     };
     o.link = [](const char* pFrom, const char* pTo) {
-        return g_quirk == Quirk::RenamesPlainly ? -EPERM
-                                                : Result(link(Behind(pFrom).c_str(), Behind(pTo).c_str()));
+        return g_sQuirk == "renames-plainly" ? -EPERM
+                                             : Result(link(Behind(pFrom).c_str(), Behind(pTo).c_str()));
     };
     o.chmod = [](const char* pPath, mode_t mode, fuse_file_info*) {
         return Result(chmod(Behind(pPath).c_str(), mode));
@@ -103,7 +95,7 @@ fuse_operations Operations()
     o.open = [](const char* pPath, fuse_file_info* pInfo) { return Open(pPath, pInfo, 0); };
     o.create = [](const char* pPath, mode_t mode, fuse_file_info* pInfo) { return Open(pPath, pInfo, mode); };
     o.read = [](const char*, char* pBytes, std::size_t nBytes, off_t nOffset, fuse_file_info* pInfo) {
-        while (g_quirk == Quirk::HangsAtRead) {
+        while (g_sQuirk == "hangs-at-read") {
             pause();
         }
         return Result(pread(File(pInfo), pBytes, nBytes, nOffset));
@@ -111,11 +103,11 @@ fuse_operations Operations()
     o.write = [](const char*, const char* pBytes, std::size_t nBytes, off_t nOffset, fuse_file_info* pInfo) {
         const std::vector<char> zeros(nBytes);
         return Result(
-            pwrite(File(pInfo), g_quirk == Quirk::FailsAtClose ? zeros.data() : pBytes, nBytes, nOffset));
+            pwrite(File(pInfo), g_sQuirk == "fails-at-close" ? zeros.data() : pBytes, nBytes, nOffset));
     };
     o.flush = [](const char*, fuse_file_info* pInfo) {
         const bool bWritten = (fcntl(File(pInfo), F_GETFL) & O_ACCMODE) != O_RDONLY;
-        return g_quirk == Quirk::FailsAtClose && bWritten ? -EIO : 0;
+        return g_sQuirk == "fails-at-close" && bWritten ? -EIO : 0;
     };
     o.fsync = [](const char*, int, fuse_file_info*) { return 0; };
     o.release = [](const char*, fuse_file_info* pInfo) { return Result(close(File(pInfo))); };
@@ -126,15 +118,12 @@ fuse_operations Operations()
 
 int main(int argc, char* argv[])
 {
-    const auto quirk = argc == 4 ? kQuirks.find(argv[1]) : kQuirks.end();
-    if (quirk == kQuirks.end()) {
-        std::fputs(
-            "usage: oddfs none|says-size-0|fails-at-close|hangs-at-read|renames-plainly FOLDER MOUNTPOINT\n",
-            stderr);
+    if (argc != 4 || !kQuirks.contains(argv[1])) {
+        std::fputs("usage: oddfs QUIRK FOLDER MOUNTPOINT\n", stderr);
         return 64;
     }
+    g_sQuirk = argv[1];
     g_sBehind = argv[2];
-    g_quirk = quirk->second;
     std::string arguments[] = {"oddfs", "-f", "-s", argv[3]};
     char* aArguments[] = {arguments[0].data(), arguments[1].data(), arguments[2].data(), arguments[3].data(),
                           nullptr};

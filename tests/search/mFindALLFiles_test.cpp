@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <tuple>
 
 namespace {
 
@@ -76,22 +77,18 @@ TEST(FindAllFiles, FillsEntries)
     ScriptedSearch world;
     setenv("TZ", "XYZ-2:30", 1);
     tzset();
-    const struct {
-        std::int64_t cySize, nSeconds;
-        double dtDate;
-        bool bDone;
-    } cases[] = {
+    const std::tuple<std::int64_t, std::int64_t, double, bool> cases[] = {
         {10'000'000, 1'075'965'423, 38022 + (9 * 3600 + 47 * 60 + 3) / 86400.0, false},
         {10'000'001, -2'209'183'200, -1 - 20.5 / 24, true}, // 29 December 1899 at 20:30 local time
         {1LL << 62, 253'402'300'800, 0, true},              // past the year 9999
         {0, std::numeric_limits<std::int64_t>::min(), 0, false},
     };
-    for (const auto& each : cases) {
-        world.files.folders["/r/"] = {{"f", false, each.cySize, each.nSeconds}};
+    for (const auto& [cySize, nSeconds, dtDate, bDone] : cases) {
+        world.files.folders["/r/"] = {{"f", false, cySize, nSeconds}};
         ASSERT_EQ(Found({"/r"}), Names{"/r/f"});
-        EXPECT_EQ(FileList[0].cySize, each.cySize);
-        EXPECT_DOUBLE_EQ(FileList[0].dtDate, each.dtDate);
-        EXPECT_EQ(FileList[0].bDone, each.bDone) << each.cySize;
+        EXPECT_EQ(FileList[0].cySize, cySize);
+        EXPECT_DOUBLE_EQ(FileList[0].dtDate, dtDate);
+        EXPECT_EQ(FileList[0].bDone, bDone) << cySize;
     }
     EXPECT_EQ(search::FileTimeToText({1'075'965'423}), "5/2/2004 9:47:3");
     EXPECT_EQ(search::FileTimeToText({253'402'300'800}), "");
@@ -102,12 +99,11 @@ TEST(FindAllFiles, TakesAFileOnceHoweverManyMountsLeadToIt)
     ScriptedSearch world;
     world.files.folders = {{"/a/", {{"f"}}}, {"/b/", {{"f"}}}, {"/c/", {{"f"}}}, {"/d/", {{"f"}}}};
     world.files.identities = {{"/a/", {1, 7, 1}}, {"/b/", {1, 7, 2}}, {"/c/", {1, 8, 2}}, {"/d/", {2, 7, 3}}};
-    std::string sDone;
-    const std::size_t nFound = Found({"/a", "/b", "/a", "/c", "/d", "/b"}).size();
-    for (std::size_t n = 0; n < nFound; ++n) {
-        sDone += FileList[n].bDone ? 'x' : '-';
+    std::string sDone; // a folder listed twice is left to the comparison
+    for (std::size_t n = Found({"/a", "/b", "/a", "/c", "/d", "/b"}).size(); n > 0; --n) {
+        sDone += FileList[n - 1].bDone ? 'x' : '-';
     }
-    EXPECT_EQ(sDone, "-x---x"); // a folder listed twice is left to the comparison
+    EXPECT_EQ(sDone, "x---x-");
     Found({"/b"});
     EXPECT_FALSE(FileList[0].bDone) << "the next search knows nothing of the one before";
 }

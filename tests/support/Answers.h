@@ -23,8 +23,7 @@ T& Child(QDialog& dialog, const char* pName)
     return *pChild;
 }
 
-/// Answers windows: each one expected, in turn, as soon as it is on the screen. What is expected and
-/// does not come is a failure.
+/// Answers windows: each one expected, in turn, as soon as it is on the screen. All of them must come.
 class Answers : public QObject
 {
 public:

@@ -76,16 +76,6 @@ std::string HomeOf(const std::string& sPath)
     return (sNoted.starts_with('/') ? "" : sTop) + sNoted + sPath.substr(nEnd);
 }
 
-std::string tRun::ReasonFor(const std::string& sPath) const
-{
-    for (const auto& each : outcome.notDone) {
-        if (each.sPath == sPath) {
-            return each.sReason;
-        }
-    }
-    return {};
-}
-
 FileWorld::FileWorld(std::string sHere, std::string sOther, std::string sTrashFolder)
     : sTrash(std::move(sTrashFolder)), m_sHere(std::move(sHere)), m_sOther(std::move(sOther))
 {
@@ -105,10 +95,13 @@ std::string FileWorld::Content(const std::string& sText)
 
 void FileWorld::Make(const std::string& sFolder, const std::string& sText)
 {
-    const std::string sContent = Content(sText);
-    Write(sFolder + '/' + sText.substr(sText.rfind(' ') + 1), sContent);
+    Write(sFolder + '/' + sText.substr(sText.rfind(' ') + 1), Know(Content(sText)));
+}
+
+const std::string& FileWorld::Know(const std::string& sContent)
+{
     required.insert(sContent);
-    known.insert(sContent);
+    return *known.insert(sContent).first;
 }
 
 void FileWorld::Prepare(const tScenario& next)
@@ -162,12 +155,12 @@ tRun FileWorld::Run(const Judge& judge)
         }
         operations.SHFileOperationA(
             Request(scenario.wFunc, paths, scenario.wFunc == platform::FO_DELETE ? "" : sTo));
-        std::string sSaid =
-            std::to_string(user.outcome.nFilesDone) + '\0' + (user.outcome.bCancelled ? "1" : "0") + '\0';
+        std::ostringstream said;
+        said << user.outcome.nFilesDone << ' ' << user.outcome.bCancelled << '\n';
         for (const auto& each : user.outcome.notDone) {
-            sSaid += each.sPath + '\0' + each.sReason + '\0';
+            said << each.sPath << '\n' << each.sReason << '\n';
         }
-        return sSaid;
+        return said.str();
     };
     const auto plain = [&](const tCall& call, std::size_t n) {
         const bool bRefused = (call.sCall == "renameat2" && call.arguments[4] != 0) ||
@@ -179,14 +172,9 @@ tRun FileWorld::Run(const Judge& judge)
     tRun run;
     run.process = Supervise({m_sHere, m_sOther, sTrash}, work, plain);
     std::istringstream said(run.process.sSaid);
-    std::string sPath;
-    std::string sReason;
-    std::getline(said, sPath, '\0');
-    run.outcome.nFilesDone = sPath.empty() ? 0 : std::stoul(sPath);
-    std::getline(said, sPath, '\0');
-    run.outcome.bCancelled = sPath == "1";
-    while (std::getline(said, sPath, '\0') && std::getline(said, sReason, '\0')) {
-        run.outcome.notDone.push_back({sPath, sReason});
+    said >> run.nDone >> run.bCancelled >> std::ws;
+    for (std::string sPath, sReason; std::getline(said, sPath) && std::getline(said, sReason);) {
+        run.reasons[sPath] = sReason;
     }
     return run;
 }
@@ -242,33 +230,23 @@ bool FileWorld::IsDone(const std::string& sName) const
     };
     const bool bTrash = scenario.wFunc == platform::FO_DELETE;
     const std::string sWanted = (bTrash ? sFrom : sTo) + '/' + sName;
-    bool bThere = false;
-    std::string sThere;
     const auto found = Find();
-    for (const tFound& each : found) {
-        if (each.sHome == sWanted && (each.sPath != sWanted) == bTrash && isMeant(each.sContent)) {
-            sThere = each.sContent;
-            bThere = true;
-        }
-    }
-    return bThere && (scenario.wFunc == platform::FO_COPY ||
-                      std::none_of(found.begin(), found.end(), [&](const auto& each) {
-                          return each.sPath == sFrom + '/' + sName && each.sContent == sThere;
-                      }));
+    return std::any_of(found.begin(), found.end(), [&](const tFound& there) {
+        const auto isSource = [&](const tFound& each) {
+            return each.sPath == sFrom + '/' + sName && each.sContent == there.sContent;
+        };
+        return there.sHome == sWanted && (there.sPath != sWanted) == bTrash && isMeant(there.sContent) &&
+               (scenario.wFunc == platform::FO_COPY || std::none_of(found.begin(), found.end(), isSource));
+    });
 }
 
 std::string FileWorld::PrivateState() const
 {
     std::ostringstream state;
-    std::set<std::string> paths{sPrivate};
-    for (const auto& each : fs::directory_iterator(sPrivate)) {
-        paths.insert(each.path().string());
-    }
-    for (const std::string& sPath : paths) {
+    for (const char* pName : {"", "/a", "/b"}) {
         struct stat status{};
-        lstat(sPath.c_str(), &status);
-        state << sPath << ' ' << status.st_ino << ' ' << status.st_ctim.tv_sec << '.'
-              << status.st_ctim.tv_nsec << '\n';
+        lstat((sPrivate + pName).c_str(), &status);
+        state << status.st_ino << ' ' << status.st_ctim.tv_sec << '.' << status.st_ctim.tv_nsec << '\n';
     }
     return state.str();
 }
@@ -323,20 +301,19 @@ std::string FileWorld::Wrong(const tRun& run) const
     }
     std::size_t nDone = 0;
     for (const std::string& sName : Names()) {
-        const std::string sReason = run.ReasonFor(sFrom + '/' + sName);
+        const auto reason = run.reasons.find(sFrom + '/' + sName);
+        const std::string sReason = reason == run.reasons.end() ? "" : reason->second;
+        const bool bBefore = doneAnyway.contains(sName);
         const bool bDone = IsDone(sName);
-        nDone += bDone || doneAnyway.contains(sName) ? 1U : 0U;
-        look(sReason.empty() && !run.outcome.bCancelled && !bDone && !doneAnyway.contains(sName),
-             "claims " + sName);
-        look(bDone && !doneAnyway.contains(sName) && !sReason.empty() &&
-                 sReason.find("trash") == std::string::npos && sReason.find("copied") == std::string::npos &&
-                 sReason.find("moved, but") == std::string::npos,
+        nDone += bDone || bBefore ? 1U : 0U;
+        look(sReason.empty() && !run.bCancelled && !bDone && !bBefore, "claims " + sName);
+        look(bDone && !bBefore && !sReason.empty() && sReason.find("trash") == sReason.npos &&
+                 sReason.find("copied") == sReason.npos && sReason.find("moved, but") == sReason.npos,
              sName + " done but denied: " + sReason);
-        look(!sReason.empty() && (!sReason.ends_with('.') || sReason.find('/') != std::string::npos),
+        look(!sReason.empty() && (!sReason.ends_with('.') || sReason.find('/') != sReason.npos),
              "no sentence: " + sReason);
     }
-    look(run.outcome.nFilesDone > nDone,
-         "claims " + std::to_string(run.outcome.nFilesDone) + " of " + std::to_string(nDone));
+    look(run.nDone > nDone, "claims " + std::to_string(run.nDone) + " of " + std::to_string(nDone));
     return sWrong;
 }
 

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "OperationDialogs.h"
 #include "Supervisor.h"
 
-#include <cctype>
-#include <gtest/gtest.h>
+#include <map>
 #include <set>
 
 /// Two volumes with files on which an operation is carried out while something else happens, and what must
@@ -15,16 +13,14 @@ namespace support {
 
 /// An operation on file a of folder `from`, or on a and b to the trash.
 struct tScenario {
-    const char* pName;
+    const char* pName; ///< as it stands in the names of tests
     unsigned wFunc;
     bool bFromOther = false; ///< the files are on the other volume, which has no trash
     bool bToOther = false;
     bool bReplace = false; ///< an a stands at the destination
-    bool bPlain =
-        false; ///< the file systems neither rename without replacing nor copy, and know no nameless files
+    bool bPlain = false;   ///< the file systems rename only plainly, copy nothing, know no nameless files
 };
 
-/// A file of the world.
 struct tFound {
     std::string sPath;
     std::string sHome; ///< see HomeOf
@@ -37,9 +33,10 @@ std::string HomeOf(const std::string& sPath);
 /// One operation that has come to an end, or did not.
 struct tRun {
     tSupervised process;
-    desktop::tOperationOutcome outcome;
+    std::size_t nDone = 0;
+    bool bCancelled = false;
+    std::map<std::string, std::string> reasons; ///< by the path of what was not done
     [[nodiscard]] bool Ended() const { return !process.sSaid.empty(); }
-    [[nodiscard]] std::string ReasonFor(const std::string& sPath) const;
 };
 
 class FileWorld
@@ -80,6 +77,9 @@ public:
     /// The content that a file gets; what it is found by. The file's name is to be the last word of `sText`.
     static std::string Content(const std::string& sText);
 
+    /// The content is to be there at the end.
+    const std::string& Know(const std::string& sContent);
+
     /// The time that files get at first.
     static bool SetOldTime(const std::string& sPath);
 
@@ -99,13 +99,5 @@ private:
     std::string m_sPrivateBefore;
     bool m_bNext = false;
 };
-
-/// For tests with one of them as their parameter.
-inline std::string NameOfScenario(const ::testing::TestParamInfo<tScenario>& test)
-{
-    std::string sName = test.param.pName;
-    std::erase_if(sName, [](char c) { return std::isalpha(c) == 0; });
-    return sName;
-}
 
 } // namespace support

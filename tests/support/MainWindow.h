@@ -15,6 +15,7 @@ protected:
         platform::UseSystem(desktop.System());
         search::UseForms(main, dialogs::theProgressForm());
         dialogs::UseMainForm(main);
+        main.lvFiles.ObserveRows(&desktop);
         main.form.Show();
         Size(8085, 5490);
         desktop.sWindows.clear();

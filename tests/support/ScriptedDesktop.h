@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Form.h"
+#include "ListView.h"
 #include "Menu.h"
 #include "ScriptedFiles.h"
 #include "System.h"
@@ -13,6 +14,7 @@ namespace support {
 /// All that the windows meet but their event loop, with answers of the test's. Requests are lines of `sLog`,
 /// NULs as "0"; what is asked of windows, and what messages say, is in `sWindows`, each behind a "; ".
 class ScriptedDesktop final : public platform::Control, // the folder dialog
+                              public platform::ListViewObserver,
                               public platform::Screen,
                               public platform::MessageBoxes,
                               public platform::WindowManager,
@@ -26,7 +28,8 @@ class ScriptedDesktop final : public platform::Control, // the folder dialog
 public:
     ScriptedFiles files; ///< what is on the disk
     std::string sLog, sWindows;
-    std::function<void()> onMenu = [] {}; ///< what the user does in a pop-up menu
+    std::function<void()> onMenu = [] {};            ///< what the user does in a pop-up menu
+    std::optional<std::size_t> rowAtMouse, rowShown; ///< of the list that is observed
 
     // The Add Folder window.
     std::function<void()> whileBrowsing = [] {}; ///< runs in the place of the dialog's event loop
@@ -56,6 +59,15 @@ public:
 
 private:
     using WindowHandle = platform::WindowHandle;
+
+    void RowAdded(std::size_t) override {}
+    void RowChanged(std::size_t) override {}
+    void RowRemoved(std::size_t) override {}
+    void RowsCleared() override {}
+    void RowsSorted() override {}
+    void SelectionChanged() override {}
+    void ShowRow(std::size_t nRow) override { rowShown = nRow; }
+    std::optional<std::size_t> RowAt(float, float) override { return rowAtMouse; }
 
     void SetMousePointer(platform::MousePointer) override {}
     void Show(std::string_view sText, platform::MessageIcon) override

@@ -138,8 +138,8 @@ private:
 
         void ReadFirst(std::vector<std::uint32_t> entries) override
         {
-            m_first.insert(entries.begin(), entries.end());
             for (const std::uint32_t n : entries) {
+                m_first.insert(n);
                 Read(n, false);
             }
         }
@@ -159,12 +159,9 @@ private:
             const auto h = m_files.CreateFileA(sPath);
             std::vector<std::uint8_t> bytes(static_cast<std::size_t>(file.nBytes) + 1);
             if (h != platform::INVALID_HANDLE_VALUE) {
-                const auto result = m_files.ReadFile(h, bytes.data(), bytes.size() - 1);
-                std::fill(bytes.begin() + static_cast<std::ptrdiff_t>(result.nBytes), bytes.end(),
-                          std::uint8_t{0});
-                if (result.bRead) {
-                    nSum = m_toRead.sumOf(bytes.data(), bytes.size() - 1);
-                }
+                const auto [bRead, nRead] = m_files.ReadFile(h, bytes.data(), bytes.size() - 1);
+                std::fill(bytes.begin() + static_cast<std::ptrdiff_t>(nRead), bytes.end(), std::uint8_t{0});
+                nSum = bRead ? std::optional(m_toRead.sumOf(bytes.data(), bytes.size() - 1)) : std::nullopt;
                 m_files.CloseHandle(h);
             }
         }

@@ -6,7 +6,6 @@
 
 #include <functional>
 #include <map>
-#include <optional>
 #include <utility>
 
 namespace support {
@@ -26,11 +25,10 @@ public:
         onConfirm();
         return consent;
     }
-    bool AskRoom(const desktop::tOperation&, const desktop::tRoom& asked) override
+    bool AskRoom(const desktop::tOperation&, const desktop::tRoom&) override
     {
-        shown.push_back("AskRoom");
-        room = asked;
-        return bConfirm;
+        shown.emplace_back("AskRoom");
+        return true;
     }
     desktop::tReplaceAnswer AskReplace(const desktop::tFileFacts& source, const desktop::tFileFacts& target,
                                        bool bIdentical) override
@@ -49,14 +47,11 @@ public:
         shown.push_back("Finished " + std::to_string(operation.nFiles) + " and " +
                         std::to_string(operation.nMissing));
         outcome = result;
-        return std::exchange(bAfterAll, false);
+        return false;
     }
 
     desktop::Consent consent = desktop::Consent::All;
-    bool bConfirm = true;   ///< a move or copy without the room for all of it
-    bool bAfterAll = false; ///< what was spared goes to the trash after all, once
     desktop::tConfirmation confirmation;
-    desktop::tRoom room;
     std::function<void()> onConfirm = [] {};
     desktop::tReplaceAnswer answer;
     std::function<bool(const desktop::tOperationProgress&)> onProgress;

@@ -21,7 +21,6 @@ namespace support::disk {
 namespace {
 
 std::mutex g_mutex;
-bool g_bArmed = false;
 Call g_call = Call::Open;
 std::string g_sName;
 std::function<void()> g_act;
@@ -50,7 +49,7 @@ void Before(Call call, std::string_view sName)
 {
     Wait(call, sName);
     std::unique_lock lock(g_mutex);
-    if (!g_bArmed || g_bActing || call != g_call || sName != g_sName) {
+    if (g_bActing || call != g_call || sName != g_sName || !g_act) {
         return;
     }
     const auto act = g_act;
@@ -77,13 +76,11 @@ void Arm(Call call, const std::string& sName, std::function<void()> act)
     g_call = call;
     g_sName = sName;
     g_act = std::move(act);
-    g_bArmed = true;
 }
 
 void Disarm()
 {
-    const std::lock_guard lock(g_mutex);
-    g_bArmed = false;
+    Arm(Call::Open, "", {});
 }
 
 } // namespace support::disk

@@ -5,8 +5,8 @@
 #include <cerrno>
 #include <csignal>
 #include <cstddef>
-#include <cstring>
 #include <fcntl.h>
+#include <gtest/gtest.h>
 #include <linux/filter.h>
 #include <linux/seccomp.h>
 #include <poll.h>
@@ -23,7 +23,6 @@ namespace {
 
 constexpr int kPatience = 5000;                   // milliseconds without any call
 constexpr unsigned long kWakeAtOnce = 0x40082104; // SECCOMP_IOCTL_NOTIF_SET_FLAGS, unknown to older headers
-constexpr auto kAnswer = sizeof(seccomp_notif_resp); // no kernel has made it larger yet
 constexpr std::size_t kLongestReport = 1 << 17;
 
 /// Which arguments of a call say what it acts on: a folder and a name in it, one of them, or an open file.
@@ -122,7 +121,8 @@ std::int64_t Half(const tCall& call, int hMemory)
     const auto process = static_cast<int>(syscall(SYS_pidfd_open, call.nProcess, 0));
     const auto hTo = static_cast<int>(syscall(SYS_pidfd_getfd, process, call.arguments[0], 0));
     std::string sBytes((call.arguments[2] + 1) / 2, '\0');
-    pread(hMemory, sBytes.data(), sBytes.size(), static_cast<off_t>(call.arguments[1]));
+    const ssize_t nRead = pread(hMemory, sBytes.data(), sBytes.size(), static_cast<off_t>(call.arguments[1]));
+    sBytes.resize(nRead < 0 ? 0 : static_cast<std::size_t>(nRead));
     const ssize_t nDone = call.sCall == "write" ? write(hTo, sBytes.data(), sBytes.size())
                                                 : pwrite(hTo, sBytes.data(), sBytes.size(),
                                                          static_cast<off_t>(call.arguments[3]));
@@ -131,8 +131,7 @@ std::int64_t Half(const tCall& call, int hMemory)
     return nDone;
 }
 
-/// Puts the calling process under watch; the descriptor through which its calls are told, -1 if that is
-/// denied.
+/// Puts the calling process under watch; the descriptor by which its calls are told, -1 if that is denied.
 int Watch()
 {
     std::vector<sock_filter> program{BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr))};
@@ -169,7 +168,6 @@ bool Answer(int hListener, int hMemory, const std::vector<std::string>& places, 
     if (ioctl(hListener, SECCOMP_IOCTL_NOTIF_RECV, &notice) != 0) {
         return errno == ENOENT || errno == EINTR;
     }
-    std::array<std::byte, kAnswer> aAnswer{};
     seccomp_notif_resp answer{notice.id, 0, 0, SECCOMP_USER_NOTIF_FLAG_CONTINUE};
     tCall call = Described(notice, hMemory);
     if (Counts(call, places)) {
@@ -181,8 +179,7 @@ bool Answer(int hListener, int hMemory, const std::vector<std::string>& places, 
             answer.val = nError == kShort ? Half(call, hMemory) : 0;
         }
     }
-    std::memcpy(aAnswer.data(), &answer, sizeof answer);
-    ioctl(hListener, SECCOMP_IOCTL_NOTIF_SEND, aAnswer.data()); // fails if it has been killed
+    ioctl(hListener, SECCOMP_IOCTL_NOTIF_SEND, &answer); // fails if it has been killed
     return true;
 }
 
@@ -193,19 +190,17 @@ tSupervised Supervise(const std::vector<std::string>& places, const std::functio
 {
     tSupervised result;
     std::array<int, 2> aSockets{};
-    if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, aSockets.data()) != 0) {
-        result.bPossible = false;
-        return result;
-    }
+    EXPECT_EQ(socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, aSockets.data()), 0);
     // Until it parts with them the child has the same descriptors, so the one that it gets is here, too.
     const auto child = static_cast<pid_t>(syscall(SYS_clone, CLONE_FILES | SIGCHLD, 0, 0, 0, 0));
     if (child == 0) {
         Work(aSockets[1], work);
     }
     int hListener = -1;
-    result.bPossible = recv(aSockets[0], &hListener, sizeof hListener, 0) > 0 && hListener >= 0;
+    const bool bWatched = recv(aSockets[0], &hListener, sizeof hListener, 0) > 0 && hListener >= 0;
+    EXPECT_TRUE(bWatched) << "nobody may watch a process here";
     close(aSockets[1]); // not before: until now the child had it only as ours
-    if (result.bPossible) {
+    if (bWatched) {
         ioctl(hListener, kWakeAtOnce, 1);
         const int hMemory = open(("/proc/" + std::to_string(child) + "/mem").c_str(), O_RDONLY | O_CLOEXEC);
         for (bool bGoesOn = true; bGoesOn;) {

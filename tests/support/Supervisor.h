@@ -29,14 +29,13 @@ using Judge = std::function<int(const tCall& call, std::size_t n)>;
 
 /// How the work ended.
 struct tSupervised {
-    bool bPossible = true; ///< false: the system lets nobody watch
-    bool bHung = false;    ///< ended because nothing happened for seconds
-    int nStatus = 0;       ///< as of waitpid
-    std::string sSaid;     ///< what the work returned; empty if it was killed
+    bool bHung = false; ///< ended because nothing happened for seconds
+    int nStatus = 0;    ///< as of waitpid
+    std::string sSaid;  ///< what the work returned; empty if it was killed
     std::vector<tCall> calls;
 };
 
-/// Does `work` in a process of its own, under the eyes of `judge`.
+/// Does `work` in a process of its own, under the eyes of `judge`. A test fails where nobody may watch.
 tSupervised Supervise(const std::vector<std::string>& places, const std::function<std::string()>& work,
                       const Judge& judge);
 

@@ -42,12 +42,31 @@ public:
     std::string sRoot; ///< canonical, without a trailing separator
 };
 
+/// A home of its own for a test program, so that no test comes near anybody's trash. In memory if possible:
+/// then the temporary folder is another volume, and syncing costs nothing.
+class OwnHome : public TempTree
+{
+public:
+    OwnHome()
+        : TempTree(access("/dev/shm", W_OK | X_OK) == 0 ? "/dev/shm" : std::filesystem::temp_directory_path())
+    {
+        std::filesystem::permissions(sRoot, std::filesystem::perms::all);
+        setenv("HOME", sRoot.c_str(), 1);
+        setenv("XDG_DATA_HOME", (sRoot + "/share").c_str(), 1);
+    }
+};
+
 /// All of a file; empty also if there is none.
 inline std::string Content(const std::string& sPath)
 {
     std::ostringstream content;
     content << std::ifstream(sPath, std::ios::binary).rdbuf();
     return content.str();
+}
+
+inline std::ptrdiff_t OpenDescriptors()
+{
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
 }
 
 /// Acts as an unprivileged user while it lives; this is only in effect where the tests run as root.

@@ -11,12 +11,7 @@ int main(int nArgs, char** aArgs)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     ::testing::InitGoogleTest(&nArgs, aArgs);
-    // A home of their own, so that no test comes near anybody's trash.
-    const support::TempTree home(
-        access("/dev/shm", W_OK | X_OK) == 0 ? "/dev/shm" : std::filesystem::temp_directory_path());
-    std::filesystem::permissions(home.sRoot, std::filesystem::perms::all);
-    qputenv("HOME", home.sRoot.c_str());
-    qputenv("XDG_DATA_HOME", (home.sRoot + "/share").c_str());
+    const support::OwnHome home;
     const QApplication application(nArgs, aArgs);
     QApplication::setQuitOnLastWindowClosed(false);
     return RUN_ALL_TESTS();

@@ -42,7 +42,7 @@ const std::vector<int>& ErrorsOf(const tCall& call)
                                                                        : naming;
 }
 
-class FaultSweep : public Watched
+class FaultSweep : public WatchedEach
 {
 protected:
     /// One run with a fault; what is wrong afterwards, empty if nothing.
@@ -62,7 +62,7 @@ protected:
             return bCan && (bNow || (fault.bStays && n > fault.nAt)) ? fault.nError : 0;
         });
         calls = run.process.calls;
-        nDone = run.outcome.nFilesDone;
+        nDone = run.nDone;
         if (fault.nSignal != 0) {
             const std::string sLost = world.Lost();
             world.RunNext();
@@ -70,10 +70,10 @@ protected:
         }
         std::string sWrong = world.Wrong(run);
         std::string sReasons;
-        for (const auto& each : run.outcome.notDone) {
-            sReasons += each.sReason;
+        for (const auto& [sPath, sReason] : run.reasons) {
+            sReasons += sReason;
         }
-        if (!fault.bStays && sReasons.find("hidden") == std::string::npos && !world.LeftBehind().empty()) {
+        if (!fault.bStays && sReasons.find("hidden") == sReasons.npos && !world.LeftBehind().empty()) {
             world.RunNext();
             sWrong += world.LeftBehind();
         }
@@ -101,13 +101,12 @@ TEST_P(FaultSweep, LosesNothingAndClaimsNothing)
                    (sPath.ends_with('/') ? call.sPath.starts_with(sPath) : call.sPath == sPath);
         });
     };
-    const bool bMoves = scenario.wFunc == platform::FO_MOVE;
-    if (!scenario.bPlain &&
-        (scenario.wFunc == platform::FO_COPY || scenario.bFromOther || scenario.bToOther)) {
+    const bool bMoves = scenario.wFunc == FO_MOVE;
+    const bool bCopies = scenario.wFunc == FO_COPY || scenario.bFromOther || scenario.bToOther;
+    if (bCopies && !scenario.bPlain) {
         EXPECT_LT(first("fsync", world.sTo + '/'), first("linkat", world.sTo + "/a"));
         EXPECT_LE(first("sync", world.sTo), bMoves ? first("", world.sFrom + '/') : all.end());
     }
-    std::size_t nRuns = 0;
     std::map<std::string, std::pair<std::size_t, std::string>> wrong; ///< by the fault: how often, the first
     for (std::size_t n = 1; n <= all.size(); ++n) {
         std::vector<tFault> possible{{n, 0, false, SIGKILL}, {n, 0, false, SIGTERM}, {n, 0, false, 0, true}};
@@ -119,24 +118,22 @@ TEST_P(FaultSweep, LosesNothingAndClaimsNothing)
             possible.push_back({n, EIO, true});
         }
         for (const tFault& fault : possible) {
-            ++nRuns;
             const std::string sWrong = Try(fault);
-            auto& [nTimes, sFirst] = wrong[fault.nSignal != 0 ? strsignal(fault.nSignal)
-                                           : fault.bCancel    ? "the user cancels"
-                                                              : "error " + std::to_string(fault.nError) +
-                                                                 (fault.bStays ? " from then on" : "")];
+            const std::string sFault = fault.nSignal != 0 ? strsignal(fault.nSignal)
+                                       : fault.bCancel    ? "the user cancels"
+                                                          : "error " + std::to_string(fault.nError) +
+                                                             (fault.bStays ? " from then on" : "");
+            auto& [nTimes, sFirst] = wrong[sFault];
             if (!sWrong.empty() && nTimes++ == 0) {
-                sFirst =
-                    std::to_string(n) + " (" + all[n - 1].sCall + ' ' + all[n - 1].sPath + "): " + sWrong;
+                sFirst = std::to_string(n) + ' ' + all[n - 1].sCall + ' ' + all[n - 1].sPath + ": " + sWrong;
             }
         }
     }
     for (const auto& [sFault, found] : wrong) {
         EXPECT_EQ(found.first, 0U) << scenario.pName << ", " << sFault << ", first at call " << found.second;
     }
-    std::cout << scenario.pName << ": " << nRuns << " runs, " << all.size() << " calls\n";
 }
 
-INSTANTIATE_TEST_SUITE_P(, FaultSweep, kScenarios, support::NameOfScenario);
+INSTANTIATE_TEST_SUITE_P(, FaultSweep, ::testing::ValuesIn(kScenarios), NameOf);
 
 } // namespace

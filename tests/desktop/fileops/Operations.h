@@ -10,19 +10,20 @@
 
 #include <cstdlib>
 #include <fcntl.h>
-#include <set>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace fileops_test {
 
+using platform::FO_COPY;
+using platform::FO_DELETE;
+using platform::FO_MOVE;
 using support::Choice;
 using support::Content;
 using support::TempTree;
 using support::Unprivileged;
 namespace fs = std::filesystem;
 
-using Reasons = std::map<std::string, std::string>;
+using Reasons = std::map<std::string, std::string>; ///< by the name of the file
 using Bin = std::multiset<std::pair<std::string, std::string>>;
 
 inline auto StatusOf(const std::string& sPath)
@@ -30,16 +31,15 @@ inline auto StatusOf(const std::string& sPath)
     return desktop::LookAt(sPath).status;
 }
 
-/// Runs a command of the shell.
 inline bool Shell(const std::string& sCommand)
 {
     return std::system((sCommand + " >/dev/null 2>&1").c_str()) == 0;
 }
 
 /// The files directly in a folder and what is in them; none if there is no folder.
-inline std::map<std::string, std::string> Contents(const std::string& sFolder)
+inline Reasons Contents(const std::string& sFolder)
 {
-    std::map<std::string, std::string> contents;
+    Reasons contents;
     std::error_code error;
     for (const auto& entry : fs::directory_iterator(sFolder, error)) {
         if (entry.is_regular_file()) {
@@ -53,12 +53,6 @@ inline std::map<std::string, std::string> Contents(const std::string& sFolder)
 inline std::string Home()
 {
     return std::getenv("HOME");
-}
-
-/// A folder on another volume, if there is one.
-inline std::string OtherVolume()
-{
-    return std::getenv("OTHER_VOLUME");
 }
 
 inline std::string HomeTrash()
@@ -89,8 +83,7 @@ protected:
         fs::permissions(tree.sRoot, fs::perms::all);
     }
 
-    /// Carries out one operation; the reasons given by the names of the files. What the user is shown adds
-    /// up.
+    /// Carries out one operation; the reasons given by the names of the files. What is shown adds up.
     Reasons Run(unsigned wFunc, const std::vector<std::string>& paths, const std::string& sFolder = "")
     {
         user.outcome = {};
@@ -110,21 +103,30 @@ protected:
     support::ScriptedOperations user;
 };
 
-/// Operations whose calls are watched, each on files of its own.
-class Watched : public ::testing::TestWithParam<support::tScenario>
+/// Operations whose calls are watched, on files of their own.
+class Watched : public ::testing::Test
 {
 protected:
     TempTree tree{Home()};
-    TempTree other{OtherVolume()};
+    TempTree other{std::getenv("OTHER_VOLUME")};
     support::FileWorld world{tree.sRoot, other.sRoot, HomeTrash()};
 };
 
-inline const auto kScenarios = ::testing::Values(
-    support::tScenario{"delete", platform::FO_DELETE}, support::tScenario{"move", platform::FO_MOVE},
-    support::tScenario{"move replacing", platform::FO_MOVE, false, false, true},
-    support::tScenario{"move to another volume", platform::FO_MOVE, false, true},
-    support::tScenario{"move to another volume plainly", platform::FO_MOVE, false, true, false, true},
-    support::tScenario{"move from another volume replacing", platform::FO_MOVE, true, false, true},
-    support::tScenario{"copy replacing", platform::FO_COPY, false, false, true});
+struct WatchedEach : Watched, ::testing::WithParamInterface<support::tScenario> {
+};
+
+inline constexpr support::tScenario kScenarios[] = {
+    {"Delete", FO_DELETE},
+    {"Move", FO_MOVE},
+    {"MoveReplacing", FO_MOVE, false, false, true},
+    {"MoveToAnotherVolume", FO_MOVE, false, true},
+    {"MoveToAnotherVolumePlainly", FO_MOVE, false, true, false, true},
+    {"MoveFromAnotherVolumeReplacing", FO_MOVE, true, false, true},
+    {"CopyReplacing", FO_COPY, false, false, true}};
+
+inline std::string NameOf(const ::testing::TestParamInfo<support::tScenario>& test)
+{
+    return test.param.pName;
+}
 
 } // namespace fileops_test

@@ -6,12 +6,11 @@
 #include <memory>
 #include <new>
 #include <sys/xattr.h>
+#include <tuple>
 
 namespace {
 
 using namespace fileops_test;
-using platform::FO_COPY;
-using platform::FO_MOVE;
 
 using Transfer = Operations;
 
@@ -42,16 +41,16 @@ const std::string kList("\2\0\0\0"
 
 TEST_F(Transfer, KeepsAllThatAFileIs)
 {
-    const std::string names[] = {"plain",  "\xFF odd\n", std::string(255, 'n'), "big", "empty",
-                                 "listed", "sparse"};
+    const std::map<std::string, std::size_t> lengths{
+        {"plain", 5},  {"\xFF odd\n", 5}, {std::string(255, 'n'), 5}, {"big", 9'000'000}, {"empty", 0},
+        {"listed", 5}, {"sparse", 5}};
     for (const unsigned wFunc : {FO_COPY, FO_MOVE}) {
         for (std::string sTo : {Folder("to"), other.sRoot}) {
             sTo += '/' + std::to_string(wFunc);
             fs::create_directory(sTo);
             std::vector<std::string> paths;
-            std::vector<std::string> before;
-            for (const auto& sName : names) {
-                const std::size_t nLength = sName == "big" ? 9'000'000 : sName == "empty" ? 0 : 5;
+            Reasons before;
+            for (const auto& [sName, nLength] : lengths) {
                 paths.push_back(tree.File("from/" + sName, std::string(nLength, 'x')));
                 const char* pPath = paths.back().c_str();
                 if (sName == "sparse") {
@@ -66,14 +65,14 @@ TEST_F(Transfer, KeepsAllThatAFileIs)
                 }
                 EXPECT_EQ(geteuid() == 0 ? chown(pPath, 12, 34) : 0, 0);
                 EXPECT_EQ(utimensat(AT_FDCWD, pPath, times, 0), 0);
-                before.push_back(Everything(pPath));
+                before[sName] = Everything(pPath);
             }
             // What a folder bequeaths lets nobody in.
             EXPECT_EQ(setxattr(sTo.c_str(), "system.posix_acl_default", kList.data(), kList.size(), 0), 0);
             EXPECT_EQ(Run(wFunc, paths, sTo), Reasons());
-            for (std::size_t n = 0; n < paths.size(); ++n) {
-                EXPECT_TRUE(Everything(sTo + '/' + names[n]) == before[n]) << names[n];
-                EXPECT_EQ(fs::exists(paths[n]), wFunc == FO_COPY) << names[n];
+            for (const auto& [sName, sBefore] : before) {
+                EXPECT_TRUE(Everything(sTo + '/' + sName) == sBefore) << sName;
+                EXPECT_EQ(fs::exists(tree.sRoot + "/from/" + sName), wFunc == FO_COPY) << sName;
             }
             EXPECT_EQ(Contents(sTo).size(), paths.size());
         }
@@ -83,16 +82,13 @@ TEST_F(Transfer, KeepsAllThatAFileIs)
 
 TEST_F(Transfer, ReplacesOnlyWhatItMayAndThatGoesToTheTrash)
 {
-    const struct {
-        desktop::tReplaceAnswer answer;
-        std::size_t nQuestions;
-        std::size_t nDone;
-    } cases[] = {{{Choice::Skip, false}, 3, 1},
-                 {{Choice::Skip, true}, 1, 1},
-                 {{Choice::Replace, false}, 3, 4},
-                 {{Choice::Replace, true}, 1, 4},
-                 {{Choice::Cancel, false}, 1, 0}};
-    for (const auto& c : cases) {
+    const std::tuple<desktop::tReplaceAnswer, std::size_t, std::size_t> cases[] = {
+        {{Choice::Skip, false}, 3, 1},
+        {{Choice::Skip, true}, 1, 1},
+        {{Choice::Replace, false}, 3, 4},
+        {{Choice::Replace, true}, 1, 4},
+        {{Choice::Cancel, false}, 1, 0}};
+    for (const auto& [answer, nQuestions, nDone] : cases) {
         fs::remove_all(HomeTrash());
         fs::remove_all(tree.sRoot + "/to");
         std::vector<std::string> paths;
@@ -102,14 +98,14 @@ TEST_F(Transfer, ReplacesOnlyWhatItMayAndThatGoesToTheTrash)
         const std::string sA = tree.File("to/a", "old a");
         const std::string sB = tree.File("to/b", "old b");
         user.questions.clear();
-        user.answer = c.answer;
+        user.answer = answer;
         EXPECT_EQ(Run(FO_MOVE, paths, tree.sRoot + "/to"), Reasons());
-        EXPECT_EQ(user.questions.size(), c.nQuestions);
-        EXPECT_EQ(user.outcome.nFilesDone, c.nDone);
-        EXPECT_EQ(user.outcome.bCancelled, c.answer.choice == Choice::Cancel);
-        EXPECT_EQ(Content(sA), c.nDone == 4 ? "new" : "old a");
+        EXPECT_EQ(user.questions.size(), nQuestions);
+        EXPECT_EQ(user.outcome.nFilesDone, nDone);
+        EXPECT_EQ(user.outcome.bCancelled, answer.choice == Choice::Cancel);
+        EXPECT_EQ(Content(sA), nDone == 4 ? "new" : "old a");
         EXPECT_EQ(Restorable(),
-                  c.nDone == 4 ? (Bin{{sA, "old a"}, {sB, "old b"}, {tree.sRoot + "/to/c", "new"}}) : Bin());
+                  nDone == 4 ? (Bin{{sA, "old a"}, {sB, "old b"}, {tree.sRoot + "/to/c", "new"}}) : Bin());
         const auto& [source, target] = user.questions.at(0);
         EXPECT_EQ(source.sPath + target.sPath, paths[0] + sA);
         EXPECT_EQ(source.cySize * 10 + target.cySize, 35);
@@ -131,7 +127,8 @@ TEST_F(Transfer, NamesWhatStandsInTheWay)
     EXPECT_TRUE(fs::exists(sTo + "/fine") && fs::is_symlink(sTo + "/link"));
 
     fs::create_directories(HomeTrash() + "/files");
-    fs::permissions(Folder("locked"), fs::perms(0555));
+    const std::string sIn = tree.File("locked/in");
+    fs::permissions(tree.sRoot + "/locked", fs::perms(0555));
     fs::permissions(tree.File("fine", "x"), fs::perms(0000));
     Folder("sub");
     fs::create_directory_symlink(".", tree.sRoot + "/route");
@@ -139,25 +136,25 @@ TEST_F(Transfer, NamesWhatStandsInTheWay)
     const Unprivileged anybody;
     const std::string sTwice = "It is in that folder already, as one file with two names.";
     const auto why = [&](unsigned wFunc, const std::string& sFolder) {
-        return Run(wFunc, {sFine}, sFolder)["fine"];
+        return Run(wFunc, {sFine}, tree.sRoot + sFolder)["fine"];
     };
-    EXPECT_EQ(why(FO_MOVE, tree.sRoot + "/nowhere"), "The destination folder is no longer there.");
-    EXPECT_EQ(why(FO_MOVE, tree.sRoot + "/link"), "The destination is not a folder.");
-    EXPECT_EQ(why(FO_MOVE, tree.sRoot + "/locked"),
-              "You are not permitted to change the destination folder.");
-    EXPECT_EQ(why(FO_MOVE, HomeTrash() + "/files"), "The destination is inside the trash.");
-    EXPECT_EQ(why(FO_COPY, tree.sRoot), "It is in that folder already.");
-    EXPECT_EQ(why(FO_MOVE, tree.sRoot + "/route"),
-              "One of the folders on the way to the destination has become a link.");
-    EXPECT_EQ(why(FO_COPY, tree.sRoot + "/twice"), sTwice);
-    EXPECT_EQ(why(FO_MOVE, tree.sRoot + "/twice"), sTwice);
-    EXPECT_EQ(why(FO_COPY, tree.sRoot + "/sub"), "You are not permitted to read it.");
-    EXPECT_EQ(Contents(tree.sRoot + "/sub"), Reasons());
+    EXPECT_EQ(why(FO_MOVE, "/nowhere"), "The destination folder is no longer there.");
+    EXPECT_EQ(why(FO_MOVE, "/link"), "The destination is not a folder.");
+    EXPECT_EQ(why(FO_MOVE, "/locked"), "You are not permitted to change the destination folder.");
+    EXPECT_EQ(why(FO_MOVE, "/../share/Trash/files"), "The destination is inside the trash.");
+    EXPECT_EQ(why(FO_COPY, ""), "It is in that folder already.");
+    EXPECT_EQ(why(FO_MOVE, "/route"), "One of the folders on the way to the destination has become a link.");
+    EXPECT_EQ(why(FO_COPY, "/twice"), sTwice);
+    EXPECT_EQ(why(FO_MOVE, "/twice"), sTwice);
+    EXPECT_EQ(why(FO_COPY, "/sub"), "You are not permitted to read it.");
+    EXPECT_EQ(Run(FO_DELETE, {sIn}),
+              (Reasons{{"in", "You are not permitted to remove it from its folder."}}));
+    EXPECT_TRUE(fs::exists(sIn) && Contents(tree.sRoot + "/sub").empty());
     EXPECT_EQ(StatusOf(sFine).st_nlink, 2U);
     EXPECT_EQ(user.questions.size(), 0U);
 }
 
-TEST_F(Transfer, BeginsNoMoveToAnotherVolumeThatCannotEnd)
+TEST_F(Transfer, KeepsToWhatTheUserMay)
 {
     if (geteuid() != 0) {
         GTEST_SKIP() << "needs root to make files of somebody else";
@@ -180,26 +177,17 @@ TEST_F(Transfer, BeginsNoMoveToAnotherVolumeThatCannotEnd)
     EXPECT_EQ(Contents(sSlot), (Reasons{{"own", "x"}, {"theirs", "x"}}));
     EXPECT_EQ(StatusOf(sSlot + "/theirs").st_mode & 07777, 0755U); // no rights that are not the user's
     EXPECT_TRUE(!fs::exists(sOwn) && Contents(other.sRoot).empty());
-}
 
-TEST_F(Transfer, LetsNobodyInWhoCouldNotUseTheOriginal)
-{
-    if (geteuid() != 0) {
-        GTEST_SKIP() << "needs root to make files of somebody else";
-    }
-    const struct {
-        const char* pName;
-        mode_t mode, copy;
-        bool bTold;
-    } cases[] = {{"same", 0644, 0644, false}, {"group", 0664, 0644, true}, {"others", 0606, 0600, true}};
-    fs::permissions(other.sRoot, fs::perms::all);
-    for (const auto& each : cases) {
-        const std::string sPath = tree.File(each.pName, "x");
-        ASSERT_TRUE(chown(sPath.c_str(), 65534, 12345) == 0 && chmod(sPath.c_str(), each.mode) == 0);
+    // A copy lets nobody in who could not use the original.
+    const std::tuple<const char*, mode_t, mode_t, bool> cases[] = {
+        {"same", 0644, 0644, false}, {"group", 0664, 0644, true}, {"others", 0606, 0600, true}};
+    for (const auto& [pName, mode, copy, bTold] : cases) {
+        const std::string sPath = tree.File(pName, "x");
+        ASSERT_TRUE(chown(sPath.c_str(), 65534, 12345) == 0 && chmod(sPath.c_str(), mode) == 0);
         const Unprivileged anybody; // who is none of the group
         EXPECT_EQ(Run(FO_COPY, {sPath}, other.sRoot), Reasons());
-        EXPECT_EQ(StatusOf(other.sRoot + '/' + each.pName).st_mode & 07777, each.copy) << each.pName;
-        EXPECT_EQ(user.outcome.remarks.size(), each.bTold ? 1U : 0U) << each.pName;
+        EXPECT_EQ(StatusOf(other.sRoot + '/' + pName).st_mode & 07777, copy) << pName;
+        EXPECT_EQ(user.outcome.remarks.size(), bTold ? 1U : 0U) << pName;
     }
 }
 
@@ -225,7 +213,7 @@ TEST_F(Transfer, StopsWithinAFileAndBetweenFiles)
 {
     const std::vector<std::string> paths{tree.File("a"), tree.File("b", std::string(20'000'000, 'b')),
                                          tree.File("c")};
-    for (const unsigned wFunc : {FO_MOVE, platform::FO_DELETE}) {
+    for (const unsigned wFunc : {FO_MOVE, FO_DELETE}) {
         user.onProgress = [&](const auto& progress) {
             return wFunc == FO_MOVE ? progress.cyDone < 10'000'000 : progress.nFilesDone < 1;
         };

@@ -12,19 +12,14 @@
 #include <cstdint>
 #include <fcntl.h>
 #include <future>
-#include <sys/stat.h>
 #include <thread>
+#include <tuple>
 
 namespace {
 
 namespace fs = std::filesystem;
 namespace disk = support::disk;
 using support::LiteralSearch;
-
-std::ptrdiff_t OpenDescriptors()
-{
-    return std::distance(fs::directory_iterator("/proc/self/fd"), {});
-}
 
 /// Searches real files by content; nothing of it may be left behind.
 class SearchWorkers : public ::testing::Test
@@ -39,10 +34,15 @@ protected:
 
     void TearDown() override
     {
+        WaitForAll();
+        EXPECT_EQ(support::OpenDescriptors(), m_nBefore);
+    }
+
+    static void WaitForAll()
+    {
         while (desktop::SearchWorkers::Alive() > 0) {
             std::this_thread::yield();
         }
-        EXPECT_EQ(OpenDescriptors(), m_nBefore);
     }
 
     /// How many rows a search of this folder comes to.
@@ -59,7 +59,7 @@ protected:
     desktop::PosixFiles files;
     tEvents events;
     support::ScriptedSearch world;
-    std::ptrdiff_t m_nBefore = OpenDescriptors();
+    std::ptrdiff_t m_nBefore = support::OpenDescriptors();
 };
 
 TEST_F(SearchWorkers, LeaveADiskThatHangsToItself)
@@ -67,12 +67,8 @@ TEST_F(SearchWorkers, LeaveADiskThatHangsToItself)
     for (const char* pFile : {"hangs/deep/x", "hangs/deep/y", "fine/x1", "fine/x2"}) {
         tree.File(pFile, "same");
     }
-    const struct {
-        const char* pWhat;
-        disk::Call call;
-        const char* pName;
-        std::size_t nFiles; ///< how many the search knows of by then
-    } cases[] = {
+    const std::tuple<const char*, disk::Call, const char*, std::size_t> cases[] = {
+        // At the end how many files the search knows of by then.
         {"opening the folder to be searched", disk::Call::Open, "hangs", 0},
         {"listing it", disk::Call::List, "hangs", 0},
         {"listing a folder below", disk::Call::List, "deep", 0},
@@ -103,9 +99,7 @@ TEST_F(SearchWorkers, LeaveADiskThatHangsToItself)
         disk::Disarm();
         released.set_value();
         EXPECT_EQ(Search(tree.sRoot + "/hangs"), 2U);
-        while (desktop::SearchWorkers::Alive() > 0) { // they use what goes with this case
-            std::this_thread::yield();
-        }
+        WaitForAll(); // they use what goes with this case
     }
 }
 
@@ -131,66 +125,49 @@ std::string Outcome(const std::vector<std::string>& rows, const std::vector<Lite
 
 TEST_F(SearchWorkers, MeetWhatOthersDoMeanwhileAsTheComparisonAloneDoes)
 {
-    const struct {
-        const char* pWhat;
-        disk::Call call;
-        const char* pName;
-        void (*change)(const fs::path& folder, const fs::path& file);
-    } cases[] = {
-        {"vanishes", disk::Call::Open, "b", [](const fs::path&, const fs::path& file) { fs::remove(file); }},
-        {"vanishes open", disk::Call::Read, "b",
-         [](const fs::path&, const fs::path& file) { fs::remove(file); }},
-        {"shrinks", disk::Call::Open, "b",
-         [](const fs::path&, const fs::path& file) { fs::resize_file(file, 2); }},
-        {"shrinks open", disk::Call::Read, "b",
-         [](const fs::path&, const fs::path& file) { fs::resize_file(file, 2); }},
-        {"grows", disk::Call::Open, "b",
-         [](const fs::path&, const fs::path& file) { fs::resize_file(file, 9'999); }},
-        {"is a FIFO", disk::Call::Open, "b",
-         [](const fs::path&, const fs::path& file) { fs::remove(file), mkfifo(file.c_str(), 0666); }},
-        {"is a folder", disk::Call::Open, "b",
-         [](const fs::path&, const fs::path& file) { fs::remove(file), fs::create_directory(file); }},
-        {"is a link", disk::Call::Open, "b",
-         [](const fs::path&, const fs::path& file) { fs::remove(file), fs::create_symlink("a", file); }},
-        {"is another file", disk::Call::Open, "b",
-         [](const fs::path& folder, const fs::path& file) { fs::rename(folder / "other", file); }},
-        {"its folder has gone", disk::Call::Open, "b",
-         [](const fs::path& folder, const fs::path&) { fs::remove_all(folder); }},
+    const std::tuple<const char*, disk::Call, const char*, const char*> cases[] = {
+        {"vanishes", disk::Call::Open, "b", "rm d/b"},
+        {"vanishes open", disk::Call::Read, "b", "rm d/b"},
+        {"shrinks", disk::Call::Open, "b", "truncate -s 2 d/b"},
+        {"shrinks open", disk::Call::Read, "b", "truncate -s 2 d/b"},
+        {"grows", disk::Call::Open, "b", "truncate -s 9999 d/b"},
+        {"is a FIFO", disk::Call::Open, "b", "rm d/b && mkfifo d/b"},
+        {"is a folder", disk::Call::Open, "b", "rm d/b && mkdir d/b"},
+        {"is a link", disk::Call::Open, "b", "ln -sf a d/b"},
+        {"is another file", disk::Call::Open, "b", "mv d/other d/b"},
+        {"its folder has gone", disk::Call::Open, "b", "rm -r d"},
         {"its folder is a link to another", disk::Call::Open, "b",
-         [](const fs::path& folder, const fs::path&) {
-             fs::rename(folder, folder.parent_path() / "e");
-             fs::create_directory(folder.parent_path() / "private");
-             fs::create_symlink("private", folder);
-         }},
-        {"its folder is renamed while it is listed", disk::Call::List, "d",
-         [](const fs::path& folder, const fs::path&) { fs::rename(folder, folder.parent_path() / "e"); }},
-        {"it vanishes while its folder is listed", disk::Call::List, "d",
-         [](const fs::path&, const fs::path& file) { fs::remove(file); }},
+         "mv d e && mkdir private && ln -s private d"},
+        {"its folder is renamed while it is listed", disk::Call::List, "d", "mv d e"},
+        {"it vanishes while its folder is listed", disk::Call::List, "d", "rm d/b"},
     };
     for (const auto& each : cases) {
-        SCOPED_TRACE(each.pWhat);
+        const auto call = std::get<disk::Call>(each);
+        const char* const pName = std::get<2>(each);
+        const char* const pChange = std::get<3>(each); // for the shell
+        SCOPED_TRACE(std::get<0>(each));
         const auto outcome = [&](bool bLiteral) {
             const support::TempTree place;
             for (const char* pFile : {"d/a", "d/b", "d/c", "d/other", "z"}) {
                 place.File(pFile, pFile == std::string("d/other") ? "unlike" : "like it");
             }
-            disk::Arm(each.call, each.pName, [&, done = std::make_shared<std::once_flag>()] {
-                std::call_once(*done, [&] { each.change(place.sRoot + "/d", place.sRoot + "/d/b"); });
-            });
             Search(tree.sRoot); // nothing: the world starts over
+            const std::string sCommand = "cd " + place.sRoot + " && " + pChange;
+            disk::Arm(call, pName, [&, done = std::make_shared<std::once_flag>()] {
+                std::call_once(*done, [&] { EXPECT_EQ(std::system(sCommand.c_str()), 0); });
+            });
+            if (!bLiteral) {
+                Search(place.sRoot);
+            }
             world.lvFolders.ListItems.Clear();
             world.AddFolder(place.sRoot);
-            std::string sOutcome;
-            if (bLiteral) {
-                search::bStopped = false;
-                const LiteralSearch literal(world, search::PairKey::Size);
-                sOutcome = Outcome(literal.rows, literal.table, place.sRoot);
-            } else {
-                Search(place.sRoot);
-                sOutcome = Outcome(world.Rows(), LiteralSearch::TableOfProgram(), place.sRoot);
-            }
+            search::bStopped = !bLiteral;
+            const auto literal =
+                bLiteral ? std::optional<LiteralSearch>(std::in_place, world, search::PairKey::Size)
+                         : std::nullopt;
             disk::Disarm();
-            return sOutcome;
+            return Outcome(literal ? literal->rows : world.Rows(),
+                           literal ? literal->table : LiteralSearch::TableOfProgram(), place.sRoot);
         };
         EXPECT_EQ(outcome(false), outcome(true));
     }

@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: MIT
+
 #include "MainWindow.h"
 #include "mSysTree.h"
+
+#include <limits>
+#include <stdexcept>
+#include <tuple>
 
 namespace {
 
@@ -8,7 +13,6 @@ namespace {
 class Browse : public MainWindow
 {
 protected:
-    /// What the main form's command does.
     void AddFolder(const std::function<void()>& whileOpen)
     {
         desktop.whileBrowsing = [&] {
@@ -59,12 +63,58 @@ TEST_F(Browse, AddsTheSelectedFolderAsOftenAsAsked)
     EXPECT_EQ(main.lvFolders.ListItems(3).SubItems(1), "");
     EXPECT_TRUE(main.form.Enabled());
     EXPECT_EQ(desktop.sWindows, "; front; down Browse for Folder");
-    // The next opening starts anew, but for the list.
-    AddFolder([&] {
-        EXPECT_EQ(dialogs::sSelectedFolder, std::string(1, '\0'));
-        EXPECT_TRUE(form.cmdAdd.Enabled());
-    });
+    AddFolder([&] { EXPECT_TRUE(dialogs::sSelectedFolder[0] == '\0' && form.cmdAdd.Enabled()); }); // anew
     EXPECT_EQ(main.lvFolders.ListItems.Count(), 3U);
+}
+
+using Progress = MainWindow;
+
+int Position(const platform::Form& form)
+{
+    return dynamic_cast<const platform::ProgressWindow&>(*form.Children().at(0)).Position();
+}
+
+TEST_F(Progress, ShowsAValueAsAPercentageOfTheRange)
+{
+    constexpr float fHuge = std::numeric_limits<float>::max();
+    // An empty range, an upside-down one, one that is measured from 0 and not from Min; held at the start and
+    // at the end; 0.5 and 1.5, each to the even number; beyond what is counted with, position -1.
+    const std::tuple<float, float, float, int, float> cases[] = {
+        {0, 1000, 999, 100, 999}, {0, 3, 1, 33, 1},     {0, 0, 5, 5, 0},           {10, 0, 20, 20, -2},
+        {50, 150, 75, 75, 75},    {0, 100, -5, 0, -5},  {0, 10, 25, 100, 25},      {0, 200, 1, 0, 1},
+        {0, 200, 3, 2, 3},        {0, 1, fHuge, -1, 0}, {-fHuge, fHuge, 1, -1, 0}, {0, 1, 3e7F, -1, 0},
+    };
+    for (const auto& [min, max, value, nPosition, valueBack] : cases) {
+        platform::Form form;
+        dialogs::cProgressBar bar;
+        bar.Create(form.hWnd());
+        bar.SetMin(min);
+        bar.SetMax(max);
+        if (nPosition < 0) {
+            EXPECT_THROW(bar.SetValue(value), std::overflow_error) << value;
+            continue;
+        }
+        bar.SetValue(value);
+        EXPECT_EQ(Position(form), nPosition) << value << " of " << max;
+        EXPECT_FLOAT_EQ(bar.Value(), valueBack);
+    }
+}
+
+TEST_F(Progress, IsFreshForEachSearchAndCoversTheRows)
+{
+    auto& progress = dialogs::theProgressForm();
+    for (const float width : {1234.0F, 0.0F}) {
+        main.lvFiles.ColumnHeaders(4).SetWidth(width);
+        progress.Show();
+        EXPECT_EQ(progress.lblStatus.Caption() + progress.lblFolder.Caption() + progress.lblFile.Caption(),
+                  "Initializing...");
+        EXPECT_EQ(Position(progress.form), 0);
+        EXPECT_EQ(main.lvFake.ColumnHeaders(4).Width(), width);
+        progress.lblStatus.SetCaption("left"); // by a search
+        progress.pbProgress().SetValue(50);
+        progress.Unload();
+        EXPECT_TRUE(progress.form.Children().empty()) << "the bar outlived its owner";
+    }
 }
 
 } // namespace
