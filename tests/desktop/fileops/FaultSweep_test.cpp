@@ -73,6 +73,12 @@ protected:
         for (const auto& [sPath, sReason] : run.reasons) {
             sReasons += sReason;
         }
+        for (const std::string& sName : world.Names()) {
+            const bool bUnsaid = GetParam().bReplace && !fault.bStays && !world.IsDone(sName) &&
+                                 !fs::exists(world.sTo + '/' + sName) &&
+                                 sReasons.find("in the trash") == sReasons.npos;
+            sWrong += bUnsaid ? "what was to be replaced has gone unsaid; " : "";
+        }
         if (!fault.bStays && sReasons.find("hidden") == sReasons.npos && !world.LeftBehind().empty()) {
             world.RunNext();
             sWrong += world.LeftBehind();

@@ -4,7 +4,6 @@
 
 #include "Operations.h"
 #include "Supervisor.h"
-#include "Texts.h"
 
 #include <fcntl.h>
 
@@ -13,29 +12,6 @@ namespace {
 using namespace fileops_test;
 
 constexpr const char* kText = "what both hold";
-
-/// A group of two rows, of which one goes and one stays.
-class Pair final : public platform::FileGroups
-{
-public:
-    platform::tFileGroups GroupsOf(std::span<const std::string> /*paths*/) override
-    {
-        platform::tFileGroups groups;
-        const auto shown = [&](const std::string& sFile) -> platform::tShownFile {
-            const std::size_t nName = sFile.rfind('/') + 1;
-            const auto identity = desktop::LookAt(sFile).Identity();
-            return {groups.texts.Add(sFile.substr(0, nName)), groups.texts.Add(sFile.substr(nName)),
-                    groups.texts.Add(platform::FormatNumber(identity.cySize)),
-                    groups.texts.Add(platform::FormatDateTime(desktop::DateOf(identity)))};
-        };
-        groups.files.push_back(platform::tFileGroups::tFile{shown(sGoes), 0});
-        groups.groups.push_back({shown(sStays)});
-        return groups;
-    }
-
-    TempTree tree{Home()};
-    const std::string sGoes = tree.sRoot + "/goes/a", sStays = tree.sRoot + "/stays/a";
-};
 
 /// Waits for nobody who holds a lease: the process watched stands still meanwhile.
 bool Write(const std::string& sPath, int nFlags)
@@ -73,49 +49,49 @@ protected:
     /// Deletes the one file with the first answer, `judge` seeing each call.
     support::tSupervised Delete(const support::Judge& judge)
     {
-        for (const std::string& sFolder :
-             {pair.tree.sRoot + "/goes", pair.tree.sRoot + "/stays", HomeTrash()}) {
+        for (const std::string& sFolder : {tree.sRoot + "/goes", tree.sRoot + "/stays", HomeTrash()}) {
             fs::remove_all(sFolder);
         }
-        pair.tree.File("goes/a", kText);
-        pair.tree.File("stays/a", kText);
+        tree.File("goes/a", kText);
+        tree.File("stays/a", kText);
         usleep(5000); // until the clock that the system stamps files with has moved on
         const auto work = [&] {
             support::ScriptedOperations user;
             user.consent = desktop::Consent::WithCopy;
             desktop::ShellFileOperations operations(user, true);
             operations.UseGroups(pair);
-            operations.SHFileOperationA(support::Request(FO_DELETE, {pair.sGoes}));
+            operations.SHFileOperationA(support::Request(FO_DELETE, {sGoes}));
             return std::to_string(user.outcome.nFilesDone);
         };
-        return support::Supervise({pair.tree.sRoot, Home() + "/share"}, work, judge);
+        return support::Supervise({tree.sRoot, Home() + "/share"}, work, judge);
     }
 
     [[nodiscard]] bool IsLeft() const
     {
-        return Content(pair.sGoes) == kText ||
-               (!fs::is_symlink(pair.sStays) && Content(pair.sStays) == kText);
+        return Content(sGoes) == kText || (!fs::is_symlink(sStays) && Content(sStays) == kText);
     }
 
-    Pair pair;
+    TempTree tree{Home()};
+    OneGroup pair{{tree.sRoot + "/stays/a"}};
+    const std::string sGoes = tree.sRoot + "/goes/a", sStays = tree.sRoot + "/stays/a";
     const std::vector<support::tCall> calls = Delete([](const auto&, std::size_t) { return 0; }).calls;
 };
 
 TEST_F(LastCopy, OutlivesWhatOthersDo)
 {
-    ASSERT_TRUE(!calls.empty() && !fs::exists(pair.sGoes) && fs::exists(pair.sStays));
+    ASSERT_TRUE(!calls.empty() && !fs::exists(sGoes) && fs::exists(sStays));
     for (const auto& each : kIntrusions) {
         for (std::size_t nAt = 1; nAt <= calls.size(); ++nAt) {
             bool bActed = false;
             bool bSeenSince = false;
             Delete([&](const support::tCall& call, std::size_t n) {
                 // Where somebody holds it, at the next call.
-                bActed = bActed || (n >= nAt && each.second(pair.sGoes.c_str(), pair.sStays.c_str()));
+                bActed = bActed || (n >= nAt && each.second(sGoes.c_str(), sStays.c_str()));
                 // What happens to the copy after our last look at it is not ours to answer for.
                 bSeenSince =
                     bSeenSince ||
                     (bActed && (call.sCall.starts_with("rename") ||
-                                (call.sCall.find("stat") != std::string::npos && call.sPath == pair.sStays)));
+                                (call.sCall.find("stat") != std::string::npos && call.sPath == sStays)));
                 return 0;
             });
             EXPECT_TRUE(!bActed || !bSeenSince || IsLeft())
@@ -129,7 +105,7 @@ TEST_F(LastCopy, OutlivesEveryFault)
     for (std::size_t nAt = 1; nAt <= calls.size(); ++nAt) {
         for (const int nError : {EIO, EACCES, ENOENT, EINTR}) {
             const auto run = Delete([&](const auto&, std::size_t n) { return n == nAt ? nError : 0; });
-            const bool bThere = fs::exists(pair.sGoes);
+            const bool bThere = fs::exists(sGoes);
             EXPECT_TRUE(IsLeft() && (bThere ? run.sSaid == "0" : Restorable().size() == 1U))
                 << calls[nAt - 1].sCall << ' ' << calls[nAt - 1].sPath << ", error " << nError;
         }

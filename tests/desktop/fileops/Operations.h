@@ -7,6 +7,7 @@
 #include "ShellFileOperations.h"
 #include "Supervisor.h"
 #include "TempTree.h"
+#include "Texts.h"
 
 #include <cstdlib>
 #include <fcntl.h>
@@ -72,6 +73,36 @@ inline Bin Restorable(const std::string& sTrash = HomeTrash())
     }
     return restorable;
 }
+
+/// One group of rows: the files asked about, and those that stay.
+class OneGroup final : public platform::FileGroups
+{
+public:
+    explicit OneGroup(std::vector<std::string> stays) : m_stays(std::move(stays)) {}
+
+    platform::tFileGroups GroupsOf(std::span<const std::string> paths) override
+    {
+        platform::tFileGroups groups;
+        const auto shown = [&](const std::string& sFile) -> platform::tShownFile {
+            const std::size_t nName = sFile.rfind('/') + 1;
+            const auto identity = desktop::LookAt(sFile).Identity();
+            return {groups.texts.Add(sFile.substr(0, nName)), groups.texts.Add(sFile.substr(nName)),
+                    groups.texts.Add(platform::FormatNumber(identity.cySize)),
+                    groups.texts.Add(platform::FormatDateTime(desktop::DateOf(identity)))};
+        };
+        for (const std::string& sPath : paths) {
+            groups.files.push_back(platform::tFileGroups::tFile{shown(sPath), 0});
+        }
+        groups.groups.emplace_back();
+        for (const std::string& sPath : m_stays) {
+            groups.groups.front().push_back(shown(sPath));
+        }
+        return groups;
+    }
+
+private:
+    std::vector<std::string> m_stays;
+};
 
 /// Operations on files of a tree in the home, whose trash begins empty.
 class Operations : public ::testing::Test

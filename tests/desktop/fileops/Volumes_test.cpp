@@ -159,6 +159,30 @@ TEST_F(Mounts, ASecondRouteToAFolderIsThatFolder)
     EXPECT_EQ(Content(sPath) + Content(tree.sRoot + "/new/a"), "yy");
 }
 
+TEST_F(Mounts, WhatHasNoTrashIsKnownToStayAndASecondRouteIsNot)
+{
+    const auto remove = [&](const std::vector<std::string>& paths, std::vector<std::string> stays) {
+        OneGroup rows(std::move(stays));
+        user.consent = desktop::Consent::WithCopy;
+        desktop::ShellFileOperations operations(user, true);
+        operations.UseGroups(rows);
+        EXPECT_EQ(operations.SHFileOperationA(support::Request(FO_DELETE, paths)), 0);
+        const auto& concerns = user.confirmation.concerns;
+        EXPECT_EQ(concerns.size(), 1U);
+        return concerns.empty() ? desktop::Concern::NotCompared : concerns.front().concern;
+    };
+    ASSERT_EQ(mount("none", sVolume.c_str(), "tmpfs", 0, nullptr), 0);
+    const std::string sThere = other.File("a", "x");
+    const std::string sHere = tree.File("real/b", "x");
+    EXPECT_EQ(remove({sHere, sThere}, {}), desktop::Concern::NoTrash);
+    EXPECT_EQ(Content(sHere) + Content(sThere), "x");
+
+    tree.File("real/b", "x");
+    ASSERT_EQ(mount((tree.sRoot + "/real").c_str(), sVolume.c_str(), nullptr, MS_BIND, nullptr), 0);
+    EXPECT_EQ(remove({sHere}, {sVolume + "/b"}), desktop::Concern::NoOtherCopy);
+    EXPECT_EQ(Content(sHere), "x");
+}
+
 TEST_F(Mounts, AVolumeHasATrashOfItsOwnUntilItIsFull)
 {
     const std::string sImage = tree.sRoot + "/image";
@@ -172,6 +196,14 @@ TEST_F(Mounts, AVolumeHasATrashOfItsOwnUntilItIsFull)
     EXPECT_EQ(Restorable(sTrash), (Bin{{sVolume + "/a", "a"}}));
     EXPECT_EQ(Run(FO_COPY, {tree.File("b")}, sTrash + "/files"),
               (Reasons{{"b", "The destination is inside the trash."}}));
+
+    // A folder of it that is mounted elsewhere has none.
+    const TempTree elsewhere;
+    ASSERT_TRUE(Shell("mkdir " + sVolume + "/part && touch " + sVolume + "/part/p && mount --bind " +
+                      sVolume + "/part " + elsewhere.sRoot));
+    EXPECT_EQ(Run(FO_DELETE, {elsewhere.sRoot + "/p"}),
+              (Reasons{{"p", "The volume that it is on has no trash."}}));
+    ASSERT_EQ(umount2(elsewhere.sRoot.c_str(), MNT_DETACH), 0);
 
     // Locked for root, too.
     std::ofstream(sVolume + "/b") << "b";
