@@ -50,7 +50,7 @@ QString Permissions(unsigned nMode)
 template <typename T>
 QString NameOf(unsigned nId, int (*find)(unsigned, T*, char*, std::size_t, T**), char* T::* name)
 {
-    constexpr std::size_t kLongestEntry = 16U * 1024;
+    constexpr std::size_t kLongestEntry = std::size_t{16} * 1024;
     std::array<char, kLongestEntry> text{};
     T entry{};
     T* pFound = nullptr;
