@@ -63,8 +63,13 @@ TEST_F(OperationDialogs, ConfirmTheSetOnce)
         {3, 12'345, Qt::Key_Enter, "", "Move 3 files (12345 bytes / 12.1 KiB) to the trash?"},
         {2, 1024 * 1024 - 1, Qt::Key_Return, "", "Move 2 files (1048575 bytes / 1.0 MiB) to the trash?"},
     };
-    for (const auto& [nFiles, cyTotal, key, pOnly, pText] : cases) {
-        answers.Expect("confirmOperation", [this, key = key, pText = pText](QDialog& dialog) {
+    for (const auto& each : cases) {
+        const auto& nFiles = std::get<0>(each);
+        const auto& cyTotal = std::get<1>(each);
+        const auto& key = std::get<2>(each);
+        const auto& pOnly = std::get<3>(each);
+        const auto& pText = std::get<4>(each);
+        answers.Expect("confirmOperation", [&](QDialog& dialog) {
             EXPECT_EQ(Plain(dynamic_cast<QMessageBox&>(dialog).text()), pText);
             EXPECT_EQ(dialog.parentWidget(), &window);
             QTest::keyClick(&dialog, key);
@@ -85,8 +90,11 @@ TEST_F(OperationDialogs, ConfirmWithWhatThereIsToSay)
         {2, Answers::Click("all"), Consent::All},
         {2, Answers::Press(Qt::Key_Escape), Consent::Cancel},
     };
-    for (const auto& [nWithCopy, answer, consent] : cases) {
-        answers.Expect("confirmOperation", [&answer = answer](QDialog& dialog) {
+    for (const auto& each : cases) {
+        const auto& nWithCopy = std::get<0>(each);
+        const auto& answer = std::get<1>(each);
+        const auto& consent = std::get<2>(each);
+        answers.Expect("confirmOperation", [&](QDialog& dialog) {
             EXPECT_EQ(Plain(Child<QLabel>(dialog, "text").text()),
                       "Move 3 files (3 bytes) to the trash?\n\n"
                       "\u201ca\\x0Ab\u201d has no other copy that stays.");
@@ -116,8 +124,11 @@ TEST_F(OperationDialogs, AskBeforeTheyReplace)
         {Answers::Click("skip"), true, Choice::Skip},
     };
     dialogs.Started(copy);
-    for (const auto& [press, bForAll, choice] : cases) {
-        answers.Expect("replaceQuestion", [&press = press, bForAll = bForAll](QDialog& dialog) {
+    for (const auto& each : cases) {
+        const auto& press = std::get<0>(each);
+        const auto& bForAll = std::get<1>(each);
+        const auto& choice = std::get<2>(each);
+        answers.Expect("replaceQuestion", [&](QDialog& dialog) {
             std::string sShown, sHeard;
             for (const QLabel* pLabel : dialog.findChildren<QLabel*>()) {
                 sShown += pLabel->text().toStdString() + "|";
@@ -184,9 +195,13 @@ TEST_F(OperationDialogs, SayAtTheEndWhatWasNotDone)
          "1 file was replaced at the destination and put into the trash.\n2 files were skipped.",
          ""},
     };
-    for (const auto& [nMissing, outcome, pText, sNotDone] : cases) {
+    for (const auto& each : cases) {
+        const auto& nMissing = std::get<0>(each);
+        const auto& outcome = std::get<1>(each);
+        const auto& pText = std::get<2>(each);
+        const auto& sNotDone = std::get<3>(each);
         const int nNotDone = static_cast<int>(outcome.notDone.size());
-        answers.Expect("operationSummary", [nNotDone, pText = pText, &sNotDone = sNotDone](QDialog& dialog) {
+        answers.Expect("operationSummary", [&](QDialog& dialog) {
             EXPECT_EQ(Plain(Child<QLabel>(dialog, "text").text()), pText);
             if (!sNotDone.empty()) {
                 Answers::Click("copy")(dialog);

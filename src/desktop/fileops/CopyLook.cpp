@@ -80,6 +80,8 @@ tEnding CopyLook::CopyNotRead(int nError) const
 
 tEnding CopyLook::CompareWith(int hFile)
 {
+    // There is no lease on another user's copy, but its time of change cannot be set back.
+    m_held->before = LookAt(m_held->file.Get()).status;
     // The lease detects writes during the comparison, and until the file has gone.
     m_lease.emplace(m_held->file.Get());
     switch (m_comparison.Compare(hFile, m_held->file.Get(), m_goOn)) {
@@ -110,7 +112,8 @@ tEnding CopyLook::After()
 tEnding CopyLook::StillThere() const
 {
     const bool bStays = IsStill(LookAt(m_held->file.Get()), m_held->place.Expected()).IsDone() &&
-                        m_held->place.IsStillThere().IsDone();
+                        m_held->place.IsStillThere().IsDone() &&
+                        !(m_held->before && IsTouched(m_held->file.Get(), *m_held->before));
     return bStays
                ? tEnding()
                : tEnding::Spared(m_held->sPath + ", which was to stay, has gone or changed in the meantime.");

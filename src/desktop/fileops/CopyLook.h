@@ -40,6 +40,7 @@ private:
         std::string sPath;
         HeldFile place;
         Descriptor file;
+        std::optional<Status> before{}; ///< before it was read; only of a file that is compared
     };
 
     tEnding Hold(const tStayingCopy& copy, int nFlags);

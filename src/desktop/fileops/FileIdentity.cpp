@@ -79,4 +79,11 @@ tEnding IsStill(const tLook& look, const tFileIdentity& expected)
     return tEnding::NotDone("It has changed in the meantime.");
 }
 
+bool IsTouched(int h, const Status& before)
+{
+    const tLook now = LookAt(h);
+    return now.nError != 0 || now.status.st_ctim.tv_sec != before.st_ctim.tv_sec ||
+           now.status.st_ctim.tv_nsec != before.st_ctim.tv_nsec;
+}
+
 } // namespace desktop

@@ -51,4 +51,8 @@ tEnding IsRegular(const tLook& look);
 /// Done if `look` found the regular file `expected`, not modified since.
 tEnding IsStill(const tLook& look, const tFileIdentity& expected);
 
+/// True if the open file `h` has been changed in any way since `before`, even if its times were set back.
+/// False where the file system keeps no time of change.
+bool IsTouched(int h, const Status& before);
+
 } // namespace desktop

@@ -78,14 +78,6 @@ private:
     Descriptor m_folder;
 };
 
-/// True if a file has been changed in any way, even if its times have been reset since.
-bool IsTouched(int h, const Status& before)
-{
-    const tLook now = LookAt(h);
-    return now.nError != 0 || now.status.st_ctim.tv_sec != before.st_ctim.tv_sec ||
-           now.status.st_ctim.tv_nsec != before.st_ctim.tv_nsec;
-}
-
 /// Why the file that was set aside must not be removed; empty if it may.
 std::string WhyNot(const SetAside& aside, const HeldFile& file, int hSource, const WriteLease& lease)
 {

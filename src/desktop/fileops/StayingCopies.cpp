@@ -74,8 +74,11 @@ bool StayingCopies::IsGoing(const FolderEntry& entry, const tLook& look) const
         if (file.identity.nDevice != look.status.st_dev) {
             continue;
         }
-        const bool bOnlyName = look.status.st_nlink < 2 || NameOf(file.sPath) == entry.Name().sName;
-        if (bOnlyName && m_folders.Of(file.sPath)->Look().IsSameFileAs(entry.Folder().Look())) {
+        // Without a second link it cannot be another name: a file is mounted on another one, or the file
+        // system gives all files one number.
+        const bool bOnlyName = look.status.st_nlink < 2;
+        if (bOnlyName || (NameOf(file.sPath) == entry.Name().sName &&
+                          m_folders.Of(file.sPath)->Look().IsSameFileAs(entry.Folder().Look()))) {
             return true;
         }
     }

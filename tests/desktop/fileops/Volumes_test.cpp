@@ -180,6 +180,10 @@ TEST_F(Mounts, WhatHasNoTrashIsKnownToStayAndASecondRouteIsNot)
     tree.File("real/b", "x");
     ASSERT_EQ(mount((tree.sRoot + "/real").c_str(), sVolume.c_str(), nullptr, MS_BIND, nullptr), 0);
     EXPECT_EQ(remove({sHere}, {sVolume + "/b"}), desktop::Concern::NoOtherCopy);
+    const std::string sOn = tree.File("on", "");
+    ASSERT_EQ(mount(sHere.c_str(), sOn.c_str(), nullptr, MS_BIND, nullptr), 0);
+    EXPECT_EQ(remove({sHere}, {sOn}), desktop::Concern::NoOtherCopy);
+    EXPECT_EQ(umount2(sOn.c_str(), MNT_DETACH), 0);
     EXPECT_EQ(Content(sHere), "x");
 }
 
