@@ -4,6 +4,7 @@
 #include "ContentComparison.h"
 #include "Descriptor.h"
 #include "Ending.h"
+#include "FileIdentity.h"
 #include "HeldFile.h"
 #include "HeldFolders.h"
 #include "LastLook.h"
