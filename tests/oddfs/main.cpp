@@ -21,6 +21,7 @@ const std::set<std::string> kQuirks{
     "says-size-0",    // of every file, also of those with contents
     "fails-at-close", // what is written becomes zeros, and only the close says so
     "hangs-at-read",  // for as long as it is mounted
+    "keeps-no-change-times",
     "renames-plainly" // knows neither a rename without replacing nor a second name for a file
 };
 
@@ -57,6 +58,9 @@ fuse_operations Operations()
         const int nResult = Result(lstat(Behind(pPath).c_str(), pStatus));
         if (g_sQuirk == "says-size-0" && S_ISREG(pStatus->st_mode)) {
             pStatus->st_size = 0;
+        }
+        if (g_sQuirk == "keeps-no-change-times") {
+            pStatus->st_ctim = pStatus->st_mtim = {pStatus->st_mtim.tv_sec, 0};
         }
         return nResult;
     };

@@ -10,6 +10,8 @@
 namespace desktop {
 namespace {
 
+constexpr const char* kWritten = "It is being written to.";
+
 tEnding NotRead(int nError)
 {
     return tEnding::Spared(Reason(nError, Step::Read) + " So its contents could not be compared.");
@@ -32,7 +34,6 @@ void CopyLook::Begin(const HeldFile& file, std::vector<tStayingCopy> copies, Pro
 
 tEnding CopyLook::Before(int /*hFile*/)
 {
-    Descriptor open;
     tEnding ending;
     for (const tStayingCopy& copy : m_copies) {
         const bool bItself = IsSameFile(copy.identity, m_pFile->Expected());
@@ -43,16 +44,18 @@ tEnding CopyLook::Before(int /*hFile*/)
         if (bItself) {
             return ending;
         }
-        if (!open.IsOpen()) {
+        if (!m_open.IsOpen()) {
             int nError = 0;
-            open = m_pFile->Entry().Open(O_RDONLY | O_NONBLOCK, nError);
+            m_open = m_pFile->Entry().Open(O_RDONLY | O_NONBLOCK, nError);
             if (nError != 0) {
                 return NotRead(nError);
             }
+            m_goes.emplace(m_open.Get());
         }
-        ending = CompareWith(open.Get());
+        ending = Compare();
         if (ending.IsDone()) {
-            return IsStill(LookAt(open.Get()), m_pFile->Expected());
+            return IsTouched(m_goes->h, m_goes->before) ? tEnding::Spared("It has changed in the meantime.")
+                                                        : IsStill(LookAt(m_goes->h), m_pFile->Expected());
         }
         if (ending.kind == tEnding::Kind::Cancelled) {
             return ending;
@@ -67,7 +70,7 @@ tEnding CopyLook::Hold(const tStayingCopy& copy, int nFlags)
     FolderEntry entry(m_folders.Of(copy.sPath), NameOf(copy.sPath));
     int nError = 0;
     Descriptor file = entry.Open(nFlags, nError);
-    Release();
+    m_copy.reset();
     m_held.emplace(tHeld{copy.sPath, HeldFile(std::move(entry), copy.identity), std::move(file)});
     return nError == 0 || nError == ENOENT ? StillThere() : CopyNotRead(nError);
 }
@@ -78,32 +81,44 @@ tEnding CopyLook::CopyNotRead(int nError) const
                            ", which was to stay. " + Reason(nError, Step::Read));
 }
 
-tEnding CopyLook::CompareWith(int hFile)
+tEnding CopyLook::Compare()
 {
-    // There is no lease on another user's copy, but its time of change cannot be set back.
-    m_held->before = LookAt(m_held->file.Get()).status;
-    // The lease detects writes during the comparison, and until the file has gone.
-    m_lease.emplace(m_held->file.Get());
-    switch (m_comparison.Compare(hFile, m_held->file.Get(), m_goOn)) {
+    m_copy.emplace(m_held->file.Get());
+    const auto isWritten = [&] {
+        return m_goes->lease.IsOpenForWriting() || m_copy->lease.IsOpenForWriting();
+    };
+    // A writer has to wait for as long as there is a lease.
+    const auto goOn = [&](std::int64_t cyOfFile) { return !isWritten() && m_goOn(cyOfFile); };
+    const auto result = m_comparison.Compare(m_open.Get(), m_held->file.Get(), goOn);
+    switch (result) {
     case ContentComparison::Result::Same:
-        return m_lease->IsOpenForWriting()
-                   ? tEnding::Spared(m_held->sPath + ", which was to stay, is being written to.")
-                   : StillThere();
+    case ContentComparison::Result::Cancelled:
+        if (isWritten()) {
+            return tEnding::Spared(m_goes->lease.IsOpenForWriting()
+                                       ? kWritten
+                                       : m_held->sPath + ", which was to stay, is being written to.");
+        }
+        return result == ContentComparison::Result::Same ? StillThere()
+                                                         : tEnding{tEnding::Kind::Cancelled, {}};
     case ContentComparison::Result::Different:
         return tEnding::Spared("Its contents differ from those of " + m_held->sPath + ", which was to stay.");
     case ContentComparison::Result::FirstNotRead:
         return NotRead(m_comparison.Error());
     case ContentComparison::Result::SecondNotRead:
-        return CopyNotRead(m_comparison.Error());
-    case ContentComparison::Result::Cancelled:
         break;
     }
-    return {tEnding::Kind::Cancelled, {}};
+    return CopyNotRead(m_comparison.Error());
 }
 
 tEnding CopyLook::After()
 {
-    const tEnding ending = m_held ? StillThere() : tEnding();
+    tEnding ending = m_held ? StillThere() : tEnding();
+    if (m_goes && ending.IsDone() && m_goes->lease.IsOpenForWriting()) {
+        ending = tEnding::Spared(kWritten);
+    }
+    if (m_held && ending.IsDone() && !IsFoundAgain()) {
+        ending = tEnding::Spared(m_held->sPath + ", which was to stay, is this file on another route.");
+    }
     Release();
     return ending;
 }
@@ -113,15 +128,30 @@ tEnding CopyLook::StillThere() const
 {
     const bool bStays = IsStill(LookAt(m_held->file.Get()), m_held->place.Expected()).IsDone() &&
                         m_held->place.IsStillThere().IsDone() &&
-                        !(m_held->before && IsTouched(m_held->file.Get(), *m_held->before));
+                        !(m_copy && IsTouched(m_copy->h, m_copy->before));
     return bStays
                ? tEnding()
                : tEnding::Spared(m_held->sPath + ", which was to stay, has gone or changed in the meantime.");
 }
 
+/// False if the copy was only a view of the file that has gone. A file system such as FUSE or a network may
+/// still answer a look from its memory, but not an open.
+bool CopyLook::IsFoundAgain() const
+{
+    const tFileIdentity& expected = m_held->place.Expected();
+    if (expected.nDevice == m_pFile->Expected().nDevice) {
+        return true;
+    }
+    int nError = 0;
+    const Descriptor again = m_held->place.Entry().Open(O_RDONLY | O_NONBLOCK, nError);
+    return again.IsOpen() && IsStill(LookAt(again.Get()), expected).IsDone();
+}
+
 void CopyLook::Release()
 {
-    m_lease.reset();
+    m_copy.reset();
+    m_goes.reset();
+    m_open = {};
     m_held.reset();
 }
 

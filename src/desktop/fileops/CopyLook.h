@@ -37,26 +37,38 @@ public:
     tEnding After() override;
 
 private:
+    /// A file that is compared, watched from before the comparison on. The lease detects most writers. There
+    /// is none on another user's file, but its time of change cannot be set back.
+    struct tWatched {
+        explicit tWatched(int hFile) : h(hFile), before(LookAt(hFile).status), lease(hFile) {}
+
+        int h;
+        Status before;
+        WriteLease lease;
+    };
+
     struct tHeld {
         std::string sPath;
         HeldFile place;
         Descriptor file;
-        std::optional<Status> before{}; ///< before it was read; only of a file that is compared
     };
 
     tEnding Hold(const tStayingCopy& copy, int nFlags);
     [[nodiscard]] tEnding CopyNotRead(int nError) const;
     [[nodiscard]] tEnding StillThere() const;
+    [[nodiscard]] bool IsFoundAgain() const;
     void Release();
-    tEnding CompareWith(int hFile);
+    tEnding Compare();
 
     HeldFolders& m_folders;
     const HeldFile* m_pFile = nullptr;
     std::vector<tStayingCopy> m_copies;
     ProgressCall m_goOn;
     ContentComparison m_comparison;
-    std::optional<tHeld> m_held;       ///< the copies of the current file
-    std::optional<WriteLease> m_lease; ///< on m_held
+    std::optional<tHeld> m_held; ///< the copy of the current file
+    Descriptor m_open;           ///< the current file, if it is compared
+    std::optional<tWatched> m_copy;
+    std::optional<tWatched> m_goes;
 };
 
 } // namespace desktop

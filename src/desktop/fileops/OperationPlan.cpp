@@ -3,7 +3,7 @@
 
 #include "FolderEntry.h"
 #include "Reasons.h"
-#include "TrashFolders.h"
+#include "TrashLocations.h"
 
 #include <algorithm>
 #include <optional>
@@ -88,17 +88,13 @@ bool LookAtFiles(tOperationPlan& plan, HeldFolders& folders, const LooksOn& look
 {
     tOperation& operation = plan.operation;
     std::vector<tPlannedFile> found;
-    const HeldFolder* pLast = nullptr;
-    FolderPtr pFolder;
-    bool bInTrash = false;
+    TrashLocations trashes;
     for (tPlannedFile& file : plan.files) {
         if (!looksOn(file.sPath, operation)) {
             return false;
         }
-        pFolder = folders.Of(file.sPath);
-        if (std::exchange(pLast, pFolder.get()) != pFolder.get()) {
-            bInTrash = pFolder->Error() == 0 && IsInTrash(pFolder->Path());
-        }
+        const FolderPtr pFolder = folders.Of(file.sPath);
+        const bool bInTrash = pFolder->Error() == 0 && trashes.Contain(pFolder->Path());
         tLook look;
         tEnding ending = Found(FolderEntry(pFolder, NameOf(file.sPath)), operation.operation, bInTrash, look);
         if (!ending.IsDone()) {
@@ -110,6 +106,7 @@ bool LookAtFiles(tOperationPlan& plan, HeldFolders& folders, const LooksOn& look
             continue;
         }
         file.identity = look.Identity();
+        file.changed = look.status.st_ctim;
         operation.cyTotal += look.status.st_size;
         ++operation.nFiles;
         found.push_back(std::move(file));

@@ -7,6 +7,7 @@
 #include "ShellFiles.h"
 
 #include <cstddef>
+#include <ctime>
 #include <functional>
 #include <string>
 #include <vector>
@@ -18,6 +19,7 @@ struct tPlannedFile {
     std::string sPath;
     std::string sTarget;    ///< its destination; empty for the trash
     tFileIdentity identity; ///< at the start of the operation
+    timespec changed{};     ///< its time of change (ctime) then; programs cannot set it
     std::size_t nAsked = 0; ///< its index in the request
 };
 

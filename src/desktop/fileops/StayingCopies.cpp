@@ -2,9 +2,33 @@
 #include "StayingCopies.h"
 
 #include "Texts.h"
-#include "TrashFolders.h"
+
+#include <algorithm>
+#include <fcntl.h>
+#include <fstream>
 
 namespace desktop {
+namespace {
+
+/// A time of change in units of 100 ns: some network file systems round it to that.
+std::int64_t ChangeOf(const timespec& time)
+{
+    constexpr std::int64_t kUnitsPerSecond = 10'000'000;
+    constexpr std::int64_t kNanosecondsPerUnit = 100;
+    return time.tv_sec * kUnitsPerSecond + time.tv_nsec / kNanosecondsPerUnit;
+}
+
+/// True if the file itself is a mount point.
+bool IsMountPoint(const FolderEntry& entry)
+{
+    struct statx status = {};
+    return statx(entry.Name().hFolder, entry.Name().sName.c_str(), AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, 0,
+                 &status) == 0 &&
+           (status.stx_attributes & STATX_ATTR_MOUNT_ROOT) != 0;
+}
+
+} // namespace
+
 StayingCopies::StayingCopies(platform::tFileGroups groups, const std::vector<tPlannedFile>& files,
                              HeldFolders& folders)
     : m_groups(std::move(groups)), m_files(files), m_folders(folders), m_staying(m_groups.groups.size())
@@ -30,11 +54,14 @@ void StayingCopies::LookAtGoing()
 {
     m_seen.reserve(m_files.size());
     m_byInode.reserve(m_files.size());
+    m_byChange.reserve(m_files.size());
     for (std::size_t n = 0; n < m_files.size(); ++n) {
         const RowFile& row = RowOf(n);
         const tFileIdentity& identity = m_files[n].identity;
         m_seen.push_back({identity, row && IsAsShown(identity, row->shown)});
         m_byInode.emplace(identity.nInode, n);
+        m_byChange.emplace(ChangeOf(m_files[n].changed), n);
+        m_devices.insert(identity.nDevice);
         if (row) {
             m_staying[row->nGroup].Goes(m_seen.back());
         }
@@ -46,7 +73,8 @@ void StayingCopies::LookAtStaying(const platform::tShownFile& shown, std::size_t
     const FolderEntry entry(m_folders.Get(std::string(shown.sFolder.View())),
                             std::string(shown.sName.View()));
     const tLook look = entry.Look();
-    if (IsRegular(look).IsDone() && !LiesInTrash(entry.Folder()) && !IsGoing(entry, look)) {
+    if (IsRegular(look).IsDone() && !m_trashes.Contain(entry.Folder().Path()) && !IsGoing(entry, look) &&
+        !IsViewOfGoing(entry, look)) {
         group.Add({look.Identity(), IsAsShown(look.Identity(), shown)}, nPlace);
     }
 }
@@ -69,29 +97,50 @@ bool StayingCopies::IsAsShown(const tFileIdentity& identity, const platform::tSh
 bool StayingCopies::IsGoing(const FolderEntry& entry, const tLook& look) const
 {
     const auto [first, last] = m_byInode.equal_range(look.status.st_ino);
-    for (auto it = first; it != last; ++it) {
-        const tPlannedFile& file = m_files[it->second];
-        if (file.identity.nDevice != look.status.st_dev) {
-            continue;
-        }
-        // Without a second link it cannot be another name: a file is mounted on another one, or the file
-        // system gives all files one number.
-        const bool bOnlyName = look.status.st_nlink < 2;
-        if (bOnlyName || (NameOf(file.sPath) == entry.Name().sName &&
-                          m_folders.Of(file.sPath)->Look().IsSameFileAs(entry.Folder().Look()))) {
-            return true;
-        }
+    if (first == last) {
+        return false;
     }
-    return false;
+    // Without a second link it cannot be another name: a file is mounted on another one, or the file system
+    // gives all files one number. A mount point is no name either.
+    const bool bOtherName = look.status.st_nlink >= 2 && !IsMountPoint(entry);
+    return std::any_of(first, last, [&](const auto& each) {
+        const tPlannedFile& file = m_files[each.second];
+        return file.identity.nDevice == look.status.st_dev &&
+               (!bOtherName || (NameOf(file.sPath) == entry.Name().sName &&
+                                m_folders.Of(file.sPath)->Look().IsSameFileAs(entry.Folder().Look())));
+    });
 }
 
-bool StayingCopies::LiesInTrash(const HeldFolder& folder)
+/// True if the file looks like one that goes, shown by a file system such as FUSE, a network or an overlay:
+/// its device number differs, but not its time of change, which a copy does not have from its original.
+bool StayingCopies::IsViewOfGoing(const FolderEntry& entry, const tLook& look)
 {
-    const auto [it, bNew] = m_trashes.try_emplace(folder.Path(), false);
-    if (bNew) {
-        it->second = IsInTrash(folder.Path());
+    if (m_devices.empty() || (m_devices.size() == 1 && m_devices.contains(look.status.st_dev))) {
+        return false;
     }
-    return it->second;
+    const tFileIdentity seen = look.Identity();
+    const auto [first, last] = m_byChange.equal_range(ChangeOf(look.status.st_ctim));
+    return std::any_of(first, last, [&](const auto& each) {
+        const tPlannedFile& file = m_files[each.second];
+        return file.identity.nDevice != seen.nDevice && file.identity.cySize == seen.cySize &&
+               file.identity.nSeconds == seen.nSeconds &&
+               (look.status.st_nlink < 2 || NameOf(file.sPath) == entry.Name().sName) &&
+               !(StoresFiles(entry.SharedFolder()) && StoresFiles(m_folders.Of(file.sPath)));
+    });
+}
+
+/// True if the file system of the folder stores its files itself. If those of both do, the files are
+/// different ones even if all times are equal: a disk has been cloned, there is a snapshot of it, or both
+/// were written at the same moment.
+bool StayingCopies::StoresFiles(const FolderPtr& pFolder)
+{
+    if (m_mounts.empty()) {
+        std::ifstream mountInfo(kMountInfo);
+        m_mounts = ReadMountTable(mountInfo);
+    }
+    const tMount* const pMount = HolderOf(m_mounts, pFolder->Path());
+    return pMount != nullptr && (pMount->sSource.starts_with("/dev/") || pMount->sType == "tmpfs" ||
+                                 pMount->sType == "ramfs" || pMount->sType == "zfs");
 }
 
 std::optional<Stays> StayingCopies::Of(std::size_t nFile) const

@@ -6,13 +6,16 @@
 #include "FolderEntry.h"
 #include "HeldFolder.h"
 #include "HeldFolders.h"
+#include "MountTable.h"
 #include "OperationPlan.h"
+#include "TrashLocations.h"
 #include "WhatStays.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -60,7 +63,8 @@ private:
     void LookAtStaying(const platform::tShownFile& shown, std::size_t nPlace, StayingFiles& group);
     bool IsAsShown(const tFileIdentity& identity, const platform::tShownFile& shown);
     bool IsGoing(const FolderEntry& entry, const tLook& look) const;
-    bool LiesInTrash(const HeldFolder& folder);
+    bool IsViewOfGoing(const FolderEntry& entry, const tLook& look);
+    bool StoresFiles(const FolderPtr& pFolder);
 
     platform::tFileGroups m_groups;
     const std::vector<tPlannedFile>& m_files;
@@ -70,7 +74,10 @@ private:
     std::unordered_multimap<std::uint64_t, std::size_t> m_byInode; ///< files that go
     std::string m_sDate;                                           ///< the time formatted last
     std::int64_t m_nDateOf = 0;                                    ///< its value in seconds
-    std::unordered_map<std::string, bool> m_trashes;               ///< whether a folder is in a trash
+    std::unordered_multimap<std::int64_t, std::size_t> m_byChange; ///< files that go, by time of change
+    std::set<std::uint64_t> m_devices;                             ///< of the files that go
+    std::vector<tMount> m_mounts;
+    TrashLocations m_trashes;
 };
 
 } // namespace desktop

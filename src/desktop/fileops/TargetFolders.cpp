@@ -3,7 +3,7 @@
 
 #include "Reasons.h"
 #include "Retried.h"
-#include "TrashFolders.h"
+#include "TrashLocations.h"
 
 #include <unistd.h>
 
@@ -17,7 +17,8 @@ tTargetFolder Opened(const std::string& sPath)
         return {nullptr, Reason(pFolder->Error(), Step::Write), {}};
     }
     // A file put into a trash directly has no note there, and is lost when the trash is emptied.
-    return {pFolder, IsInTrash(pFolder->Path()) ? "The destination is inside the trash." : "", {}};
+    return {
+        pFolder, TrashLocations().Contain(pFolder->Path()) ? "The destination is inside the trash." : "", {}};
 }
 
 } // namespace

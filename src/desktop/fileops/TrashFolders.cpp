@@ -2,16 +2,14 @@
 #include "TrashFolders.h"
 
 #include "CanonicalPath.h"
-#include "FileSystem.h"
 #include "Reasons.h"
 #include "Retried.h"
+#include "TrashLocations.h"
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <fcntl.h>
 #include <fstream>
-#include <pwd.h>
 #include <string_view>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -35,25 +33,6 @@ template <class List>
 bool Has(const List& list, std::string_view sText)
 {
     return std::find(list.begin(), list.end(), sText) != list.end();
-}
-
-/// The folder for user data; empty if the user has no home.
-std::string DataHome()
-{
-    const auto variable = [](const char* pName) -> std::string {
-        const char* pValue = std::getenv(pName);
-        return pValue != nullptr && *pValue == platform::kSeparator ? pValue : "";
-    };
-    std::string sData = variable("XDG_DATA_HOME");
-    if (!sData.empty()) {
-        return sData;
-    }
-    std::string sHome = variable("HOME");
-    const passwd* const pUser = sHome.empty() ? getpwuid(geteuid()) : nullptr;
-    if (pUser != nullptr && pUser->pw_dir != nullptr) {
-        sHome = pUser->pw_dir;
-    }
-    return sHome.empty() ? "" : sHome + "/.local/share";
 }
 
 /// Creates a folder and its missing parents, accessible only to the user. Returns 0 or the error number.
@@ -213,15 +192,7 @@ const tMount* TrashFolders::HolderOf(const std::string& sFolder)
         std::ifstream mountInfo(kMountInfo);
         m_mounts = ReadMountTable(mountInfo);
     }
-    // The deepest mount point above the folder counts, and the last one of several at the same point.
-    const tMount* pHolder = nullptr;
-    for (const tMount& mount : m_mounts) {
-        if (IsIn(sFolder, mount.sPoint) &&
-            (pHolder == nullptr || mount.sPoint.size() >= pHolder->sPoint.size())) {
-            pHolder = &mount;
-        }
-    }
-    return pHolder;
+    return desktop::HolderOf(m_mounts, sFolder);
 }
 
 /// The same, but only if the mount may have a trash.
@@ -238,30 +209,6 @@ const tMount* TrashFolders::MountOf(const std::string& sFolder)
     const bool bWhole = pHolder->sFolder == "/" ||
                         (pHolder->sType == "btrfs" && LookAt(pHolder->sPoint).status.st_ino == kSubvolume);
     return bWhole ? pHolder : nullptr;
-}
-
-bool IsInTrash(const std::string& sPath)
-{
-    const auto isNumber = [](std::string_view sText) {
-        return !sText.empty() && sText.find_first_not_of("0123456789") == std::string_view::npos;
-    };
-    const tLook home = LookAt(CanonicalPath(DataHome() + "/Trash"));
-    std::string_view sBefore;
-    std::string_view sBeforeThat;
-    for (std::size_t nStart = 1; nStart <= sPath.size();) {
-        const std::size_t nEnd = std::min(sPath.find(platform::kSeparator, nStart), sPath.size());
-        const std::string_view sName = std::string_view(sPath).substr(nStart, nEnd - nStart);
-        constexpr std::string_view kOfUser = ".Trash-";
-        if ((sName.starts_with(kOfUser) && isNumber(sName.substr(kOfUser.size()))) ||
-            (sBefore == ".Trash" && isNumber(sName)) ||
-            (sBeforeThat == ".local" && sBefore == "share" && sName == "Trash") ||
-            LookAt(sPath.substr(0, nEnd)).IsSameFileAs(home)) {
-            return true;
-        }
-        sBeforeThat = std::exchange(sBefore, sName);
-        nStart = nEnd + 1;
-    }
-    return false;
 }
 
 } // namespace desktop

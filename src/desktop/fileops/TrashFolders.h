@@ -49,7 +49,4 @@ private:
     std::map<std::string, tTrash> m_volumes; ///< by top folder
 };
 
-/// True if folder `sPath`, which contains no links, is a trash or is inside one.
-bool IsInTrash(const std::string& sPath);
-
 } // namespace desktop

@@ -34,6 +34,19 @@ std::vector<tMount> ReadMountTable(std::istream& mountInfo)
     return mounts;
 }
 
+const tMount* HolderOf(const std::vector<tMount>& mounts, std::string_view sFolder)
+{
+    // The deepest mount point above the folder counts, and the last one of several at the same point.
+    const tMount* pHolder = nullptr;
+    for (const tMount& mount : mounts) {
+        if (IsIn(sFolder, mount.sPoint) &&
+            (pHolder == nullptr || mount.sPoint.size() >= pHolder->sPoint.size())) {
+            pHolder = &mount;
+        }
+    }
+    return pHolder;
+}
+
 bool IsIn(std::string_view sPath, std::string_view sFolder)
 {
     if (sFolder == "/") {

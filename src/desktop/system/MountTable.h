@@ -24,6 +24,9 @@ struct tMount {
 /// skipped.
 std::vector<tMount> ReadMountTable(std::istream& mountInfo);
 
+/// The mount that contains folder `sFolder`, or null: after chroot the root may not be a mount point.
+const tMount* HolderOf(const std::vector<tMount>& mounts, std::string_view sFolder);
+
 /// True if `sPath` is `sFolder` or lies inside it. Neither may end in a separator, except for the root.
 bool IsIn(std::string_view sPath, std::string_view sFolder);
 

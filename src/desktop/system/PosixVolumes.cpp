@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "PosixVolumes.h"
 
-#include <algorithm>
 #include <fcntl.h>
 #include <fstream>
 #include <poll.h>
@@ -11,18 +10,9 @@ namespace desktop {
 std::string PosixVolumes::FileSystemOf(const std::string& sFolder)
 {
     ReadIfChanged();
-    // The deepest mount point above the folder counts, and the last one of several at the same point.
-    const tMount* pHolder = nullptr;
-    for (const tMount& mount : m_mounts) {
-        if (IsIn(sFolder, mount.sPoint) &&
-            (pHolder == nullptr || mount.sPoint.size() >= pHolder->sPoint.size())) {
-            pHolder = &mount;
-        }
-    }
-    if (pHolder != nullptr) {
+    if (const tMount* const pHolder = HolderOf(m_mounts, sFolder)) {
         return pHolder->sDevice;
     }
-    // After chroot the root may not be a mount point, so the table may not contain the mount of the rest.
     return sFolder.starts_with('/') ? "/" : "";
 }
 

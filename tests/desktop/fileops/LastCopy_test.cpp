@@ -36,6 +36,11 @@ const std::pair<const char*, bool (*)(const char* pGoes, const char* pStays)> kI
      [](auto pGoes, auto pStays) { return unlink(pStays) == 0 && symlink(pGoes, pStays) == 0; }},
     {"makes it a second name of the one that goes",
      [](auto pGoes, auto pStays) { return unlink(pStays) == 0 && link(pGoes, pStays) == 0; }},
+    {"writes to the one that goes and sets its time back",
+     [](auto pGoes, auto) {
+         const timespec times[] = {StatusOf(pGoes).st_atim, StatusOf(pGoes).st_mtim};
+         return Write(pGoes, 0) && utimensat(AT_FDCWD, pGoes, times, 0) == 0;
+     }},
     {"makes its folder a link to that of the one that goes",
      [](auto, auto pStays) {
          const std::string sFolder = fs::path(pStays).parent_path();
@@ -96,6 +101,9 @@ TEST_F(LastCopy, OutlivesWhatOthersDo)
             });
             EXPECT_TRUE(!bActed || !bSeenSince || IsLeft())
                 << each.first << ", at " << calls[nAt - 1].sCall << ' ' << calls[nAt - 1].sPath;
+            for (const auto& [sPath, sContent] : Restorable()) {
+                EXPECT_EQ(sContent, kText) << each.first << ", at " << calls[nAt - 1].sCall;
+            }
         }
     }
 }

@@ -100,6 +100,25 @@ TEST_F(Fuse, NothingIsReplacedWhereRenamesReplace)
     EXPECT_EQ(Contents(sBehind).size(), 1U);
 }
 
+TEST_F(Fuse, AViewOfAFileIsNoCopyOfIt)
+{
+    for (const char* pQuirk : {"none", "keeps-no-change-times"}) {
+        const OddFolder there(sBehind, sThere, pQuirk);
+        const std::string sGoes = tree.File("behind/a", "content");
+        OneGroup rows({sThere + "/a"});
+        user.consent = desktop::Consent::WithCopy;
+        user.confirmation = {};
+        user.outcome = {};
+        desktop::ShellFileOperations operations(user, true);
+        operations.UseGroups(rows);
+        EXPECT_EQ(operations.SHFileOperationA(support::Request(FO_DELETE, {sGoes})), 0);
+        EXPECT_EQ(Content(sGoes), "content") << pQuirk;
+        // Seen before the question where there is something to see, otherwise once the file has gone.
+        EXPECT_EQ(user.confirmation.concerns.size() + support::Reasons(user.outcome).size(), 1U) << pQuirk;
+        EXPECT_EQ(Restorable(), Bin()) << pQuirk;
+    }
+}
+
 TEST_F(Fuse, CancelDoesNotWaitForWhatHangs)
 {
     const auto pThere = std::make_unique<OddFolder>(sBehind, sThere, "hangs-at-read");
@@ -183,8 +202,15 @@ TEST_F(Mounts, WhatHasNoTrashIsKnownToStayAndASecondRouteIsNot)
     const std::string sOn = tree.File("on", "");
     ASSERT_EQ(mount(sHere.c_str(), sOn.c_str(), nullptr, MS_BIND, nullptr), 0);
     EXPECT_EQ(remove({sHere}, {sOn}), desktop::Concern::NoOtherCopy);
+    ASSERT_EQ(link(sHere.c_str(), (sHere + "2").c_str()),
+              0); // a mounted file is no name, however many there are
+    EXPECT_EQ(remove({sHere}, {sOn}), desktop::Concern::NoOtherCopy);
     EXPECT_EQ(umount2(sOn.c_str(), MNT_DETACH), 0);
     EXPECT_EQ(Content(sHere), "x");
+
+    EXPECT_EQ(Run(FO_DELETE, {tree.File("trashed", "x")}), Reasons());
+    ASSERT_EQ(mount((HomeTrash() + "/files").c_str(), sVolume.c_str(), nullptr, MS_BIND, nullptr), 0);
+    EXPECT_EQ(remove({sHere}, {sVolume + "/trashed"}), desktop::Concern::NoOtherCopy);
 }
 
 TEST_F(Mounts, AVolumeHasATrashOfItsOwnUntilItIsFull)
