@@ -22,6 +22,7 @@ const std::set<std::string> kQuirks{
     "fails-at-close", // what is written becomes zeros, and only the close says so
     "hangs-at-read",  // for as long as it is mounted
     "keeps-no-change-times",
+    "numbers-all-alike",
     "renames-plainly" // knows neither a rename without replacing nor a second name for a file
 };
 
@@ -58,6 +59,9 @@ fuse_operations Operations()
         const int nResult = Result(lstat(Behind(pPath).c_str(), pStatus));
         if (g_sQuirk == "says-size-0" && S_ISREG(pStatus->st_mode)) {
             pStatus->st_size = 0;
+        }
+        if (g_sQuirk == "numbers-all-alike" && S_ISREG(pStatus->st_mode)) {
+            pStatus->st_ino = 1 << 20;
         }
         if (g_sQuirk == "keeps-no-change-times") {
             pStatus->st_ctim = pStatus->st_mtim = {pStatus->st_mtim.tv_sec, 0};
@@ -135,6 +139,7 @@ int main(int argc, char* argv[])
     // No hidden files in the place of those that are removed while they are open.
     operations.init = [](fuse_conn_info*, fuse_config* pConfig) -> void* {
         pConfig->hard_remove = 1;
+        pConfig->use_ino = g_sQuirk == "numbers-all-alike";
         return nullptr;
     };
     return fuse_main(4, aArguments, &operations, nullptr);

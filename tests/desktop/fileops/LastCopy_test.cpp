@@ -6,6 +6,7 @@
 #include "Supervisor.h"
 
 #include <fcntl.h>
+#include <sys/wait.h>
 
 namespace {
 
@@ -14,12 +15,18 @@ using namespace fileops_test;
 constexpr const char* kText = "what both hold";
 
 /// Waits for nobody who holds a lease: the process watched stands still meanwhile.
-bool Write(const std::string& sPath, int nFlags)
+bool Write(const std::string& sPath, int nFlags = 0)
 {
     const int h = open(sPath.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC | nFlags, 0600);
     const bool bWritten = h >= 0 && write(h, "WHAT both hold", 14) == 14;
     close(h);
     return bWritten;
+}
+
+bool WriteUnseen(const char* pPath)
+{
+    const timespec times[] = {StatusOf(pPath).st_atim, StatusOf(pPath).st_mtim};
+    return Write(pPath) && utimensat(AT_FDCWD, pPath, times, 0) == 0;
 }
 
 const std::pair<const char*, bool (*)(const char* pGoes, const char* pStays)> kIntrusions[] = {
@@ -37,9 +44,15 @@ const std::pair<const char*, bool (*)(const char* pGoes, const char* pStays)> kI
     {"makes it a second name of the one that goes",
      [](auto pGoes, auto pStays) { return unlink(pStays) == 0 && link(pGoes, pStays) == 0; }},
     {"writes to the one that goes and sets its time back",
+     [](auto pGoes, auto) { return WriteUnseen(pGoes); }},
+    {"writes to the one that goes as soon as it may",
      [](auto pGoes, auto) {
-         const timespec times[] = {StatusOf(pGoes).st_atim, StatusOf(pGoes).st_mtim};
-         return Write(pGoes, 0) && utimensat(AT_FDCWD, pGoes, times, 0) == 0;
+         if (fork() == 0) {
+             const int h = open(pGoes, O_WRONLY | O_CLOEXEC);
+             _exit(h >= 0 && write(h, "WHAT both hold", 14) == 14 ? 0 : 1);
+         }
+         usleep(2000); // until it waits
+         return true;
      }},
     {"makes its folder a link to that of the one that goes",
      [](auto, auto pStays) {
@@ -99,12 +112,29 @@ TEST_F(LastCopy, OutlivesWhatOthersDo)
                                 (call.sCall.find("stat") != std::string::npos && call.sPath == sStays)));
                 return 0;
             });
+            while (wait(nullptr) > 0) {
+            }
             EXPECT_TRUE(!bActed || !bSeenSince || IsLeft())
                 << each.first << ", at " << calls[nAt - 1].sCall << ' ' << calls[nAt - 1].sPath;
             for (const auto& [sPath, sContent] : Restorable()) {
                 EXPECT_EQ(sContent, kText) << each.first << ", at " << calls[nAt - 1].sCall;
             }
         }
+    }
+}
+
+TEST_F(LastCopy, IsComparedUntouchedWhereThereIsNoLease)
+{
+    for (const std::string& sPath : {sGoes, sStays}) {
+        int nReads = 0;
+        bool bActed = false;
+        Delete([&](const support::tCall& call, std::size_t) {
+            // By the second read of the copy, the bytes of both are known.
+            nReads += call.sCall == "pread64" && call.sPath == sStays;
+            bActed = bActed || (nReads == 2 && WriteUnseen(sPath.c_str()));
+            return call.sCall == "fcntl" ? EACCES : 0;
+        });
+        EXPECT_TRUE(bActed && fs::exists(sGoes) && fs::exists(sStays)) << sPath;
     }
 }
 
