@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A shortened path has the characters it is asked for, whole ones, of the right parts of the path.
+// A shortened path has the requested length, contains whole characters only, and keeps the right parts.
 
 #include "Require.h"
 #include "Utf8.h"
@@ -62,7 +62,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSi
     const auto nAny = input.ConsumeIntegral<std::int16_t>();
     const bool bNear = input.ConsumeBool();
     const std::string sPath = input.ConsumeRemainingBytesAsString();
-    // Most widths are of no interest to a path of a few characters.
+    // Most widths make no difference to a path of a few characters.
     const auto nChars = static_cast<std::int16_t>(CountChars(sPath));
     Check(sPath, bNear ? static_cast<std::int16_t>(nChars - nAny % 16) : nAny, bTrailing, cSeparator);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Moments, their calendar fields, their date values and the texts made of them all mean the same moment.
+// A time, its calendar fields, its date value and the texts formatted from them agree.
 
 #include "FileTime.h"
 #include "Require.h"
@@ -55,7 +55,7 @@ void CheckText(const tSystemTime& stTime)
     time.tm_hour = stTime.wHour;
     time.tm_min = stTime.wMinute;
     time.tm_sec = stTime.wSecond;
-    // The C library's own calendar fills in the day of the week.
+    // timegm sets the day of the week.
     std::tm calendar = time;
     timegm(&calendar);
     time.tm_wday = calendar.tm_wday;

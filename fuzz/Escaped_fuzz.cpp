@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What is shown of a name is harmless text that the name can be told from; and our view of UTF-8 is GLib's.
+// An escaped name is safe to show and identifies the name; and our UTF-8 decoder agrees with GLib's.
 
 #include "Escaped.h"
 #include "NameOf.h"
@@ -35,7 +35,7 @@ void CheckShown(const std::string& sName)
 
 void CheckUtf8(const std::string& sText)
 {
-    const bool bNul = sText.find('\0') != std::string::npos; // which GLib does not take for text
+    const bool bNul = sText.find('\0') != std::string::npos; // GLib does not accept it in a text
     const bool bValid = platform::IsValidUtf8(sText);
     Require(bNul || bValid == (g_utf8_validate_len(sText.data(), sText.size(), nullptr) != 0),
             "what is valid is valid to others");

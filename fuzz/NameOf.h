@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-/// The bytes of a name from what is shown of it. "\x" and two digits is an escape wherever it stands.
+/// The bytes of a name from its escaped form, in which "\x" and two digits are always an escape.
 inline std::string NameOf(std::string_view sShown)
 {
     std::string sName;

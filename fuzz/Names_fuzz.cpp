@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Names come back exactly from where the system keeps them: its tables, its links, its folders.
+// Names are read back exactly from the system's tables, links and folders.
 
 #include "Require.h"
 #include "RootFolders.h"
@@ -18,7 +18,7 @@ namespace {
 
 using tNames = std::set<std::string>;
 
-/// As the kernel writes a name into its table of mounts.
+/// A name as the kernel writes it into the mount table.
 std::string ByKernel(const std::string& sName)
 {
     std::string sWritten;
@@ -34,7 +34,7 @@ std::string ByKernel(const std::string& sName)
     return sWritten;
 }
 
-/// As the device manager makes the name of a link of a label.
+/// A link name as the device manager makes it from a volume label.
 std::string ByDeviceManager(const std::string& sName)
 {
     std::string sWritten;
@@ -77,7 +77,7 @@ void CheckMounts(const tNames& names)
     Require(desktop::MountedVolumes(input) == expected, "the mount points are the volumes'");
 }
 
-/// An empty folder that goes with the program.
+/// An empty folder that is removed when the program ends.
 struct tWorkFolder {
     tWorkFolder()
     {
@@ -123,7 +123,7 @@ bool IsName(const std::string& sName)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSize)
 {
     FuzzedDataProvider input(pData, nSize);
-    const bool bFolders = input.ConsumeIntegralInRange(0, 15) == 0; // the file system is slow
+    const bool bFolders = input.ConsumeIntegralInRange(0, 15) == 0; // rarely, as the file system is slow
     tNames names;
     while (input.remaining_bytes() > 0 && names.size() < 4) {
         const std::string sAny = input.ConsumeRandomLengthString(300);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Grouped digits are the digits, in groups of the sizes asked for, and as the C library groups them.
+// Grouping changes no digit, makes groups of the requested sizes, and agrees with the C library.
 
 #include "Require.h"
 #include "UserLocale.h"
@@ -15,7 +15,7 @@ namespace {
 
 constexpr char kSeparator = '\'';
 
-/// `sGroups` are taken off the end of the digits, one after the other, as the sizes ask.
+/// Splits the digits from the end into groups of the given sizes.
 void CheckGroups(const std::string& sDigits, const std::string& grouping)
 {
     std::string sLeft = desktop::GroupDigits(sDigits, std::string(1, kSeparator), grouping);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A report has one line for each row, whatever the names, and each name can be told from its line.
+// A report has one line for each row, whatever the names are, and each line identifies its name.
 
 #include "FormMembers.h"
 #include "NameOf.h"
@@ -35,7 +35,7 @@ struct tPointer final : platform::Screen {
     void SetMousePointer(platform::MousePointer /*pointer*/) override {}
 };
 
-/// The report goes to a file of our own, and then is opened.
+/// Writes the report to a file of its own instead of asking, and records that it is opened.
 struct tUser final : platform::FileDialogs, platform::Launcher {
     platform::ItemId SHBrowseForFolderA(const platform::BROWSEINFO& /*info*/) override { return {}; }
     bool SHGetPathFromIDListA(platform::ItemId /*pidl*/, std::string& /*sBuffer*/) override { return false; }
@@ -78,7 +78,7 @@ struct tWritten {
     std::string sKey;
 };
 
-/// Rows as no search leaves them, too: any mark behind any other.
+/// Rows with group marks in any order, including orders that no search produces.
 std::vector<tWritten> FillList(platform::ListItems& rows, FuzzedDataProvider& input)
 {
     std::vector<tWritten> written;
@@ -121,7 +121,7 @@ void CheckLines(std::vector<std::string> lines, const std::vector<tWritten>& row
     for (const auto& [nMark, sKey] : rows) {
         const int nPlace = nMark > search::kMarkLast ? nMark - search::kMarksGone : nMark;
         if (nPlace < search::kMarkFirst || nPlace > search::kMarkLast) {
-            continue; // a picture that marks no place in a group
+            continue; // an icon that is no group mark
         }
         Require(nPlace != search::kMarkFirst || next().empty(), "a group begins behind an empty line");
         const std::string sLine = next();
@@ -148,7 +148,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSi
     Require(program.user.sOpened.find(program.user.sPath) != std::string::npos, "the report is opened");
     std::ostringstream report;
     report << std::ifstream(program.user.sPath, std::ios::binary).rdbuf();
-    // Some file systems bring a file that is emptied and written anew to the disk at once.
+    // Some file systems write a file to disk at once if it was truncated and rewritten.
     std::filesystem::remove(program.user.sPath);
     CheckLines(Lines(report.str()), rows);
     return 0;

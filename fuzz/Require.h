@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-/// Ends the run, so that the fuzzer keeps the input, if something that must hold does not.
+/// Aborts if a required condition is false, so that the fuzzer saves the input.
 inline void Require(bool bHolds, const char* pProperty)
 {
     if (!bHolds) {

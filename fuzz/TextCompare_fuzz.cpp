@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Texts compare as letter case alone decides, and their classes are what comparing each with each gives.
+// Texts that differ only in letter case are equal, and their classes match a comparison of all pairs.
 
 #include "Require.h"
 #include "Texts.h"
@@ -23,7 +23,7 @@ std::string Folded(const std::string& sText)
     return sFolded;
 }
 
-/// `sText` with the case of some letters turned, as far as case alone is what tells them apart.
+/// `sText` with the case of some letters swapped, where the result differs by case only.
 std::string Recased(const std::string& sText, FuzzedDataProvider& input)
 {
     std::string sOther;
@@ -35,7 +35,7 @@ std::string Recased(const std::string& sText, FuzzedDataProvider& input)
     }
     for (const char* p = sText.c_str(); *p != 0; p += platform::CharLength(p)) {
         const gunichar nChar = g_utf8_get_char(p);
-        // The dotless i and the dotted I are letters of their own: case folding keeps them apart from ours.
+        // The dotless i and the dotted I are different letters; case folding does not map them to i and I.
         const bool bOwn = nChar == 0x130 || nChar == 0x131;
         const gunichar nTurned = input.ConsumeBool() ? g_unichar_toupper(nChar) : g_unichar_tolower(nChar);
         std::array<char, 6> aBytes{};
@@ -63,7 +63,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSi
     FuzzedDataProvider input(pData, nSize);
     std::string sFirst = input.ConsumeRandomLengthString(64);
     std::string sSecond = input.ConsumeRandomLengthString(64);
-    // The kernel gives no name with a NUL in it.
+    // File names contain no NUL.
     std::replace(sFirst.begin(), sFirst.end(), '\0', ' ');
     std::replace(sSecond.begin(), sSecond.end(), '\0', ' ');
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Every loop and every way of splitting the data comes to what a loop over single bits comes to.
+// Each implementation, with the data split in any way, gives the same result as a loop over single bits.
 
 #include "Require.h"
 #include "cCRC.h"
@@ -34,7 +34,7 @@ std::uint32_t BitwiseCRC16(std::uint32_t nRegister, std::span<const std::uint8_t
     return nRegister & 0xFFFFU;
 }
 
-/// The table that the byte-wise loop is given.
+/// The lookup table of the byte-wise loop.
 search::tCRCTable Table32()
 {
     search::tCRCTable table{};

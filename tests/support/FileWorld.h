@@ -4,6 +4,7 @@
 #include "Supervisor.h"
 
 #include <map>
+#include <ostream>
 #include <set>
 
 /// Two volumes with files on which an operation is carried out while something else happens, and what must
@@ -19,6 +20,8 @@ struct tScenario {
     bool bToOther = false;
     bool bReplace = false; ///< an a stands at the destination
     bool bPlain = false;   ///< the file systems rename only plainly, copy nothing, know no nameless files
+
+    friend void PrintTo(const tScenario& scenario, std::ostream* pStream) { *pStream << scenario.pName; }
 };
 
 struct tFound {
