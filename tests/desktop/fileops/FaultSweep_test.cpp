@@ -79,12 +79,15 @@ protected:
                                  sReasons.find("in the trash") == sReasons.npos;
             sWrong += bUnsaid ? "what was to be replaced has gone unsaid; " : "";
         }
+        const std::string sFailed = fault.nAt > 0 ? calls[fault.nAt - 1].sCall : "";
         if (!fault.bStays && sReasons.find("hidden") == sReasons.npos && !world.LeftBehind().empty()) {
-            world.RunNext();
+            // Only what could not be removed or looked at is left to the next run.
+            if (sFailed.starts_with("unlink") || sFailed == "newfstatat") {
+                world.RunNext();
+            }
             sWrong += world.LeftBehind();
         }
         // Nothing shows afterwards that a file has not reached the disk.
-        const std::string sFailed = fault.nAt > 0 ? calls[fault.nAt - 1].sCall : "";
         const bool bUnsure =
             (fault.nError == EIO || fault.nError == ENOSPC) && sFailed.find("sync") != sFailed.npos;
         return sWrong + (bUnsure && sReasons.empty() ? "not synced and not named; " : "");
