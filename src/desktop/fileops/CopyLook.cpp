@@ -127,8 +127,8 @@ tEnding CopyLook::After()
 tEnding CopyLook::StillThere() const
 {
     const bool bStays = IsStill(LookAt(m_held->file.Get()), m_held->place.Expected()).IsDone() &&
-                        m_held->place.IsStillThere().IsDone() &&
-                        !(m_copy && IsTouched(m_copy->h, m_copy->before));
+                        !(m_copy && IsTouched(m_copy->h, m_copy->before)) &&
+                        m_held->place.IsStillThere().IsDone();
     return bStays
                ? tEnding()
                : tEnding::Spared(m_held->sPath + ", which was to stay, has gone or changed in the meantime.");

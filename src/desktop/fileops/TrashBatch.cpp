@@ -24,6 +24,13 @@ TrashBatch::tResult NotDone(int nError)
     return {tEnding::NotDone(Reason(nError, Step::Note)), TrashBatch::tResult::Next::Ended};
 }
 
+int SyncNames(const HeldFolder& folder)
+{
+    const Descriptor open = Reopened(folder.Get());
+    // Some file systems do not support this for folders and return EINVAL.
+    return !open.IsOpen() || (Retried([&] { return fsync(open.Get()); }) != 0 && errno != EINVAL) ? errno : 0;
+}
+
 } // namespace
 
 TrashBatch::TrashBatch(TrashFolder& trash, std::vector<const HeldFile*> files)
@@ -97,9 +104,12 @@ int TrashBatch::Sync(bool bAll)
         }
         return nError;
     }
-    const Descriptor info = Reopened(m_trash.Info().Get());
-    // Some file systems do not support this for folders and return EINVAL.
-    return !info.IsOpen() || (Retried([&] { return fsync(info.Get()); }) != 0 && errno != EINVAL) ? errno : 0;
+    return SyncNames(m_trash.Info());
+}
+
+int TrashBatch::SyncFiles() const
+{
+    return SyncNames(*m_trash.Files());
 }
 
 /// True if the note exists and has the right content.

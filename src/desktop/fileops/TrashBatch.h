@@ -45,6 +45,10 @@ public:
     /// Moves file `n` to the trash, if possible and if `pLastLook`, which may be null, has no objection.
     tResult Go(std::size_t n, LastLook* pLastLook);
 
+    /// Syncs the names of the files in the trash to disk. Otherwise a file system may lose them in a power
+    /// failure but not the removal of the record of their notes. Returns 0 or the error number.
+    [[nodiscard]] int SyncFiles() const;
+
     /// The name of file `n` in the trash.
     [[nodiscard]] const std::string& NameOf(std::size_t n) const { return m_notes[n].sName; }
 

@@ -126,7 +126,12 @@ tEnding TrashCan::Put(const HeldFile& file, tTrashed& trashed)
         TrashBatch::tResult result = batch.Go(0, nullptr);
         trashed.sName = batch.NameOf(0);
         if (!IsToBeTried(way, result)) {
-            return Ending(std::move(result));
+            tEnding ending = Ending(std::move(result));
+            const int nError = ending.IsDone() ? batch.SyncFiles() : 0;
+            return nError == 0
+                       ? ending
+                       : tEnding::NotDone(Reason(nError, Step::Trash) +
+                                          (PutBack(trashed, file.Entry()) ? "" : " It is in the trash."));
         }
     }
 }

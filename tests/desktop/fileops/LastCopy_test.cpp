@@ -43,6 +43,11 @@ const std::pair<const char*, bool (*)(const char* pGoes, const char* pStays)> kI
      [](auto pGoes, auto pStays) { return unlink(pStays) == 0 && symlink(pGoes, pStays) == 0; }},
     {"makes it a second name of the one that goes",
      [](auto pGoes, auto pStays) { return unlink(pStays) == 0 && link(pGoes, pStays) == 0; }},
+    {"throws its folder away",
+     [](auto, auto pStays) {
+         const std::string sFolder = fs::path(pStays).parent_path();
+         return rename(sFolder.c_str(), (HomeTrash() + "/stays").c_str()) == 0;
+     }},
     {"writes to the one that goes and sets its time back",
      [](auto pGoes, auto) { return WriteUnseen(pGoes); }},
     {"writes to the one that goes as soon as it may",

@@ -235,4 +235,24 @@ TEST_F(Transfer, WithoutMemoryTheWorkEndsAndTheProgramDoesNot)
     EXPECT_EQ(desktop::ThreadsLeftBehind(), 0);
 }
 
+TEST_F(Transfer, AFileWrittenToWhileItIsCopiedIsNoCopy)
+{
+    const std::string sSource = tree.File("a", std::string(5 << 20, 'a')); // more than is copied in one piece
+    const std::string sTo = Folder("to");
+    usleep(5000); // until the clock that the system stamps files with has moved on
+    const auto work = [&] {
+        Run(FO_COPY, {sSource}, sTo);
+        return support::Reasons(user.outcome)["a"];
+    };
+    std::size_t nPieces = 0;
+    const auto run = support::Supervise({tree.sRoot}, work, [&](const support::tCall& call, std::size_t) {
+        if (call.sCall == "copy_file_range" && ++nPieces == 2) {
+            std::fstream(sSource) << 'b';
+        }
+        return 0;
+    });
+    EXPECT_EQ(run.sSaid, "It has changed in the meantime.");
+    EXPECT_EQ(Contents(sTo), Reasons());
+}
+
 } // namespace
