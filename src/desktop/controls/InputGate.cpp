@@ -81,16 +81,18 @@ bool InputGate::eventFilter(QObject* pWatched, QEvent* pEvent)
     if (pEvent->type() == QEvent::WindowBlocked) {
         EndPress(); // a modal window takes over the input
     }
+    // The second press of a double click has a type of its own.
+    const bool bPress =
+        pEvent->type() == QEvent::MouseButtonPress || pEvent->type() == QEvent::MouseButtonDblClick;
     if (m_form.Enabled() || m_bEndsPress) {
-        if (bWidget && pEvent->type() == QEvent::MouseButtonPress) {
+        if (bWidget && bPress) {
             NotePress(*static_cast<QWidget*>(pWatched), *static_cast<QMouseEvent*>(pEvent));
         } else if (bWidget && pEvent->type() == QEvent::MouseButtonRelease) {
             m_pressed = nullptr;
         }
         return false;
     }
-    if (pEvent->type() == QEvent::WindowActivate ||
-        (pEvent->type() == QEvent::MouseButtonPress && !bWidget)) {
+    if (pEvent->type() == QEvent::WindowActivate || (bPress && !bWidget)) {
         QMetaObject::invokeMethod(this, &InputGate::ShowOwned, Qt::QueuedConnection);
     }
     // The toolkit must get the release of a button, but no widget may.

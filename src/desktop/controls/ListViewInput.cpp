@@ -110,7 +110,16 @@ void ListViewWidget::mouseDoubleClickEvent(QMouseEvent* pEvent)
 {
     if (pEvent->button() != Qt::LeftButton) {
         mousePressEvent(pEvent);
-    } else if (m_list.DblClick) {
+        return;
+    }
+    if (RowUnder(pEvent->position().toPoint()) == RowUnder(m_pressed)) {
+        TellMouse(m_list.MouseDown, *pEvent);
+    } else {
+        // The second press was on another row, or on none.
+        mousePressEvent(pEvent);
+        EndDrag();
+    }
+    if (m_list.DblClick) {
         m_list.DblClick();
     }
 }
