@@ -20,6 +20,7 @@ const std::set<std::string> kQuirks{
     "none",
     "says-size-0",    // of every file, also of those with contents
     "fails-at-close", // what is written becomes zeros, and only the close says so
+    "follows-links",  // and gives each name a number of its own
     "hangs-at-read",  // for as long as it is mounted
     "keeps-no-change-times",
     "numbers-all-alike",
@@ -56,7 +57,8 @@ fuse_operations Operations()
 {
     fuse_operations o{};
     o.getattr = [](const char* pPath, struct stat* pStatus, fuse_file_info*) {
-        const int nResult = Result(lstat(Behind(pPath).c_str(), pStatus));
+        const bool bFollow = g_sQuirk == "follows-links";
+        const int nResult = Result((bFollow ? stat : lstat)(Behind(pPath).c_str(), pStatus));
         if (g_sQuirk == "says-size-0" && S_ISREG(pStatus->st_mode)) {
             pStatus->st_size = 0;
         }

@@ -2,9 +2,11 @@
 #include "CopyLook.h"
 
 #include "Reasons.h"
+#include "Retried.h"
 
 #include <cerrno>
 #include <fcntl.h>
+#include <unistd.h>
 #include <utility>
 
 namespace desktop {
@@ -112,11 +114,12 @@ tEnding CopyLook::Compare()
 
 tEnding CopyLook::After()
 {
+    const bool bFound = !m_goes || IsFoundAgain();
     tEnding ending = m_held ? StillThere() : tEnding();
-    if (m_goes && ending.IsDone() && m_goes->lease.IsOpenForWriting()) {
+    if (ending.IsDone() && m_goes && m_goes->lease.IsOpenForWriting()) {
         ending = tEnding::Spared(kWritten);
     }
-    if (m_held && ending.IsDone() && !IsFoundAgain()) {
+    if (ending.IsDone() && !bFound) {
         ending = tEnding::Spared(m_held->sPath + ", which was to stay, is this file on another route.");
     }
     Release();
@@ -134,17 +137,16 @@ tEnding CopyLook::StillThere() const
                : tEnding::Spared(m_held->sPath + ", which was to stay, has gone or changed in the meantime.");
 }
 
-/// False if the copy was only a view of the file that has gone. A file system such as FUSE or a network may
-/// still answer a look from its memory, but not an open.
+/// False if the copy was only another route to the file that has gone. A file system such as FUSE or a
+/// network may invent a number for each name, and may answer a look from its memory, but not a read.
 bool CopyLook::IsFoundAgain() const
 {
     const tFileIdentity& expected = m_held->place.Expected();
-    if (expected.nDevice == m_pFile->Expected().nDevice) {
-        return true;
-    }
     int nError = 0;
     const Descriptor again = m_held->place.Entry().Open(O_RDONLY | O_NONBLOCK, nError);
-    return again.IsOpen() && IsStill(LookAt(again.Get()), expected).IsDone();
+    char first = 0;
+    return again.IsOpen() && IsStill(LookAt(again.Get()), expected).IsDone() &&
+           (expected.cySize == 0 || Retried([&] { return pread(again.Get(), &first, 1, 0); }) == 1);
 }
 
 void CopyLook::Release()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "StayingCopies.h"
 
+#include "HiddenName.h"
 #include "Texts.h"
 
 #include <algorithm>
@@ -73,8 +74,10 @@ void StayingCopies::LookAtStaying(const platform::tShownFile& shown, std::size_t
     const FolderEntry entry(m_folders.Get(std::string(shown.sFolder.View())),
                             std::string(shown.sName.View()));
     const tLook look = entry.Look();
-    if (IsRegular(look).IsDone() && !m_trashes.Contain(entry.Folder().Path()) && !IsGoing(entry, look) &&
-        !IsViewOfGoing(entry, look)) {
+    // A temporary copy that another run has left behind will be removed.
+    const bool bTemporary = IsHiddenName(entry.Name().sName, HiddenKind::Copy);
+    if (IsRegular(look).IsDone() && !bTemporary && !m_trashes.Contain(entry.Folder().Path()) &&
+        !IsGoing(entry, look) && !IsViewOfGoing(entry, look)) {
         group.Add({look.Identity(), IsAsShown(look.Identity(), shown)}, nPlace);
     }
 }
@@ -119,6 +122,10 @@ bool StayingCopies::IsViewOfGoing(const FolderEntry& entry, const tLook& look)
         return false;
     }
     const tFileIdentity seen = look.Identity();
+    // Without times of change of their own, files that were copied with their times have the same, too.
+    if (look.status.st_ctim.tv_nsec == 0 && look.status.st_ctim.tv_sec == seen.nSeconds) {
+        return false;
+    }
     const auto [first, last] = m_byChange.equal_range(ChangeOf(look.status.st_ctim));
     return std::any_of(first, last, [&](const auto& each) {
         const tPlannedFile& file = m_files[each.second];

@@ -100,40 +100,31 @@ TEST_F(Fuse, NothingIsReplacedWhereRenamesReplace)
     EXPECT_EQ(Contents(sBehind).size(), 1U);
 }
 
-TEST_F(Fuse, AViewOfAFileIsNoCopyOfIt)
+TEST_F(Fuse, AnotherRouteToAFileIsNoCopyOfIt)
 {
-    for (const bool bSeenBefore : {true, false}) { // or only once the file has gone
-        const char* const pQuirk = bSeenBefore ? "none" : "keeps-no-change-times";
-        const OddFolder there(sBehind, sThere, pQuirk);
-        const std::string sGoes = tree.File("behind/a", "content");
-        OneGroup rows({sThere + "/a"});
+    const std::string sVolume = other.sRoot; // below /dev, where the home may be, a volume has no trash
+    ASSERT_EQ(symlink("a", (sBehind + "/b").c_str()), 0);
+    const std::tuple<const char*, std::string, std::string, std::string, bool> cases[] = {
+        {"none", sThere, sBehind + "/a", sThere + "/a", true},
+        {"keeps-no-change-times", sThere, sBehind + "/a", sThere + "/a", false},
+        {"follows-links", sVolume, sVolume + "/a", sVolume + "/b", false},
+        {"numbers-all-alike", sVolume, sVolume + "/a", sVolume + "/c", true}};
+    for (const auto& [pQuirk, sMounted, sGoes, sStays, bSeenBefore] : cases) { // or once it has gone
+        SCOPED_TRACE(pQuirk);
+        const OddFolder there(sBehind, sMounted, pQuirk);
+        tree.File("behind/a", "content");
+        tree.File("behind/c", "CONTENT");
+        OneGroup rows({sStays});
         user.consent = desktop::Consent::WithCopy;
         user.confirmation = {};
         user.outcome = {};
         desktop::ShellFileOperations operations(user, true);
         operations.UseGroups(rows);
         EXPECT_EQ(operations.SHFileOperationA(support::Request(FO_DELETE, {sGoes})), 0);
-        EXPECT_EQ(Content(sGoes), "content") << pQuirk;
+        EXPECT_EQ(Content(sGoes), "content");
         EXPECT_EQ(user.confirmation.concerns.size(), bSeenBefore ? 1U : 0U);
         EXPECT_EQ(support::Reasons(user.outcome).size(), bSeenBefore ? 0U : 1U);
-        EXPECT_EQ(Restorable(), Bin()) << pQuirk;
     }
-}
-
-TEST_F(Fuse, OneNumberForAllFilesDoesNotMakeThemOne)
-{
-    const std::string sVolume = other.sRoot; // below /dev, where the home may be, a volume has no trash
-    const OddFolder there(sBehind, sVolume, "numbers-all-alike");
-    tree.File("behind/a", "content");
-    tree.File("behind/b", "CONTENT");
-    OneGroup rows({sVolume + "/b"});
-    user.consent = desktop::Consent::WithCopy;
-    desktop::ShellFileOperations operations(user, true);
-    operations.UseGroups(rows);
-    EXPECT_EQ(operations.SHFileOperationA(support::Request(FO_DELETE, {sVolume + "/a"})), 0);
-    ASSERT_EQ(user.confirmation.concerns.size(), 1U);
-    EXPECT_EQ(user.confirmation.concerns.front().concern, desktop::Concern::NoOtherCopy);
-    EXPECT_EQ(Content(sVolume + "/a"), "content");
 }
 
 TEST_F(Fuse, CancelDoesNotWaitForWhatHangs)
