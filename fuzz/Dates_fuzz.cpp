@@ -3,7 +3,7 @@
 
 #include "FileTime.h"
 #include "Require.h"
-#include "UserLocale.h"
+#include "Texts.h"
 
 #include <array>
 #include <clocale>
@@ -46,8 +46,7 @@ void CheckLocal(std::int64_t nSeconds, const char* pZone)
 
 void CheckText(const tSystemTime& stTime)
 {
-    const auto& locale = desktop::UserLocale::Get();
-    const std::string sText = locale.DateTime(stTime);
+    const std::string sText = platform::FormatDateTime(platform::DateValue(stTime));
     std::tm time{};
     time.tm_year = stTime.wYear - 1900;
     time.tm_mon = stTime.wMonth - 1;

@@ -2,7 +2,7 @@
 // Grouping changes no digit, makes groups of the requested sizes, and agrees with the C library.
 
 #include "Require.h"
-#include "UserLocale.h"
+#include "Texts.h"
 
 #include <algorithm>
 #include <array>
@@ -18,7 +18,7 @@ constexpr char kSeparator = '\'';
 /// Splits the digits from the end into groups of the given sizes.
 void CheckGroups(const std::string& sDigits, const std::string& grouping)
 {
-    std::string sLeft = desktop::GroupDigits(sDigits, std::string(1, kSeparator), grouping);
+    std::string sLeft = platform::GroupDigits(sDigits, std::string(1, kSeparator), grouping);
     std::string sJoined = sLeft;
     std::erase(sJoined, kSeparator);
     Require(sJoined == sDigits, "the digits stay");
@@ -51,7 +51,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSi
     const auto nNumber = input.ConsumeIntegral<std::int64_t>() >> input.ConsumeIntegralInRange(0, 63);
     std::array<char, 128> aText{};
     std::snprintf(aText.data(), aText.size(), "%'lld", static_cast<long long>(nNumber));
-    Require(desktop::UserLocale::Get().Number(nNumber) == aText.data(), "as the C library groups");
+    Require(platform::FormatNumber(nNumber) == aText.data(), "as the C library groups");
 
     std::string grouping;
     while (input.remaining_bytes() > 0 && grouping.size() < 8) {

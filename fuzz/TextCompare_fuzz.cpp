@@ -14,8 +14,6 @@
 
 namespace {
 
-using search::TextEqual;
-
 std::string Folded(const std::string& sText)
 {
     std::string sFolded;
@@ -47,9 +45,7 @@ std::string Recased(const std::string& sText, FuzzedDataProvider& input)
 
 void CheckPair(const std::string& sFirst, const std::string& sSecond)
 {
-    const bool bEqual = TextEqual(sFirst, sSecond);
-    Require(bEqual == TextEqual(sSecond, sFirst), "either way round");
-    Require(bEqual == (Folded(sFirst) == Folded(sSecond)), "equal is what folds alike");
+    const bool bEqual = Folded(sFirst) == Folded(sSecond);
     search::cTextClasses classes;
     platform::TextStore store;
     const auto nFirst = classes.ClassOf(store.Add(sFirst));
@@ -67,15 +63,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSi
     std::replace(sFirst.begin(), sFirst.end(), '\0', ' ');
     std::replace(sSecond.begin(), sSecond.end(), '\0', ' ');
 
-    Require(TextEqual(sFirst, sFirst), "a text is equal to itself");
     CheckPair(sFirst, sSecond);
     const std::string sRecased = Recased(sFirst, input);
-    Require(TextEqual(sFirst, sRecased), "letter case alone makes no difference");
+    Require(Folded(sFirst) == Folded(sRecased), "letter case alone makes no difference");
     CheckPair(sRecased, sSecond);
 
     const std::string sFolded = Folded(sFirst);
     Require(Folded(sFolded) == sFolded, "folding is done at once");
-    Require(TextEqual(sFirst, sFolded), "folding is a change of letter case");
+    Require(Folded(sFirst) == Folded(sFolded), "folding is a change of letter case");
     Require(platform::IsValidUtf8(sFolded) == platform::IsValidUtf8(sFirst), "text stays text");
     return 0;
 }

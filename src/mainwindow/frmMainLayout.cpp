@@ -34,9 +34,7 @@ void frmMain::DesignControls()
         control.sSpokenName = pSpokenName;
         form.controls.push_back(&control);
     }
-    lvFolders.ShowsSelectionAlways = true;
     lvFolders.BackColor = platform::SystemColor::InfoBackground;
-    lvFiles.ShowsSelectionAlways = true;
     lvFiles.MultiSelect = true;
     lvFake.SetVisible(false);
     picSep.SetSizesNorthSouth(true);

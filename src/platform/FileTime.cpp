@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <cmath>
+#include <ctime>
 
 namespace platform {
 namespace {
@@ -27,6 +28,17 @@ tSystemTime Split(std::chrono::sys_days day, std::int64_t nSecondOfDay)
 
 } // namespace
 
+bool FileTimeToLocalFileTime(tFileTime& ftTime)
+{
+    const std::time_t nTime = ftTime.nSeconds;
+    std::tm local{};
+    if (localtime_r(&nTime, &local) == nullptr) {
+        return false;
+    }
+    ftTime.nSeconds += local.tm_gmtoff;
+    return true;
+}
+
 bool FileTimeToSystemTime(const tFileTime& ftTime, tSystemTime& stTime)
 {
     std::int64_t nDay = ftTime.nSeconds / kSecondsPerDay;
@@ -40,6 +52,15 @@ bool FileTimeToSystemTime(const tFileTime& ftTime, tSystemTime& stTime)
     }
     stTime = Split(std::chrono::sys_days{std::chrono::days{nDay}}, nSecondOfDay);
     return true;
+}
+
+std::optional<tSystemTime> LocalTime(tFileTime ftTime)
+{
+    tSystemTime stTime;
+    if (!FileTimeToLocalFileTime(ftTime) || !FileTimeToSystemTime(ftTime, stTime)) {
+        return std::nullopt;
+    }
+    return stTime;
 }
 
 double DateValue(const tSystemTime& stTime)
@@ -63,6 +84,12 @@ tSystemTime SplitDateValue(double dtDate)
         ++nDays;
     }
     return Split(kDayZero + std::chrono::days{nDays}, nSecondOfDay);
+}
+
+double Now()
+{
+    const auto stNow = LocalTime({std::time(nullptr)});
+    return stNow ? DateValue(*stNow) : 0;
 }
 
 } // namespace platform

@@ -34,4 +34,7 @@ double DateValue(const tSystemTime& stTime);
 /// The split time of a date value, to the second.
 tSystemTime SplitDateValue(double dtDate);
 
+/// The current local time as a date value.
+double Now();
+
 } // namespace platform

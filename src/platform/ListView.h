@@ -76,8 +76,7 @@ public:
     void AddColumn(const std::string& sHeader, Alignment alignment, float width,
                    Ellipsis ellipsis = Ellipsis::AtEnd);
 
-    bool MultiSelect = false;          ///< several rows can be selected at once
-    bool ShowsSelectionAlways = false; ///< shows the selection without the focus, too
+    bool MultiSelect = false; ///< several rows can be selected at once
     SystemColor BackColor = SystemColor::WindowBackground;
 
     /// The current row. The first row added to an empty list becomes current without being selected.

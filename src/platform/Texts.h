@@ -17,13 +17,10 @@ std::string FormatNumber(std::int64_t nNumber);
 /// `dtDate`, in days since 30 December 1899, in the user's formats: short date, one blank, long time.
 std::string FormatDateTime(double dtDate);
 
-/// The current local time, in days since 30 December 1899.
-double Now();
-
-/// Writes the system's message for an error code, and a NUL, over the start of `sBuffer`, truncated to its
-/// size. Writes nothing for a code without a message. The only flag is FORMAT_MESSAGE_FROM_SYSTEM; the
-/// language is always the user's.
-inline constexpr unsigned FORMAT_MESSAGE_FROM_SYSTEM = 4096;
-void FormatMessageA(unsigned dwFlags, long dwMessageId, unsigned dwLanguageId, std::string& sBuffer);
+/// Inserts `sSeparator` between the groups of digits of a whole number. `grouping` holds the group sizes from
+/// the right, as in struct lconv: the last one applies to all remaining groups, and CHAR_MAX ends the
+/// grouping.
+std::string GroupDigits(const std::string& sDigits, const std::string& sSeparator,
+                        const std::string& grouping);
 
 } // namespace platform

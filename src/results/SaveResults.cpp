@@ -2,6 +2,7 @@
 #include "SaveResults.h"
 
 #include "Escaped.h"
+#include "FileTime.h"
 #include "FormMembers.h"
 #include "System.h"
 #include "Texts.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "mAPIError.h"
 
-#include "Texts.h"
+#include "SystemMessages.h"
 
 namespace results {
 

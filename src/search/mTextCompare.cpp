@@ -24,16 +24,4 @@ void FoldText(std::string_view sText, std::string& sFolded)
     }
 }
 
-bool TextEqual(std::string_view sFirst, std::string_view sSecond)
-{
-    if (sFirst == sSecond) {
-        return true;
-    }
-    std::string sFirstFolded;
-    std::string sSecondFolded;
-    FoldText(sFirst, sFirstFolded);
-    FoldText(sSecond, sSecondFolded);
-    return sFirstFolded == sSecondFolded;
-}
-
 } // namespace search

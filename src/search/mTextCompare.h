@@ -13,7 +13,4 @@ void FoldText(std::string_view sText, std::string& sFolded);
 /// `sText` with ASCII letters in lower case and all other bytes unchanged.
 void FoldAscii(std::string_view sText, std::string& sFolded);
 
-/// True if the texts are equal by the rules of FoldText.
-bool TextEqual(std::string_view sFirst, std::string_view sSecond);
-
 } // namespace search

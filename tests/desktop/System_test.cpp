@@ -5,10 +5,10 @@
 #include "PosixTextFiles.h"
 #include "PosixVolumes.h"
 #include "RootFolders.h"
+#include "SystemMessages.h"
 #include "TempTree.h"
 #include "Texts.h"
 #include "Unescaped.h"
-#include "UserLocale.h"
 #include "VolumeLabel.h"
 
 #include <climits>
@@ -117,7 +117,7 @@ TEST(SystemMessages, AreWrittenOverTheBuffer)
 
 TEST(GroupDigits, GroupsFromTheRightAsTheLocaleSays)
 {
-    using desktop::GroupDigits;
+    using platform::GroupDigits;
     EXPECT_EQ(GroupDigits("999", ",", "\3"), "999");
     EXPECT_EQ(GroupDigits("1000", ",", "\3\3"), "1,000");
     EXPECT_EQ(GroupDigits("12345678", "\xE2\x80\xAF", "\3"), "12\u202F345\u202F678");

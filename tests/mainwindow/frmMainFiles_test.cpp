@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "FileTime.h"
 #include "MainWindow.h"
 #include "Texts.h"
 #include "mAPIError.h"

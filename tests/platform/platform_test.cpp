@@ -115,7 +115,10 @@ TEST(TextCompare, IgnoresLetterCase)
         {"ab", "abc", false},
     };
     for (const auto& [sLeft, sRight, bEqual] : cases) {
-        EXPECT_EQ(search::TextEqual(sLeft, sRight), bEqual) << sLeft << " " << sRight;
+        std::string sLeftFolded, sRightFolded;
+        search::FoldText(sLeft, sLeftFolded);
+        search::FoldText(sRight, sRightFolded);
+        EXPECT_EQ(sLeftFolded == sRightFolded, bEqual) << sLeft << " " << sRight;
     }
 }
 

@@ -67,6 +67,14 @@ public:
     std::string sLabels;           ///< what is shown at the end; empty if nothing was compared
 
 private:
+    static bool SameText(const std::string& sLeft, const std::string& sRight)
+    {
+        std::string sLeftFolded, sRightFolded;
+        search::FoldText(sLeft, sLeftFolded);
+        search::FoldText(sRight, sRightFolded);
+        return sLeftFolded == sRightFolded;
+    }
+
     static bool StoppedAfterYield()
     {
         platform::DoEvents();
@@ -82,7 +90,7 @@ private:
                 return;
             }
             tEntry& right = table[j];
-            if (search::TextEqual(left.sPath + left.sName, right.sPath + right.sName)) {
+            if (SameText(left.sPath + left.sName, right.sPath + right.sName)) {
                 right.bDone = true;
             }
             if (right.bDone || !Match(left, right)) {
@@ -101,7 +109,7 @@ private:
     [[nodiscard]] bool Match(tEntry& left, tEntry& right) const
     {
         if (m_key != search::PairKey::Size) {
-            return search::TextEqual(left.sName, right.sName) &&
+            return SameText(left.sName, right.sName) &&
                    (m_key == search::PairKey::Name || left.cySize == right.cySize);
         }
         if (left.cySize != right.cySize) {

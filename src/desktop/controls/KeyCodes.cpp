@@ -40,37 +40,15 @@ int LetterAt(quint32 nScanCode)
 int VirtualKey(const QKeyEvent& event)
 {
     constexpr int kLastLatin = 0xFF;
-    constexpr int kKeyF1 = 112;
     const int nKey = event.key();
     if (nKey > kLastLatin && nKey < Qt::Key_Escape) {
         return LetterAt(event.nativeScanCode());
     }
-    if ((nKey >= Qt::Key_A && nKey <= Qt::Key_Z) || (nKey >= Qt::Key_0 && nKey <= Qt::Key_9) ||
-        nKey == Qt::Key_Space) {
+    if (nKey >= Qt::Key_A && nKey <= Qt::Key_Z) {
         return nKey;
     }
-    if (nKey >= Qt::Key_F1 && nKey <= Qt::Key_F24) {
-        return nKey - Qt::Key_F1 + kKeyF1;
-    }
-    constexpr std::array<std::pair<int, int>, 17> kKeys = {{
-        {Qt::Key_Backspace, 8},
-        {Qt::Key_Tab, 9},
-        {Qt::Key_Return, 13},
-        {Qt::Key_Enter, 13},
-        {Qt::Key_Shift, 16},
-        {Qt::Key_Control, 17},
-        {Qt::Key_Alt, 18},
-        {Qt::Key_Escape, 27},
-        {Qt::Key_PageUp, 33},
-        {Qt::Key_PageDown, 34},
-        {Qt::Key_End, 35},
-        {Qt::Key_Home, 36},
-        {Qt::Key_Left, 37},
-        {Qt::Key_Up, 38},
-        {Qt::Key_Right, 39},
-        {Qt::Key_Down, 40},
-        {Qt::Key_Delete, 46},
-    }};
+    constexpr std::array<std::pair<int, int>, 4> kKeys = {
+        {{Qt::Key_Shift, 16}, {Qt::Key_Control, 17}, {Qt::Key_Alt, 18}, {Qt::Key_Delete, 46}}};
     const auto* const pFound =
         std::find_if(kKeys.begin(), kKeys.end(), [&](const auto& each) { return each.first == nKey; });
     return pFound == kKeys.end() ? 0 : pFound->second;

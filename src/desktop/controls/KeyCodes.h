@@ -7,8 +7,8 @@ class QKeyEvent;
 
 namespace desktop {
 
-/// The virtual key code of a key, as used by the program; 0 for keys without one. On a non-Latin keyboard
-/// layout, a letter key has the code of the Latin letter at its position.
+/// The virtual key code of a key that the program knows: letters, modifier keys and Delete; 0 for others. On
+/// a non-Latin keyboard layout, a letter key has the code of the Latin letter at its position.
 int VirtualKey(const QKeyEvent& event);
 
 /// The held modifier keys, as the program's bit mask.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "LaunchCode.h"
 
-#include "Texts.h"
+#include "SystemMessages.h"
 
 #include <algorithm>
 #include <array>
@@ -76,13 +76,8 @@ long WhyMissing(const std::string& sPath)
 
 std::string CodeInWords(long nCode)
 {
-    if (nCode == kNoTerminal) {
-        return "It runs in a terminal, and none is installed.";
-    }
-    constexpr std::size_t kLongestText = 255;
-    std::string sText(kLongestText, '\0');
-    platform::FormatMessageA(platform::FORMAT_MESSAGE_FROM_SYSTEM, nCode, 0, sText);
-    return sText.substr(0, sText.find('\0'));
+    return nCode == kNoTerminal ? "It runs in a terminal, and none is installed."
+                                : platform::SystemMessage(nCode);
 }
 
 } // namespace desktop

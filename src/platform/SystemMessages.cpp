@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "SystemMessages.h"
+
 #include "Launching.h"
-#include "Texts.h"
 #include "Utf8.h"
 
 #include <array>
@@ -9,21 +10,6 @@
 
 namespace platform {
 namespace {
-
-/// The system's message for an error code; empty for an unknown code.
-std::string SystemText(long nCode)
-{
-    // This code is the shell's own: the system's message for the same number is about links.
-    if (nCode == SE_ERR_NOASSOC) {
-        return "No application is registered for files of this kind.";
-    }
-    // strerrordesc_np tells which codes exist, the other function returns the text in the user's language.
-    if (nCode < 0 || nCode > INT_MAX || strerrordesc_np(static_cast<int>(nCode)) == nullptr) {
-        return {};
-    }
-    std::array<char, 256> text{};
-    return strerror_r(static_cast<int>(nCode), text.data(), text.size());
-}
 
 /// The longest prefix of `sText` of whole characters that fits in `nBytes` bytes.
 std::string_view Cut(std::string_view sText, std::size_t nBytes)
@@ -37,10 +23,24 @@ std::string_view Cut(std::string_view sText, std::size_t nBytes)
 
 } // namespace
 
+std::string SystemMessage(long nCode)
+{
+    // This code is the shell's own: the system's message for the same number is about links.
+    if (nCode == SE_ERR_NOASSOC) {
+        return "No application is registered for files of this kind.";
+    }
+    // strerrordesc_np tells which codes exist, the other function returns the text in the user's language.
+    if (nCode < 0 || nCode > INT_MAX || strerrordesc_np(static_cast<int>(nCode)) == nullptr) {
+        return {};
+    }
+    std::array<char, 256> text{};
+    return strerror_r(static_cast<int>(nCode), text.data(), text.size());
+}
+
 void FormatMessageA(unsigned dwFlags, long dwMessageId, unsigned /*dwLanguageId*/, std::string& sBuffer)
 {
     const std::string sText =
-        (dwFlags & FORMAT_MESSAGE_FROM_SYSTEM) != 0 ? SystemText(dwMessageId) : std::string();
+        (dwFlags & FORMAT_MESSAGE_FROM_SYSTEM) != 0 ? SystemMessage(dwMessageId) : std::string();
     if (sText.empty() || sBuffer.empty()) {
         return;
     }
