@@ -2,6 +2,7 @@
 // Measures how long the user waits for a list with very many rows: listrun [ROWS]. Each action is timed until
 // the list has been repainted. Without a display it runs off screen.
 
+#include "GroupMarks.h"
 #include "ListView.h"
 #include "ListViewWidget.h"
 #include "Memory.h"
@@ -45,14 +46,14 @@ std::size_t Fill(platform::ListView& list, std::size_t nRows)
         nNames += sName.size();
         const std::size_t nInGroup = n % kGroup;
         auto item = *list.ListItems.Add(sPath + sName, sName,
-                                        nInGroup == 0 ? search::kMarkFirst : search::kMarkMiddle);
+                                        nInGroup == 0 ? platform::kMarkFirst : platform::kMarkMiddle);
         item.SetSubItems(search::kSizeColumn,
                          platform::FormatNumber(static_cast<std::int64_t>(n * 7919 % 9'999'999)));
         constexpr double kDay = 40'000; // in 2009
         item.SetSubItems(search::kDateColumn, platform::FormatDateTime(kDay + static_cast<double>(n) / 97));
         item.SetSubItems(search::kFolderColumn, sPath);
         if (nInGroup == kGroup - 1) {
-            item.SetSmallIcon(search::kMarkLast);
+            item.SetSmallIcon(platform::kMarkLast);
         }
     }
     return nNames;

@@ -2,6 +2,7 @@
 // Measures the cost of the file operations: deleting compared with plain GIO calls, copying compared with cp.
 
 #include "FolderEntry.h"
+#include "GroupMarks.h"
 #include "ListView.h"
 #include "OperationDialogs.h"
 #include "ShellFileOperations.h"
@@ -146,8 +147,8 @@ public:
     /// `sPath` goes, `sCopy` stays.
     void Add(const std::string& sPath, const std::string& sCopy)
     {
-        AddRow(sCopy, search::kMarkFirst);
-        AddRow(sPath, search::kMarkLast).SetSelected(true);
+        AddRow(sCopy, platform::kMarkFirst);
+        AddRow(sPath, platform::kMarkLast).SetSelected(true);
     }
 
     platform::tFileGroups GroupsOf(std::span<const std::string> paths) override

@@ -2,6 +2,7 @@
 // Runs one search over the folders on the command line, without a window.
 
 #include "Escaped.h"
+#include "GroupMarks.h"
 #include "HeadlessForms.h"
 #include "PosixFiles.h"
 #include "SearchWorkers.h"
@@ -122,7 +123,7 @@ void PrintRows(platform::ListItems& rows)
 {
     for (std::size_t n = 1; n <= rows.Count(); ++n) {
         std::cout << platform::Escaped(rows(n).Key()) << '\n';
-        std::cout << (rows(n).SmallIcon() == search::kMarkLast ? "\n" : "");
+        std::cout << (rows(n).SmallIcon() == platform::kMarkLast ? "\n" : "");
     }
 }
 
@@ -164,7 +165,7 @@ int main(int argc, char** argv)
     auto& rows = form.lvFiles.ListItems;
     std::size_t nGroups = 0;
     for (std::size_t n = 1; n <= rows.Count(); ++n) {
-        nGroups += rows(n).SmallIcon() == search::kMarkFirst ? 1U : 0U;
+        nGroups += rows(n).SmallIcon() == platform::kMarkFirst ? 1U : 0U;
     }
     if (options.bPrint) {
         PrintRows(rows);

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Names are read back exactly from the system's tables, links and folders.
 
+#include "MountTable.h"
 #include "Require.h"
-#include "RootFolders.h"
 #include "Subfolders.h"
-#include "Unescaped.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -74,7 +73,7 @@ void CheckMounts(const tNames& names)
         expected.push_back("/media/" + sName);
     }
     std::istringstream input(table.str());
-    Require(desktop::MountedVolumes(input) == expected, "the mount points are the volumes'");
+    Require(desktop::MountTable(input).Volumes() == expected, "the mount points are the volumes'");
 }
 
 /// An empty folder that is removed when the program ends.

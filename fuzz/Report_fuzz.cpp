@@ -2,6 +2,7 @@
 // A report has one line for each row, whatever the names are, and each line identifies its name.
 
 #include "FormMembers.h"
+#include "GroupMarks.h"
 #include "NameOf.h"
 #include "PosixTextFiles.h"
 #include "Require.h"
@@ -83,7 +84,7 @@ std::vector<tWritten> FillList(platform::ListItems& rows, FuzzedDataProvider& in
 {
     std::vector<tWritten> written;
     while (input.remaining_bytes() > 0 && written.size() < 64) {
-        const int nMark = input.ConsumeIntegralInRange(0, search::kMarkLast + search::kMarksGone + 1);
+        const int nMark = input.ConsumeIntegralInRange(0, platform::kMarkLast + platform::kMarksGone + 1);
         const std::string sFolder = "/" + input.ConsumeRandomLengthString(40);
         const std::string sName = input.ConsumeRandomLengthString(300);
         if (rows.Add(sFolder + sName, sName, nMark)) {
@@ -119,13 +120,13 @@ void CheckLines(std::vector<std::string> lines, const std::vector<tWritten>& row
     Require(next() == "Tallyfen Report", "the report says what it is");
     Require(next().starts_with("Genereted on "), "and of when");
     for (const auto& [nMark, sKey] : rows) {
-        const int nPlace = nMark > search::kMarkLast ? nMark - search::kMarksGone : nMark;
-        if (nPlace < search::kMarkFirst || nPlace > search::kMarkLast) {
+        const int nPlace = nMark > platform::kMarkLast ? nMark - platform::kMarksGone : nMark;
+        if (nPlace < platform::kMarkFirst || nPlace > platform::kMarkLast) {
             continue; // an icon that is no group mark
         }
-        Require(nPlace != search::kMarkFirst || next().empty(), "a group begins behind an empty line");
+        Require(nPlace != platform::kMarkFirst || next().empty(), "a group begins behind an empty line");
         const std::string sLine = next();
-        Require(sLine.starts_with(nPlace == search::kMarkMiddle ? "| " : "+ "), "a line tells the place");
+        Require(sLine.starts_with(nPlace == platform::kMarkMiddle ? "| " : "+ "), "a line tells the place");
         Require(NameOf(sLine.substr(2)) == sKey, "a line tells the file");
     }
     Require(next().empty() && next() == "-->" && lines.empty(), "the report ends");

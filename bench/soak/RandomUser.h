@@ -130,7 +130,6 @@ public:
         }
         return pidl != 0;
     }
-    platform::tVolumeLabel VolumeLabel(const std::string& /*sFolder*/) override { return {}; }
 
 private:
     World& m_world;

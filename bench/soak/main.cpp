@@ -5,6 +5,7 @@
 // at the first deviation.
 
 #include "../Memory.h"
+#include "GroupMarks.h"
 #include "PosixFiles.h"
 #include "Program.h"
 #include "RandomUser.h"
@@ -115,9 +116,9 @@ private:
         auto& rows = m_main.lvFiles.ListItems;
         for (std::size_t n = 1; n <= rows.Count(); ++n) {
             const int nMark = rows(n).SmallIcon();
-            Expect((nMark == search::kMarkFirst) == group.empty(), "a group begins inside another one");
+            Expect((nMark == platform::kMarkFirst) == group.empty(), "a group begins inside another one");
             group.insert(rows(n).Key());
-            if (nMark == search::kMarkLast) {
+            if (nMark == platform::kMarkLast) {
                 groups.insert(std::exchange(group, {}));
             }
         }
@@ -185,11 +186,11 @@ private:
         }
         auto& rows = m_main.lvFiles.ListItems;
         for (std::size_t n = 1; n <= rows.Count(); ++n) {
-            if (rows(n).Selected() && rows(n).SmallIcon() > search::kMarkLast &&
+            if (rows(n).Selected() && rows(n).SmallIcon() > platform::kMarkLast &&
                 !m_files.PathFound(rows(n).Key())) {
                 continue;
             }
-            Expect(rows(n).SmallIcon() > search::kMarkLast || !rows(n).Selected() || m_user.nNotDone > 0 ||
+            Expect(rows(n).SmallIcon() > platform::kMarkLast || !rows(n).Selected() || m_user.nNotDone > 0 ||
                        !there.contains(rows(n).Key()) || m_files.PathFound(rows(n).Key()),
                    "a selected file has gone and is not marked");
         }

@@ -7,7 +7,6 @@
 #include <QScreen>
 
 #include <algorithm>
-#include <memory>
 
 namespace desktop {
 namespace {
@@ -18,12 +17,10 @@ constexpr const char* kKey = "text-scaling-factor";
 /// The factor in the desktop's settings; 1 if there is none.
 double SettingsFactor()
 {
-    using tSchema = std::unique_ptr<GSettingsSchema, decltype(&g_settings_schema_unref)>;
     GSettingsSchemaSource* const pSource = g_settings_schema_source_get_default();
     // Requesting a schema that is not installed would abort the program.
-    const tSchema schema(pSource == nullptr ? nullptr
-                                            : g_settings_schema_source_lookup(pSource, kSchema, TRUE),
-                         &g_settings_schema_unref);
+    const GPointer<GSettingsSchema> schema(
+        pSource == nullptr ? nullptr : g_settings_schema_source_lookup(pSource, kSchema, TRUE));
     if (schema == nullptr || g_settings_schema_has_key(schema.get(), kKey) == FALSE) {
         return 1;
     }

@@ -2,6 +2,7 @@
 #include "frmBrowse.h"
 
 #include "FormDesign.h"
+#include "GroupMarks.h"
 #include "MainForm.h"
 #include "System.h"
 #include "mSysTree.h"
@@ -18,11 +19,11 @@ std::string AddFolder(const std::string& sSelected)
     // By its canonical path, so that a link to a folder, for example to the home folder, does not list it
     // twice.
     const std::string sFolder = platform::Files().CanonicalFolder(sSelected).value_or(sSelected);
-    auto row = frmMain().lvFolders.ListItems.Add(sFolder, sFolder, 1);
+    auto row = frmMain().lvFolders.ListItems.Add(sFolder, sFolder, platform::kFolderIcon);
     if (!row) {
         return "This folder is already in the list";
     }
-    const auto volume = platform::Shell().VolumeLabel(sFolder);
+    const auto volume = platform::TheVolumes().VolumeLabel(sFolder);
     if (volume.sError.empty()) {
         row->SetSubItems(1, volume.sLabel);
     }

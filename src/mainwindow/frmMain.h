@@ -54,9 +54,8 @@ private:
     /// Changes the marks of selected rows whose files have gone from blue to red.
     void MarkMissingFiles();
 
-    /// The full path and the folder of the current row of lvFiles; empty without one.
+    /// The full path of the current row of lvFiles; empty without one.
     std::string CurrentKey();
-    std::string CurrentFolder();
 
     /// Asks for a folder, with `sTitle`, and moves or copies the files of the selected rows there with
     /// `operation`.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "GroupMarks.h"
 #include "WindowManager.h"
-#include "cGroupRows.h"
 #include "frmMain.h"
 #include "mBrowseForFolder.h"
 #include "mCommon.h"
@@ -8,6 +8,7 @@
 #include "mFileInfo.h"
 #include "mFileOperation.h"
 #include "mFindALLFiles.h"
+#include "mListView.h"
 
 // The commands that change the files of the selected rows. The shell does the work, in one request per
 // command; then the program checks the disk and turns the marks of the files that have gone red.
@@ -78,7 +79,8 @@ void frmMain::SendSelectedToFolder(const std::string& sTitle,
     if (lvFiles.ListItems.Count() == 0) {
         return;
     }
-    const std::string sFolder = dialogs::BrowseForFolder(form.hWnd(), sTitle, CurrentFolder());
+    const std::string sFolder =
+        dialogs::BrowseForFolder(form.hWnd(), sTitle, results::CurrentFolder(lvFiles));
     if (sFolder.empty()) {
         return;
     }
@@ -104,8 +106,8 @@ void frmMain::MarkMissingFiles()
     platform::LockWindowUpdate(lvFiles.hWnd());
     for (std::size_t n = 1; n <= nCount; ++n) {
         platform::ListItem row = lvFiles.ListItems(n);
-        if (row.SmallIcon() <= search::kMarkLast && row.Selected() && !search::FileFound(row.Key())) {
-            row.SetSmallIcon(row.SmallIcon() + search::kMarksGone);
+        if (row.SmallIcon() <= platform::kMarkLast && row.Selected() && !search::FileFound(row.Key())) {
+            row.SetSmallIcon(row.SmallIcon() + platform::kMarksGone);
         }
     }
     platform::LockWindowUpdate(nullptr);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Launching.h"
-#include "cGroupRows.h"
 #include "frmMain.h"
 #include "mFileOperation.h"
+#include "mListView.h"
 
 // The commands that open or show one file, that of the current row, however many rows are selected. Most act
 // only if the last mouse press in the list was on a row. The programs they start run independently.
@@ -23,12 +23,6 @@ std::string frmMain::CurrentKey()
     return current ? current->Key() : std::string();
 }
 
-std::string frmMain::CurrentFolder()
-{
-    const auto current = lvFiles.SelectedItem();
-    return current ? std::string(current->SubItems(search::kFolderColumn)) : std::string();
-}
-
 void frmMain::mnuFileOpen_Click()
 {
     if (bItemHit) {
@@ -39,7 +33,7 @@ void frmMain::mnuFileOpen_Click()
 void frmMain::mnuFileExplore_Click()
 {
     if (bItemHit) {
-        results::ExploreFolder(nullptr, CurrentFolder());
+        results::ExploreFolder(nullptr, results::CurrentFolder(lvFiles));
     }
 }
 

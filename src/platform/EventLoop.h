@@ -16,10 +16,7 @@ public:
     virtual void DoEvents(std::int64_t nSteps) = 0;
 };
 
-/// Yields for one step.
-void DoEvents();
-
 /// Yields for `nSteps` steps.
-void DoEvents(std::int64_t nSteps);
+void DoEvents(std::int64_t nSteps = 1);
 
 } // namespace platform

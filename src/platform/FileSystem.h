@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Paths.h"
 #include "SearchReading.h"
 
 #include <cstddef>
@@ -10,9 +11,6 @@
 #include <string>
 
 namespace platform {
-
-/// Separates the folders of a path.
-inline constexpr char kSeparator = '/';
 
 /// An open file. Owned by the caller of CreateFileA until CloseHandle.
 using FileHandle = int;

@@ -21,6 +21,8 @@ struct tFindData {
     bool bHidden = false;
     std::int64_t nFileSize = 0; ///< bytes; 0 for a folder
     tFileTime ftLastWriteTime;  ///< not set for a folder
+
+    [[nodiscard]] std::string_view Name() const { return cFileName.substr(0, cFileName.find('\0')); }
 };
 
 /// Identifies a folder, whatever path leads to it.

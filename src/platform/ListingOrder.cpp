@@ -57,11 +57,6 @@ void AppendKey(std::string_view sName, std::string& sKey)
     }
 }
 
-std::string_view NameIn(const tFindData& entry)
-{
-    return entry.cFileName.substr(0, entry.cFileName.find('\0'));
-}
-
 /// An entry to sort.
 struct tKeyed {
     std::uint64_t nWindow; ///< the eight bytes of the key after the common prefix of all keys
@@ -114,8 +109,7 @@ private:
     [[nodiscard]] bool Before(const tKeyed& a, const tKeyed& b) const
     {
         const int nOrder = Key(a).compare(Key(b));
-        return nOrder != 0 ? nOrder < 0
-                           : NameIn(m_listing.Entry(a.nEntry)) < NameIn(m_listing.Entry(b.nEntry));
+        return nOrder != 0 ? nOrder < 0 : m_listing.Entry(a.nEntry).Name() < m_listing.Entry(b.nEntry).Name();
     }
 
     const FolderListing& m_listing;
@@ -138,7 +132,7 @@ void SortListing(FolderListing& listing)
     entries.reserve(listing.Count());
     for (std::size_t n = 0; n < listing.Count(); ++n) {
         const std::size_t nKeyStart = sKeys.size();
-        AppendKey(NameIn(listing.Entry(n)), sKeys);
+        AppendKey(listing.Entry(n).Name(), sKeys);
         entries.push_back({0, nKeyStart, static_cast<std::uint32_t>(sKeys.size() - nKeyStart),
                            static_cast<std::uint32_t>(n)});
     }

@@ -33,13 +33,7 @@ struct BROWSEINFO {
     long lParam = 0; ///< passed to the callback as `lpData`
 };
 
-/// Result of the query for a volume's label.
-struct tVolumeLabel {
-    std::string sLabel; ///< empty if the volume has none
-    std::string sError; ///< the error message without a full stop; empty on success
-};
-
-/// The folder dialog of the shell, and what the shell knows about folders.
+/// The folder dialog of the shell whose tree the program shows in a window of its own.
 class ShellDialogs
 {
 public:
@@ -57,9 +51,6 @@ public:
     /// for an item that is not a folder in the file system. Returns false and writes nothing for an invalid
     /// item.
     virtual bool SHGetPathFromIDList(ItemId pidl, std::string& sBuffer) = 0;
-
-    /// The label of the volume that contains folder `sFolder`.
-    virtual tVolumeLabel VolumeLabel(const std::string& sFolder) = 0;
 };
 
 } // namespace platform

@@ -77,11 +77,6 @@ Volumes& TheVolumes()
     return InPlace(g_system.volumes);
 }
 
-void DoEvents()
-{
-    Events().DoEvents(1);
-}
-
 void DoEvents(std::int64_t nSteps)
 {
     Events().DoEvents(nSteps);

@@ -4,9 +4,9 @@
 #include "Escaped.h"
 #include "FileTime.h"
 #include "FormMembers.h"
+#include "GroupMarks.h"
 #include "System.h"
 #include "Texts.h"
-#include "cGroupRows.h"
 #include "mCommon.h"
 #include "mFileDialog.h"
 #include "mFileOperation.h"
@@ -49,19 +49,15 @@ private:
 void WriteRow(Report& report, const platform::ListItem& row)
 {
     const std::string sName = platform::Escaped(row.Key());
-    switch (row.SmallIcon()) {
-    case search::kMarkFirst:
-    case search::kMarkFirst + search::kMarksGone:
+    switch (platform::PositionMark(row.SmallIcon())) {
+    case platform::kMarkFirst:
         report.Line("");
+        [[fallthrough]];
+    case platform::kMarkLast:
         report.Line("+ " + sName);
         break;
-    case search::kMarkMiddle:
-    case search::kMarkMiddle + search::kMarksGone:
+    case platform::kMarkMiddle:
         report.Line("| " + sName);
-        break;
-    case search::kMarkLast:
-    case search::kMarkLast + search::kMarksGone:
-        report.Line("+ " + sName);
         break;
     default:
         break;

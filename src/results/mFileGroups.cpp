@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "mFileGroups.h"
 
+#include "GroupMarks.h"
 #include "cGroupRows.h"
 
 #include <algorithm>
@@ -17,12 +18,12 @@ constexpr std::uint32_t kNotAsked = std::numeric_limits<std::uint32_t>::max();
 
 bool EndsGroup(int nMark)
 {
-    return nMark == search::kMarkLast || nMark == search::kMarkLast + search::kMarksGone;
+    return platform::PositionMark(nMark) == platform::kMarkLast;
 }
 
 bool BeginsGroup(int nMark)
 {
-    return nMark == search::kMarkFirst || nMark == search::kMarkFirst + search::kMarksGone;
+    return platform::PositionMark(nMark) == platform::kMarkFirst;
 }
 
 /// Reads groups from the rows of a list.
@@ -66,7 +67,7 @@ private:
             const ListItem row = m_rows(n);
             if (m_asked[n] != kNotAsked) {
                 m_groups.files[m_asked[n]] = {Shown(row), m_groups.groups.size() - 1};
-            } else if (!row.Selected() && row.SmallIcon() <= search::kMarkLast) {
+            } else if (!row.Selected() && row.SmallIcon() <= platform::kMarkLast) {
                 stays.push_back(Shown(row));
             }
         }

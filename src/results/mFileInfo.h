@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "FileSystem.h"
+#include "Paths.h"
 
 #include <string>
 

@@ -2,6 +2,7 @@
 #include "mListView.h"
 
 #include "WindowManager.h"
+#include "cGroupRows.h"
 
 namespace results {
 namespace {
@@ -29,6 +30,12 @@ void SetFullRowSelect(ListView& lv, bool bOn)
     const long nAfter =
         bOn ? nBefore | ListView::LVS_EX_FULLROWSELECT : nBefore & ~ListView::LVS_EX_FULLROWSELECT;
     platform::SendMessageA(lv.hWnd(), ListView::LVM_SETEXTENDEDLISTVIEWSTYLE, 0, nAfter);
+}
+
+std::string CurrentFolder(ListView& lv)
+{
+    const auto current = lv.SelectedItem();
+    return current ? std::string(current->SubItems(search::kFolderColumn)) : std::string();
 }
 
 void SelectAllItems(ListView& lv)

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "mSelect.h"
 
+#include "GroupMarks.h"
 #include "WindowManager.h"
 #include "cGroupRows.h"
 #include "mFileInfo.h"
+#include "mListView.h"
 
 #include <string>
 #include <string_view>
@@ -54,13 +56,6 @@ void RewriteSelection(ListView& lv, const Rule& rule)
     ForEachRow(lv, [&rule](ListItem row) { row.SetSelected(rule(row)); });
 }
 
-/// The folder of the current row, or empty.
-std::string CurrentFolder(ListView& lv)
-{
-    const auto current = lv.SelectedItem();
-    return current ? std::string(current->SubItems(search::kFolderColumn)) : std::string();
-}
-
 /// Looks up the drives of folders, once for each folder, since thousands of rows share one.
 class Drives
 {
@@ -87,7 +82,7 @@ private:
 
 void SelectDuplicatedFiles(ListView& lv)
 {
-    SelectOnly(lv, [](const ListItem& row) { return row.SmallIcon() != search::kMarkFirst; });
+    SelectOnly(lv, [](const ListItem& row) { return row.SmallIcon() != platform::kMarkFirst; });
 }
 
 void SelectEmptyFiles(ListView& lv)

@@ -2,6 +2,7 @@
 #include "cGroupRows.h"
 
 #include "FormMembers.h"
+#include "GroupMarks.h"
 #include "Texts.h"
 
 namespace search {
@@ -9,18 +10,18 @@ namespace search {
 void cGroupRows::OpenGroup(const tFileEntry& entry)
 {
     CloseGroup();
-    AddRow(entry, kMarkFirst);
+    AddRow(entry, platform::kMarkFirst);
 }
 
 bool cGroupRows::Add(const tFileEntry& entry)
 {
-    return AddRow(entry, kMarkMiddle);
+    return AddRow(entry, platform::kMarkMiddle);
 }
 
 void cGroupRows::CloseGroup()
 {
     if (m_oItem) {
-        m_oItem->SetSmallIcon(kMarkLast);
+        m_oItem->SetSmallIcon(platform::kMarkLast);
     }
 }
 

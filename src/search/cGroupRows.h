@@ -9,14 +9,6 @@
 
 namespace search {
 
-/// The icons that mark a row's position in its group.
-inline constexpr int kMarkFirst = 2;
-inline constexpr int kMarkMiddle = 3;
-inline constexpr int kMarkLast = 4;
-
-/// Offset from each of these icons to its variant for a file that has gone.
-inline constexpr int kMarksGone = 3;
-
 /// The columns after the file's name, as counted by ListItem::SubItems.
 inline constexpr std::size_t kSizeColumn = 1;
 inline constexpr std::size_t kDateColumn = 2;

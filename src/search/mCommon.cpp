@@ -41,6 +41,12 @@ FileTable::tFolder FileTable::AddFolder(std::string_view sPath, const platform::
     return {texts.Add(sPath), !bNew && first->second != identity.nMount};
 }
 
+bool StoppedAfterYield(std::int64_t nSteps)
+{
+    platform::DoEvents(nSteps);
+    return bStopped;
+}
+
 void SetWorking(bool bWorking)
 {
     // The commands are updated first, while everything else is unchanged.

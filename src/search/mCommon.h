@@ -100,6 +100,9 @@ extern std::int32_t FileCount;
 /// True if the running operation is to stop, or none is running. False before the first operation.
 extern bool bStopped;
 
+/// Yields for `nSteps` steps; true if the running operation is to stop.
+bool StoppedAfterYield(std::int64_t nSteps = 1);
+
 /// Switches the user interface to working mode, or back with false.
 void SetWorking(bool bWorking);
 

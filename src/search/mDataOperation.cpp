@@ -23,13 +23,6 @@ tFileEntry& Entry(std::int32_t n)
     return FileList[static_cast<std::size_t>(n)];
 }
 
-/// Yields for `nSteps` steps; true if the search is to stop.
-bool StoppedAfterYield(std::int64_t nSteps = 1)
-{
-    platform::DoEvents(nSteps);
-    return bStopped;
-}
-
 /// Switches from idle to working; false if there is nothing to search.
 bool BeginSearch()
 {

@@ -19,13 +19,6 @@ bool Accepted(const platform::tFindData& entry)
     return !entry.bHidden || frmMain().mnuOptionsHidden.Checked();
 }
 
-/// Yields once; true if the walk is to stop.
-bool StoppedAfterYield()
-{
-    platform::DoEvents();
-    return bStopped;
-}
-
 void AppendFile(const FileTable::tFolder& folder, std::string_view sName, const platform::tFindData& entry)
 {
     FileList.Resize(static_cast<std::size_t>(FileCount) + 1);

@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: MIT
 // What the system offers beside files: volumes, text files, messages, the locale, the time.
 
+#include "MountTable.h"
 #include "PacedEventLoop.h"
 #include "PosixTextFiles.h"
 #include "PosixVolumes.h"
-#include "RootFolders.h"
 #include "SystemMessages.h"
 #include "TempTree.h"
 #include "Texts.h"
-#include "Unescaped.h"
-#include "VolumeLabel.h"
 
 #include <climits>
 #include <sys/stat.h>
@@ -34,7 +32,7 @@ TEST(Volumes, AreThoseAPersonMounts)
         "35 22 8:33 / /media/a\rb rw - ext4 /dev/sde1 rw\n" // ends of words elsewhere, letters here
         "34 22 0:53 / /bootleg rw - ext4 /dev/sdd1 rw\n"
         "a line cut sho");
-    EXPECT_EQ(desktop::MountedVolumes(mountInfo),
+    EXPECT_EQ(desktop::MountTable(mountInfo).Volumes(),
               (std::vector<std::string>{"/bootleg", "/data", "/media/a\rb", "/media/me/My Disk\\x", "/mnt",
                                         "/net/box", "/net/share"}));
 }
@@ -47,11 +45,12 @@ TEST(Unescaped, GivesBackTheBytes)
 
 TEST(Volumes, HaveALabelUnlessTheyHaveGone)
 {
+    desktop::PosixVolumes volumes;
     const support::TempTree tree;
-    EXPECT_EQ(desktop::VolumeLabel(tree.sRoot).sError, "");
-    EXPECT_EQ(desktop::VolumeLabel(tree.sRoot + "/go\nne").sError,
+    EXPECT_EQ(volumes.VolumeLabel(tree.sRoot).sError, "");
+    EXPECT_EQ(volumes.VolumeLabel(tree.sRoot + "/go\nne").sError,
               "Cannot read " + tree.sRoot + "/go\\x0Ane: No such file or directory");
-    EXPECT_NE(desktop::VolumeLabel(tree.File("file")).sError, "");
+    EXPECT_NE(volumes.VolumeLabel(tree.File("file")).sError, "");
 }
 
 TEST(Volumes, AreToldApartByTheirFileSystem)

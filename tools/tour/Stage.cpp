@@ -2,6 +2,7 @@
 #include "Stage.h"
 
 #include "Escaped.h"
+#include "GroupMarks.h"
 #include "Menu.h"
 #include "Picture.h"
 #include "WidgetOf.h"
@@ -272,7 +273,7 @@ void Stage::ExpectGroups(std::vector<std::set<std::string>> wanted, std::string_
 
 bool BeginsGroup(int nMark)
 {
-    return nMark == search::kMarkFirst || nMark == search::kMarkFirst + search::kMarksGone;
+    return nMark == platform::kMarkFirst || nMark == platform::kMarkFirst + platform::kMarksGone;
 }
 
 std::string Stage::Status()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The part of the tour with the commands that act on results.
 
+#include "GroupMarks.h"
 #include "Stage.h"
 #include "WidgetOf.h"
 #include "cGroupRows.h"
@@ -89,7 +90,7 @@ void SelectByRule(Stage& stage)
     stage.Choose(main.mnuSelectDuplicatedFiles);
     for (std::size_t n = 1; n <= main.lvFiles.ListItems.Count(); ++n) {
         const auto row = main.lvFiles.ListItems(n);
-        stage.Expect(row.Selected() == (row.SmallIcon() != search::kMarkFirst),
+        stage.Expect(row.Selected() == (row.SmallIcon() != platform::kMarkFirst),
                      "all rows but the first of each group are selected");
     }
     stage.Show("duplicates-selected");
@@ -131,7 +132,7 @@ void Replace(Stage& stage)
     stage.ExpectEqual(ContentOf(sThere), "", "a file that was replaced");
     stage.ExpectEqual(ContentOf(stage.tree.Path("../data/Trash/files/shopping.txt")), "A frame",
                       "what was replaced, in the trash");
-    stage.Expect(Row(stage, "Documents/shopping.txt").SmallIcon() <= search::kMarkLast,
+    stage.Expect(Row(stage, "Documents/shopping.txt").SmallIcon() <= platform::kMarkLast,
                  "the mark of a copied file stays blue");
 }
 
@@ -238,7 +239,8 @@ void Delete(Stage& stage)
     }
     for (std::size_t n = 1; n <= main.lvFiles.ListItems.Count(); ++n) {
         const auto row = main.lvFiles.ListItems(n);
-        stage.Expect(row.Selected() == (row.SmallIcon() > search::kMarkLast), "red marks tell what has gone");
+        stage.Expect(row.Selected() == (row.SmallIcon() > platform::kMarkLast),
+                     "red marks tell what has gone");
     }
     const fs::directory_iterator trash(stage.tree.Path("../data/Trash/files"));
     stage.Expect(static_cast<std::size_t>(std::distance(begin(trash), end(trash))) == selected.size() + 1,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "MarkDelegate.h"
 
+#include "GroupMarks.h"
 #include "ListColors.h"
 #include "Pictures.h"
 #include "RowModel.h"
@@ -17,11 +18,6 @@
 
 namespace desktop {
 namespace {
-
-constexpr int kFolder = 1;
-constexpr int kFirst = 2;
-constexpr int kLast = 4;
-constexpr int kMarks = 3; ///< for existing files, and as many for files that have gone
 
 // The geometry of a mark in a square of 16 by 16.
 constexpr int kSide = 16;
@@ -43,12 +39,12 @@ QColor MarkColor(bool bGone, const QColor& background)
 void PaintMark(QPainter& painter, const QRect& picture, const QRect& row, int nSmallIcon,
                const QColor& background)
 {
-    const bool bGone = nSmallIcon > kLast;
-    const int nMark = bGone ? nSmallIcon - kMarks : nSmallIcon;
+    const bool bGone = platform::IsGoneMark(nSmallIcon);
+    const int nMark = platform::PositionMark(nSmallIcon);
     const QColor color = MarkColor(bGone, background);
     const int nArmTop = row.top() + (row.height() - kSide) / 2 + kArmTop;
-    const int nTop = nMark == kFirst ? nArmTop : row.top();
-    const int nBottom = nMark == kLast ? nArmTop + kArmHeight : row.top() + row.height();
+    const int nTop = nMark == platform::kMarkFirst ? nArmTop : row.top();
+    const int nBottom = nMark == platform::kMarkLast ? nArmTop + kArmHeight : row.top() + row.height();
     const int nLeft = picture.left() + kStrokeLeft;
     QRegion mark(nLeft, nTop, kStrokeWidth, nBottom - nTop);
     if (bGone) {
@@ -57,7 +53,7 @@ void PaintMark(QPainter& painter, const QRect& picture, const QRect& row, int nS
         mark -= QRect(nLeft, nArmTop - kArmToGap - kGapHeight, kStrokeWidth, kGapHeight);
         mark -= QRect(nLeft, nArmTop + kArmHeight + kArmToGap, kStrokeWidth, kGapHeight);
     }
-    if (nMark == kFirst || nMark == kLast) {
+    if (nMark == platform::kMarkFirst || nMark == platform::kMarkLast) {
         mark += QRect(nLeft, nArmTop, kSide - kStrokeLeft, kArmHeight);
     }
     for (const QRect& part : mark) {
@@ -94,7 +90,7 @@ void MarkDelegate::initStyleOption(QStyleOptionViewItem* pOption, const QModelIn
     if (index.column() == 0 && nSmallIcon > 0) {
         pOption->features |= QStyleOptionViewItem::HasDecoration;
         pOption->decorationSize = QSize(kSide, kSide);
-        if (nSmallIcon == kFolder) {
+        if (nSmallIcon == platform::kFolderIcon) {
             pOption->icon = m_folder;
         }
     }
@@ -128,7 +124,7 @@ void MarkDelegate::paint(QPainter* pPainter, const QStyleOptionViewItem& option,
     }
     QStyledItemDelegate::paint(pPainter, cell, index);
     const int nSmallIcon = index.data(RowModel::kSmallIconRole).toInt();
-    if (index.column() == 0 && nSmallIcon > kFolder) {
+    if (index.column() == 0 && nSmallIcon > platform::kFolderIcon) {
         initStyleOption(&cell, index);
         const QRect picture =
             StyleOf(cell).subElementRect(QStyle::SE_ItemViewItemDecoration, &cell, cell.widget);

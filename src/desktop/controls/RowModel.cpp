@@ -2,6 +2,7 @@
 #include "RowModel.h"
 
 #include "AlignmentOf.h"
+#include "GroupMarks.h"
 #include "ShownText.h"
 
 #include <algorithm>
@@ -13,15 +14,13 @@ namespace {
 /// The spoken form of a row's mark.
 QLatin1String SpokenMark(int nSmallIcon)
 {
-    constexpr std::array<const char*, 8> kSpoken = {"",
-                                                    "",
-                                                    ", first of group",
-                                                    ", in group",
-                                                    ", last of group",
-                                                    ", first of group, gone",
-                                                    ", in group, gone",
-                                                    ", last of group, gone"};
-    return QLatin1String(kSpoken.at(static_cast<std::size_t>(nSmallIcon)));
+    if (nSmallIcon < platform::kMarkFirst) {
+        return {};
+    }
+    constexpr std::array<const char*, 6> kSpoken = {", first of group", ", in group",
+                                                    ", last of group",  ", first of group, gone",
+                                                    ", in group, gone", ", last of group, gone"};
+    return QLatin1String(kSpoken.at(static_cast<std::size_t>(nSmallIcon - platform::kMarkFirst)));
 }
 
 } // namespace

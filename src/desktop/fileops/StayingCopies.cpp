@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <fcntl.h>
-#include <fstream>
 
 namespace desktop {
 namespace {
@@ -141,11 +140,7 @@ bool StayingCopies::IsViewOfGoing(const FolderEntry& entry, const tLook& look)
 /// were written at the same moment.
 bool StayingCopies::StoresFiles(const FolderPtr& pFolder)
 {
-    if (m_mounts.empty()) {
-        std::ifstream mountInfo(kMountInfo);
-        m_mounts = ReadMountTable(mountInfo);
-    }
-    const tMount* const pMount = HolderOf(m_mounts, pFolder->Path());
+    const tMount* const pMount = (m_mounts ? *m_mounts : m_mounts.emplace()).HolderOf(pFolder->Path());
     return pMount != nullptr && (pMount->sSource.starts_with("/dev/") || pMount->sType == "tmpfs" ||
                                  pMount->sType == "ramfs" || pMount->sType == "zfs");
 }

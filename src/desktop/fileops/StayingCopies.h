@@ -76,7 +76,7 @@ private:
     std::int64_t m_nDateOf = 0;                                    ///< its value in seconds
     std::unordered_multimap<std::int64_t, std::size_t> m_byChange; ///< files that go, by time of change
     std::set<std::uint64_t> m_devices;                             ///< of the files that go
-    std::vector<tMount> m_mounts;
+    std::optional<MountTable> m_mounts;                            ///< once it is needed
     TrashLocations m_trashes;
 };
 

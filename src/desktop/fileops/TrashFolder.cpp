@@ -2,7 +2,7 @@
 #include "TrashFolder.h"
 
 #include "Leftovers.h"
-#include "MountTable.h"
+#include "Paths.h"
 #include "Retried.h"
 #include "TrashJournal.h"
 #include "TrashNote.h"
@@ -47,7 +47,7 @@ bool TrashFolder::IsWhereItWas() const
 
 std::string TrashFolder::NoteFor(const std::string& sPath) const
 {
-    if (m_sTop.empty() || !IsIn(sPath, m_sTop)) {
+    if (m_sTop.empty() || !platform::IsIn(sPath, m_sTop)) {
         return TrashNote(sPath);
     }
     return TrashNote(std::string_view(sPath).substr(m_sTop == "/" ? 1 : m_sTop.size() + 1));

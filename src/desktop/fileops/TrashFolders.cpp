@@ -2,6 +2,7 @@
 #include "TrashFolders.h"
 
 #include "CanonicalPath.h"
+#include "Paths.h"
 #include "Reasons.h"
 #include "Retried.h"
 #include "TrashLocations.h"
@@ -9,7 +10,6 @@
 #include <algorithm>
 #include <array>
 #include <fcntl.h>
-#include <fstream>
 #include <string_view>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -72,7 +72,7 @@ dev_t DeviceOf(std::string sPath)
 {
     struct stat status = {};
     while (stat(sPath.c_str(), &status) != 0 && sPath.size() > 1) {
-        sPath.resize(std::max<std::size_t>(sPath.rfind('/'), 1));
+        sPath = platform::FolderOf(sPath);
     }
     return status.st_dev;
 }
@@ -188,11 +188,7 @@ std::string TrashFolders::VolumeOf(const std::string& sFolder)
 /// The mount that contains a folder.
 const tMount* TrashFolders::HolderOf(const std::string& sFolder)
 {
-    if (m_mounts.empty()) {
-        std::ifstream mountInfo(kMountInfo);
-        m_mounts = ReadMountTable(mountInfo);
-    }
-    return desktop::HolderOf(m_mounts, sFolder);
+    return (m_mounts ? *m_mounts : m_mounts.emplace()).HolderOf(sFolder);
 }
 
 /// The same, but only if the mount may have a trash.
@@ -201,7 +197,7 @@ const tMount* TrashFolders::MountOf(const std::string& sFolder)
     const tMount* const pHolder = HolderOf(sFolder);
     if (pHolder == nullptr || Has(kSystemPoints, pHolder->sPoint) || Has(kSystemTypes, pHolder->sType) ||
         std::any_of(kSystemFolders.begin(), kSystemFolders.end(),
-                    [&](std::string_view sSystem) { return IsIn(pHolder->sPoint, sSystem); })) {
+                    [&](std::string_view sSystem) { return platform::IsIn(pHolder->sPoint, sSystem); })) {
         return nullptr;
     }
     // If a folder of a volume is mounted in a second place, it is not a volume of its own; a subvolume is.

@@ -7,9 +7,9 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <sys/types.h>
-#include <vector>
 
 namespace desktop {
 
@@ -45,7 +45,7 @@ private:
     bool m_bHomeKnown = false;
     tTrash m_home;
     dev_t m_homeDevice = 0;
-    std::vector<tMount> m_mounts;
+    std::optional<MountTable> m_mounts;      ///< once it is needed
     std::map<std::string, tTrash> m_volumes; ///< by top folder
 };
 

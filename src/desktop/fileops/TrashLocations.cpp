@@ -2,11 +2,9 @@
 #include "TrashLocations.h"
 
 #include "CanonicalPath.h"
-#include "FileSystem.h"
-#include "Unescaped.h"
+#include "Paths.h"
 
 #include <cstdlib>
-#include <fstream>
 #include <pwd.h>
 #include <string_view>
 #include <unistd.h>
@@ -60,8 +58,6 @@ std::string DataHome()
 
 TrashLocations::TrashLocations()
 {
-    std::ifstream mountInfo(kMountInfo);
-    m_mounts = ReadMountTable(mountInfo);
     const std::string sHome = CanonicalPath(DataHome() + "/Trash");
     m_home = LookAt(sHome);
     m_sHomeOnVolume = sHome.empty() ? "" : OnVolume(sHome);
@@ -80,7 +76,7 @@ bool TrashLocations::Look(const std::string& sFolder) const
 {
     const std::string sOnVolume = OnVolume(sFolder);
     if (IsNamedAsTrash(sFolder) || IsNamedAsTrash(sOnVolume) ||
-        (!m_sHomeOnVolume.empty() && IsIn(sOnVolume, m_sHomeOnVolume))) {
+        (!m_sHomeOnVolume.empty() && platform::IsIn(sOnVolume, m_sHomeOnVolume))) {
         return true;
     }
     for (std::size_t nEnd = sFolder.find(platform::kSeparator, 1);;
@@ -97,7 +93,7 @@ bool TrashLocations::Look(const std::string& sFolder) const
 /// The path of a folder within its file system, prefixed by the device number: the same for each mount of it.
 std::string TrashLocations::OnVolume(const std::string& sFolder) const
 {
-    const tMount* const pMount = HolderOf(m_mounts, sFolder);
+    const tMount* const pMount = m_mounts.HolderOf(sFolder);
     if (pMount == nullptr) {
         return "";
     }

@@ -6,7 +6,6 @@
 
 #include <string>
 #include <unordered_map>
-#include <vector>
 
 namespace desktop {
 
@@ -27,7 +26,7 @@ private:
     [[nodiscard]] std::string OnVolume(const std::string& sFolder) const;
     [[nodiscard]] bool Look(const std::string& sFolder) const;
 
-    std::vector<tMount> m_mounts;
+    MountTable m_mounts;
     tLook m_home;                ///< the trash in the user's home
     std::string m_sHomeOnVolume; ///< empty if it does not exist
     std::unordered_map<std::string, bool> m_known;

@@ -38,8 +38,7 @@ std::string IconOf(GAppInfo* pInfo)
 tApplication Application(GAppInfo* pInfo)
 {
     const char* const pName = g_app_info_get_display_name(pInfo);
-    return {pName != nullptr ? pName : "", IconOf(pInfo),
-            std::shared_ptr<GAppInfo>(pInfo, [](GAppInfo* p) { g_object_unref(p); })};
+    return {pName != nullptr ? pName : "", IconOf(pInfo), std::shared_ptr<GAppInfo>(pInfo, UnrefG())};
 }
 
 /// Takes ownership of a list.

@@ -12,6 +12,7 @@ struct FreeG {
 };
 struct UnrefG {
     void operator()(gpointer p) const { g_object_unref(p); }
+    void operator()(GSettingsSchema* p) const { g_settings_schema_unref(p); }
 };
 struct UnrefVariant {
     void operator()(GVariant* p) const { g_variant_unref(p); }

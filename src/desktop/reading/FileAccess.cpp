@@ -42,18 +42,13 @@ Descriptor OpenByAnyLength(const std::string& sPath, int nFlags, Open open)
     if (file.IsOpen() || errno != ENAMETOOLONG) {
         return file;
     }
-    const Descriptor folder(open(AT_FDCWD, FolderOf(sPath).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    const Descriptor folder(
+        open(AT_FDCWD, platform::FolderOf(sPath).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
     const char* pName = sPath.c_str() + sPath.rfind(platform::kSeparator) + 1;
     return folder.IsOpen() ? Descriptor(open(folder.Get(), pName, nFlags)) : Descriptor();
 }
 
 } // namespace
-
-std::string FolderOf(const std::string& sPath)
-{
-    const std::size_t nSeparator = sPath.rfind(platform::kSeparator);
-    return sPath.substr(0, nSeparator == 0 ? 1 : nSeparator);
-}
 
 Descriptor OpenFile(const std::string& sPath)
 {

@@ -15,10 +15,6 @@ namespace desktop {
 /// by programs started later.
 inline constexpr int kOpenFlags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
 
-/// The folder that contains `sPath`, without a trailing separator (except for the root), so that the path of
-/// the file may exceed the system's limit by one byte.
-std::string FolderOf(const std::string& sPath);
-
 /// Opens file `sPath`, however long its path is; sets errno on failure. If another process holds a lease on
 /// the file, waits up to a second for its release.
 Descriptor OpenFile(const std::string& sPath);

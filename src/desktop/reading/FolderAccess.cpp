@@ -3,14 +3,9 @@
 
 #include "FileAccess.h"
 #include "ListingOrder.h"
-#include "MountTable.h"
 #include "Retried.h"
 
 #include <climits>
-#include <cstring>
-#include <dirent.h>
-#include <fstream>
-#include <set>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
 
@@ -18,13 +13,6 @@ namespace desktop {
 namespace {
 
 using StatusX = struct statx;
-
-constexpr std::size_t kEntriesSize = 65'536;
-
-bool IsDots(const char* pName)
-{
-    return std::strcmp(pName, ".") == 0 || std::strcmp(pName, "..") == 0;
-}
 
 platform::tFolderIdentity IdentityOf(int hFolder)
 {
@@ -63,20 +51,6 @@ bool FillEntry(int hFolder, const dirent64& entry, platform::tFindData& data)
 
 } // namespace
 
-bool AnyMountedTwice()
-{
-    std::ifstream mountInfo(kMountInfo);
-    std::set<std::string> devices;
-    for (const tMount& mount : ReadMountTable(mountInfo)) {
-        if (!devices.insert(mount.sDevice).second) {
-            return true;
-        }
-    }
-    return devices.empty();
-}
-
-FolderAccess::FolderAccess() : m_entries(std::make_unique_for_overwrite<char[]>(kEntriesSize)) {}
-
 bool FolderAccess::List(const std::string& sPath, bool bIdentity, const std::atomic<bool>& bEnded,
                         platform::FolderListing& listing)
 {
@@ -93,20 +67,15 @@ bool FolderAccess::List(const std::string& sPath, bool bIdentity, const std::ato
     }
     listing.SetIdentity(bIdentity ? IdentityOf(folder.Get()) : platform::tFolderIdentity());
     // Until the end, or until reading fails; the entries read so far are kept.
-    ssize_t nRead = 0;
-    while ((nRead = getdents64(folder.Get(), m_entries.get(), kEntriesSize)) > 0) {
-        for (ssize_t n = 0; n < nRead;) {
-            if (bEnded) {
-                return true;
-            }
-            const auto* pEntry = reinterpret_cast<const dirent64*>(m_entries.get() + n);
-            n += pEntry->d_reclen;
-            const std::size_t nField = pEntry->d_reclen - offsetof(dirent64, d_name);
-            platform::tFindData data;
-            data.cFileName = {pEntry->d_name, nField};
-            if (!IsDots(pEntry->d_name) && FillEntry(folder.Get(), *pEntry, data)) {
-                listing.Add(data);
-            }
+    m_reader.Start(folder.Get());
+    while (const dirent64* const pEntry = m_reader.Next()) {
+        if (bEnded) {
+            return true;
+        }
+        platform::tFindData data;
+        data.cFileName = {pEntry->d_name, FolderReader::NameField(*pEntry)};
+        if (FillEntry(folder.Get(), *pEntry, data)) {
+            listing.Add(data);
         }
     }
     platform::SortListing(listing);

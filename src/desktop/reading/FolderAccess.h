@@ -2,23 +2,17 @@
 #pragma once
 
 #include "FolderListing.h"
+#include "FolderReader.h"
 
 #include <atomic>
-#include <memory>
 #include <string>
 
 namespace desktop {
-
-/// True if a file system is mounted in two places, or if this is unknown: only then can two paths lead to the
-/// same folder.
-bool AnyMountedTwice();
 
 /// Lists folders, one after the other.
 class FolderAccess
 {
 public:
-    FolderAccess();
-
     /// Reads the entries of folder `sPath`, which ends in a separator, into `listing`, sorted in search
     /// order, and with `bIdentity` also the identity of the folder. False if it cannot be opened. A listing
     /// that fails part way or is interrupted by `bEnded` keeps the entries read so far.
@@ -26,7 +20,7 @@ public:
               platform::FolderListing& listing);
 
 private:
-    std::unique_ptr<char[]> m_entries; ///< buffer for the entries returned by the kernel
+    FolderReader m_reader;
 };
 
 } // namespace desktop

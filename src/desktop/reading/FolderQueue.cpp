@@ -74,9 +74,8 @@ std::list<FolderQueue::tFolder> FolderQueue::Subfolders(const std::string& sPath
     for (std::size_t n = 0; n < listing.Count() && subfolders.size() < m_nMaxSubfolders; ++n) {
         const auto entry = listing.Entry(n);
         if (entry.bDirectory && (m_bHidden || !entry.bHidden)) {
-            const auto sName = entry.cFileName.substr(0, entry.cFileName.find('\0'));
             subfolders.push_back(
-                {.sPath = std::string(sPath).append(sName) + platform::kSeparator, .listing = {}});
+                {.sPath = std::string(sPath).append(entry.Name()) + platform::kSeparator, .listing = {}});
         }
     }
     return subfolders;

@@ -22,7 +22,7 @@ bool PosixFiles::PathFound(const std::string& sPath)
         return false;
     }
     const Descriptor folder(
-        Retried([&] { return open(FolderOf(sPath).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC); }));
+        Retried([&] { return open(platform::FolderOf(sPath).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC); }));
     const char* pName = sPath.c_str() + sPath.rfind(platform::kSeparator) + 1;
     return folder.IsOpen() && fstatat(folder.Get(), pName, &status, AT_SYMLINK_NOFOLLOW) == 0;
 }

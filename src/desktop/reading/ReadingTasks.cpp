@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ReadingTasks.h"
 
+#include "MountTable.h"
+
 #include <new>
 #include <utility>
 
@@ -24,8 +26,8 @@ constexpr auto kFarewell = 20ms;
 
 ReadingTasks::ReadingTasks(const platform::tSearchedFolders& searched, std::size_t nWorkers,
                            std::function<Start()> startWorker)
-    : m_bIdentities(AnyMountedTwice()), m_folders(searched), m_count(nWorkers), m_nWorth(nWorkers),
-      m_startWorker(std::move(startWorker))
+    : m_bIdentities(MountTable().AnyMountedTwice()), m_folders(searched), m_count(nWorkers),
+      m_nWorth(nWorkers), m_startWorker(std::move(startWorker))
 {
 }
 

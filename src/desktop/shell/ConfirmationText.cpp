@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ConfirmationText.h"
 
+#include "Paths.h"
 #include "ShownText.h"
 #include "SizeText.h"
 
@@ -41,11 +42,6 @@ constexpr tSentences kSentences[] = {
      "%1 more cannot go: the volume at %2 has no trash.", nullptr},
 };
 
-std::string NameIn(const std::string& sPath)
-{
-    return sPath.substr(sPath.rfind('/') + 1);
-}
-
 QString Counted(std::size_t nCount)
 {
     return NumberText(static_cast<std::int64_t>(nCount));
@@ -80,8 +76,10 @@ QStringList ConfirmationText::Concerns() const
 /// The name of a file, or its path if another file in the text has the same name.
 QString ConfirmationText::Named(const std::string& sPath) const
 {
-    const std::string sName = NameIn(sPath);
-    const auto isLike = [&](const std::string& sOther) { return sOther != sPath && NameIn(sOther) == sName; };
+    const std::string sName = platform::NameIn(sPath);
+    const auto isLike = [&](const std::string& sOther) {
+        return sOther != sPath && platform::NameIn(sOther) == sName;
+    };
     const bool bAmbiguous = std::any_of(
         m_confirmation.concerns.begin(), m_confirmation.concerns.end(),
         [&](const tConcern& each) { return std::any_of(each.paths.begin(), each.paths.end(), isLike); });

@@ -2,6 +2,7 @@
 #include "FolderModel.h"
 
 #include "Escaped.h"
+#include "Paths.h"
 #include "Pictures.h"
 #include "ReadingOrder.h"
 #include "Subfolders.h"
@@ -76,8 +77,7 @@ std::string FolderModel::Path(platform::ItemId item) const
     if (node.nParent == 0) {
         return node.sName;
     }
-    const std::string sFolder = Path(static_cast<platform::ItemId>(node.nParent));
-    return sFolder + (sFolder.ends_with('/') ? "" : "/") + node.sName;
+    return platform::PathIn(Path(static_cast<platform::ItemId>(node.nParent)), node.sName);
 }
 
 /// The top-level folder from which the path to `sPath` is shortest, 0 if there is none.

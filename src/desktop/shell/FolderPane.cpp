@@ -2,6 +2,7 @@
 #include "FolderPane.h"
 
 #include "PathLabel.h"
+#include "Paths.h"
 #include "PointerAtRest.h"
 #include "Questions.h"
 #include "ShownText.h"
@@ -65,7 +66,7 @@ void FolderPane::Select(const std::string& sPath)
     std::string sFolder = sPath;
     QModelIndex found = m_model.Find(sFolder);
     while (!found.isValid() && sFolder.size() > 1) {
-        sFolder.resize(std::max<std::size_t>(sFolder.rfind('/'), 1));
+        sFolder = platform::FolderOf(sFolder);
         found = m_model.Find(sFolder);
     }
     if (found.isValid()) {
@@ -95,7 +96,7 @@ void FolderPane::MakeFolder()
     const std::string sFolder = Folder();
     constexpr mode_t kMode = 0777;
     const bool bOneName = sName.find('/') == std::string::npos;
-    if (bOneName && mkdir((sFolder + "/" + sName).c_str(), kMode) == 0) {
+    if (bOneName && mkdir(platform::PathIn(sFolder, sName).c_str(), kMode) == 0) {
         m_pView->ShowFolder(m_model.Add(folder, sName));
         m_pView->setFocus();
         return;

@@ -4,6 +4,7 @@
 #include "Breakable.h"
 #include "LaunchCode.h"
 #include "NoticeLabel.h"
+#include "Paths.h"
 #include "ShownText.h"
 #include "SpokenRows.h"
 
@@ -66,7 +67,7 @@ ProgramChooser::ProgramChooser(QWidget* pOpenedFrom, const std::string& sPath,
       m_start(std::move(start)), m_pList(new SpokenRows<QListWidget>), m_pSaid(new NoticeLabel)
 {
     auto* const pText = new QLabel(Breakable(QStringLiteral("Choose the program to open \u201c%1\u201d with.")
-                                                 .arg(ShownText(sPath.substr(sPath.rfind('/') + 1)))));
+                                                 .arg(ShownText(platform::NameIn(sPath)))));
     pText->setTextFormat(Qt::PlainText);
     pText->setWordWrap(true);
     m_pFilter = new FilterEdit(*m_pList);

@@ -3,6 +3,7 @@
 
 #include "FileKind.h"
 #include "FileTime.h"
+#include "Paths.h"
 #include "ShownText.h"
 #include "SizeText.h"
 #include "Texts.h"
@@ -74,9 +75,8 @@ tProperties PropertiesOf(const std::string& sPath)
         statx(AT_FDCWD, sPath.c_str(), AT_SYMLINK_NOFOLLOW, STATX_BASIC_STATS | STATX_BTIME, &status) != 0) {
         return {};
     }
-    const auto nName = sPath.rfind('/') + 1;
-    tProperties properties = {{QStringLiteral("Name"), ShownText(sPath.substr(nName))},
-                              {QStringLiteral("Folder"), ShownText(sPath.substr(0, nName))}};
+    tProperties properties = {{QStringLiteral("Name"), ShownText(platform::NameIn(sPath))},
+                              {QStringLiteral("Folder"), ShownText(platform::FolderPart(sPath))}};
     const auto add = [&properties](const char* pWhat, const QString& sIs) {
         properties.emplace_back(QLatin1String(pWhat), sIs);
     };
@@ -116,11 +116,10 @@ void PropertySheet::Show(QWidget* pOpenedFrom, const std::string& sPath, const t
     }
     if (pSheet == nullptr) {
         // Files with the same name are distinguished by their folders.
-        const auto nName = sPath.rfind('/') + 1;
-        pSheet =
-            new PropertySheet(pOpenedFrom, sPath,
-                              QStringLiteral("%1 \u2013 %2 \u2013 Properties")
-                                  .arg(ShownText(sPath.substr(nName)), ShownText(sPath.substr(0, nName))));
+        pSheet = new PropertySheet(
+            pOpenedFrom, sPath,
+            QStringLiteral("%1 \u2013 %2 \u2013 Properties")
+                .arg(ShownText(platform::NameIn(sPath)), ShownText(platform::FolderPart(sPath))));
     }
     pSheet->Fill(properties);
     pSheet->ShowUp();

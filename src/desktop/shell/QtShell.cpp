@@ -2,7 +2,6 @@
 #include "QtShell.h"
 
 #include "FolderDialog.h"
-#include "VolumeLabel.h"
 
 #include <utility>
 
@@ -26,11 +25,6 @@ bool QtShell::SHGetPathFromIDList(platform::ItemId pidl, std::string& sBuffer)
     }
     sBuffer.replace(0, sPath.size() + 1, sPath + '\0');
     return true;
-}
-
-platform::tVolumeLabel QtShell::VolumeLabel(const std::string& sFolder)
-{
-    return desktop::VolumeLabel(sFolder);
 }
 
 } // namespace desktop

@@ -15,7 +15,6 @@ class QtShell final : public platform::ShellDialogs
 public:
     platform::ItemId SHBrowseForFolder(const platform::BROWSEINFO& info) override;
     bool SHGetPathFromIDList(platform::ItemId pidl, std::string& sBuffer) override;
-    platform::tVolumeLabel VolumeLabel(const std::string& sFolder) override;
 
 private:
     FolderDialog* m_pDialog = nullptr; ///< the running one

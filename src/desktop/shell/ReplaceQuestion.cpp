@@ -3,6 +3,7 @@
 
 #include "Breakable.h"
 #include "PathLabel.h"
+#include "Paths.h"
 #include "ShownText.h"
 #include "SizeText.h"
 #include "Texts.h"
@@ -67,7 +68,7 @@ ReplaceQuestion::ReplaceQuestion(QWidget* pOwner, const tFileFacts& source, cons
     auto* const pText = Line(Breakable(
         QStringLiteral(
             "A file named \u201c%1\u201d is already there. Replace it? It goes to the trash then.%2")
-            .arg(ShownText(target.sPath.substr(target.sPath.rfind('/') + 1)),
+            .arg(ShownText(platform::NameIn(target.sPath)),
                  QLatin1String(bIdentical ? "\nThe files are identical." : ""))));
     pText->setWordWrap(true);
     const QString sThere = QStringLiteral("File that is there");

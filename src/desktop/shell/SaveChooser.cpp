@@ -3,6 +3,7 @@
 
 #include "CanonicalPath.h"
 #include "NoticeLabel.h"
+#include "Paths.h"
 #include "Questions.h"
 #include "ReadingOrder.h"
 #include "ShownText.h"
@@ -63,7 +64,7 @@ QString WhyNotWritable(const std::string& sPath, bool& bThere)
     if (bThere && !S_ISREG(status.st_mode)) {
         return QStringLiteral("There is something of that name that is no file.");
     }
-    const std::string sAsked = bThere ? sPath : sPath.substr(0, sPath.rfind('/') + 1);
+    const std::string sAsked = bThere ? sPath : platform::FolderPart(sPath);
     if (access(sAsked.c_str(), W_OK) == 0) {
         return {};
     }
@@ -72,14 +73,6 @@ QString WhyNotWritable(const std::string& sPath, bool& bThere)
     }
     return bThere ? QStringLiteral("You are not permitted to write to this file.")
                   : QStringLiteral("You are not permitted to write to this folder.");
-}
-
-/// The canonical path of the folder at `sPath`; empty if it is not a folder.
-std::string CanonicalFolder(const std::string& sPath)
-{
-    const std::string sCanonical = CanonicalPath(sPath);
-    struct stat status = {};
-    return stat(sCanonical.c_str(), &status) == 0 && S_ISDIR(status.st_mode) ? sCanonical : "";
 }
 
 /// True if a name has an extension: a dot, not at the start, followed by letters and digits with at least one
@@ -91,11 +84,6 @@ bool HasExtension(const QString& sName)
     const auto isLetter = [](QChar c) { return c.isLetter(); };
     return nDot > 0 && std::any_of(sBehind.begin(), sBehind.end(), isLetter) &&
            std::all_of(sBehind.begin(), sBehind.end(), [](QChar c) { return c.isLetterOrNumber(); });
-}
-
-std::string Joined(const std::string& sFolder, const std::string& sName)
-{
-    return sFolder + (sFolder.ends_with('/') ? "" : "/") + sName;
 }
 
 } // namespace
@@ -214,20 +202,19 @@ void SaveChooser::accept()
         return;
     }
     const std::string sText = sTyped.toStdString();
-    std::string sPath = sText.starts_with('/') ? sText : Joined(m_pPane->Folder(), sText);
+    std::string sPath = sText.starts_with('/') ? sText : platform::PathIn(m_pPane->Folder(), sText);
     if (GoInto(sPath)) {
         return;
     }
-    const auto nName = sPath.rfind('/') + 1;
     if (!bPicked && !HasExtension(sTyped.section(QLatin1Char('/'), -1)) && !m_request.lpstrDefExt.empty()) {
         sPath += "." + m_request.lpstrDefExt;
     }
-    const std::string sFolder = CanonicalFolder(sPath.substr(0, nName));
+    const std::string sFolder = CanonicalFolder(platform::FolderPart(sPath));
     if (sFolder.empty()) {
         Say(QStringLiteral("There is no such folder."));
         return;
     }
-    sPath = Joined(sFolder, sPath.substr(nName));
+    sPath = platform::PathIn(sFolder, platform::NameIn(sPath));
     bool bThere = false;
     const QString sFault = WhyNotWritable(sPath, bThere);
     if (!sFault.isEmpty()) {
@@ -237,7 +224,7 @@ void SaveChooser::accept()
     const tQuestion question{.sName = QStringLiteral("replaceFile"),
                              .sTitle = windowTitle(),
                              .sText = QStringLiteral("\u201c%1\u201d is already there. Replace it?")
-                                          .arg(ShownText(sPath.substr(sPath.rfind('/') + 1))),
+                                          .arg(ShownText(platform::NameIn(sPath))),
                              .sYes = QStringLiteral("&Replace")};
     if (bThere && (m_request.Flags & platform::OFN_OVERWRITEPROMPT) != 0 && !AskYesNo(this, question)) {
         return;

@@ -9,4 +9,7 @@ namespace desktop {
 /// root); empty if it does not exist.
 std::string CanonicalPath(const std::string& sPath);
 
+/// The same for a folder; empty if there is no folder.
+std::string CanonicalFolder(const std::string& sPath);
+
 } // namespace desktop

@@ -6,22 +6,23 @@
 #include "Volumes.h"
 
 #include <string>
-#include <vector>
 
 namespace desktop {
 
 /// The mounted file systems according to the kernel's mount table, which is read again only after it has
-/// changed.
+/// changed. Labels come from sources that an ordinary user may read: the file system itself, then the labels
+/// that the system has found on the disks.
 class PosixVolumes final : public platform::Volumes
 {
 public:
+    PosixVolumes();
+
     std::string FileSystemOf(const std::string& sFolder) override;
+    platform::tVolumeLabel VolumeLabel(const std::string& sFolder) override;
 
 private:
-    void ReadIfChanged();
-
-    Descriptor m_table;
-    std::vector<tMount> m_mounts;
+    Descriptor m_changes; ///< reports changes of the table
+    MountTable m_mounts;
 };
 
 } // namespace desktop

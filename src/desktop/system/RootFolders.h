@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <iosfwd>
 #include <string>
 #include <vector>
 
@@ -15,9 +14,5 @@ struct tRootFolder {
 
 /// The top-level folders: the home folder, the root and the mounted volumes.
 std::vector<tRootFolder> RootFolders();
-
-/// The mount points, in table order, of the volumes that matter to users: disks and network file systems, but
-/// not what the system has mounted for its own purposes.
-std::vector<std::string> MountedVolumes(std::istream& mountInfo);
 
 } // namespace desktop
