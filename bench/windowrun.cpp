@@ -36,6 +36,16 @@
 
 namespace {
 
+mainwindow::frmMain& MainForm()
+{
+    return dynamic_cast<mainwindow::frmMain&>(search::frmMain());
+}
+
+dialogs::frmProgress& ProgressForm()
+{
+    return dynamic_cast<dialogs::frmProgress&>(search::frmProgress());
+}
+
 using Clock = std::chrono::steady_clock;
 using desktop::WidgetOf;
 
@@ -74,7 +84,7 @@ public:
     bool eventFilter(QObject* pWatched, QEvent* pEvent) override
     {
         if (pEvent->type() == QEvent::UpdateRequest && pWatched->isWidgetType() &&
-            pWatched == WidgetOf(&dialogs::theProgressForm().form)) {
+            pWatched == WidgetOf(&ProgressForm().form)) {
             ++nOfProgress;
         }
         if (pEvent->type() == QEvent::Paint && pWatched == pList) {
@@ -94,7 +104,7 @@ class Click final : public QObject
 public:
     bool event(QEvent* pEvent) override
     {
-        QWidget* const pCancel = WidgetOf(&dialogs::theProgressForm().cmdCancel);
+        QWidget* const pCancel = WidgetOf(&ProgressForm().cmdCancel);
         if (pEvent->type() == QEvent::User && pCancel != nullptr) {
             QTest::mouseClick(pCancel, Qt::LeftButton);
             bMet = true;
@@ -142,7 +152,7 @@ private:
 void ShowWindow()
 {
     mainwindow::Main();
-    QWidget* const pWindow = WidgetOf(&mainwindow::theMainForm().form);
+    QWidget* const pWindow = WidgetOf(&MainForm().form);
     if (!QTest::qWaitForWindowExposed(pWindow)) {
         std::fprintf(stderr, "windowrun: the window does not come up\n");
         std::exit(1);
@@ -154,7 +164,7 @@ void ShowWindow()
 Clock::duration Search()
 {
     const auto began = Clock::now();
-    QTest::keyClick(WidgetOf(&mainwindow::theMainForm().form), Qt::Key_F3);
+    QTest::keyClick(WidgetOf(&MainForm().form), Qt::Key_F3);
     return Clock::now() - began;
 }
 
@@ -172,7 +182,7 @@ void MeasureSearch(Paints& paints)
     const double dSeconds = Seconds(Search());
     QApplication::processEvents();
     std::printf("search=%.3f repaints_per_second=%.1f rows=%zu longest_ms=%.1f\n", dSeconds,
-                paints.nOfProgress / dSeconds, mainwindow::theMainForm().lvFiles.ListItems.Count(),
+                paints.nOfProgress / dSeconds, MainForm().lvFiles.ListItems.Count(),
                 1000 * Seconds(knocks.longest));
 }
 
@@ -252,7 +262,7 @@ int main(int argc, char** argv)
         std::printf("%.6f\n", std::chrono::duration<double>(now).count());
         return 0;
     }
-    auto& main = mainwindow::theMainForm();
+    auto& main = MainForm();
     main.mnuOptionsHidden.SetChecked(true);
     main.lvFolders.ListItems.Add(argv[2], argv[2], 1);
     paints.pList = dynamic_cast<QTreeView*>(WidgetOf(&main.lvFiles))->viewport();

@@ -37,7 +37,9 @@ struct tPointer final : platform::Screen {
 };
 
 /// Writes the report to a file of its own instead of asking, and records that it is opened.
-struct tUser final : platform::FileDialogs, platform::Launcher {
+struct tUser final : platform::ShellDialogs, platform::Launcher {
+    platform::ItemId SHBrowseForFolder(const platform::BROWSEINFO& /*info*/) override { return {}; }
+    bool SHGetPathFromIDList(platform::ItemId /*pidl*/, std::string& /*sBuffer*/) override { return false; }
     platform::ItemId SHBrowseForFolderA(const platform::BROWSEINFO& /*info*/) override { return {}; }
     bool SHGetPathFromIDListA(platform::ItemId /*pidl*/, std::string& /*sBuffer*/) override { return false; }
     void CoTaskMemFree(platform::ItemId /*pidl*/) override {}
@@ -64,7 +66,7 @@ struct tProgram {
     {
         search::UseForms(main, progress);
         platform::UseSystem(
-            {.screen = &pointer, .launcher = &user, .fileDialogs = &user, .textFiles = &textFiles});
+            {.screen = &pointer, .dialogs = &user, .launcher = &user, .textFiles = &textFiles});
     }
 
     tMainForm main;

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "Control.h"
-#include "FileDialogs.h"
 #include "LaunchCode.h"
 #include "Launching.h"
 #include "MessageBoxes.h"
@@ -21,7 +20,6 @@ namespace soak {
 
 /// Answers all questions at random.
 class RandomUser final : public desktop::OperationDialogs,
-                         public platform::FileDialogs,
                          public platform::Launcher,
                          public platform::MessageBoxes,
                          public platform::ShellDialogs

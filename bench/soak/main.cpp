@@ -26,6 +26,16 @@
 namespace soak {
 namespace {
 
+mainwindow::frmMain& MainForm()
+{
+    return dynamic_cast<mainwindow::frmMain&>(search::frmMain());
+}
+
+dialogs::frmProgress& ProgressForm()
+{
+    return dynamic_cast<dialogs::frmProgress&>(search::frmProgress());
+}
+
 /// Runs one visit after the other, in the same instance of the program.
 class Visits
 {
@@ -92,7 +102,7 @@ private:
         cancel.setSingleShot(true);
         QObject::connect(&cancel, &QTimer::timeout, [&bCancelled] {
             bCancelled = true;
-            dialogs::theProgressForm().cmdCancel.Click();
+            ProgressForm().cmdCancel.Click();
         });
         if (m_world.Random(4) == 0) {
             cancel.start(static_cast<int>(m_world.Random(30)));
@@ -198,7 +208,7 @@ private:
 
     World& m_world;
     RandomUser& m_user;
-    mainwindow::frmMain& m_main = mainwindow::theMainForm();
+    mainwindow::frmMain& m_main = MainForm();
     desktop::PosixFiles m_files;
     bool m_bFine = true;
 };
@@ -215,10 +225,9 @@ int Run(int argc, char* argv[])
     desktop::ShellFileOperations shellFiles(user);
     program::Program program(argc, argv, [&](platform::tSystem& system) {
         system.messages = &user;
-        system.shell = &user;
+        system.dialogs = &user;
         system.shellFiles = &shellFiles;
         system.launcher = &user;
-        system.fileDialogs = &user;
     });
 
     Visits visits(world, user);
@@ -240,7 +249,7 @@ int Run(int argc, char* argv[])
             std::fflush(stdout);
         }
         if (!bFine || now - start >= duration) {
-            mainwindow::theMainForm().form.UnloadForm();
+            MainForm().form.UnloadForm();
         }
     });
     next.start(0);

@@ -39,19 +39,16 @@ UserInterface::UserInterface(int& argc, char* argv[])
 
 platform::tSystem UserInterface::System()
 {
-    platform::tSystem system;
-    system.files = &m_files;
-    system.events = &m_events;
-    system.screen = &m_windows;
-    system.messages = &m_windows;
-    system.windows = &m_windows;
-    system.shell = &m_shell;
-    system.shellFiles = &m_shellFiles;
-    system.launcher = &m_launcher;
-    system.fileDialogs = &m_fileDialogs;
-    system.textFiles = &m_textFiles;
-    system.volumes = &m_volumes;
-    return system;
+    return {.files = &m_files,
+            .events = &m_events,
+            .screen = &m_windows,
+            .messages = &m_windows,
+            .windows = &m_windows,
+            .dialogs = &m_shellDialogs,
+            .shellFiles = &m_shellFiles,
+            .launcher = &m_launcher,
+            .textFiles = &m_textFiles,
+            .volumes = &m_volumes};
 }
 
 int UserInterface::Run()

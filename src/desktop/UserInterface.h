@@ -6,9 +6,8 @@
 #include "PosixFiles.h"
 #include "PosixTextFiles.h"
 #include "PosixVolumes.h"
-#include "QtFileDialogs.h"
 #include "QtOperationDialogs.h"
-#include "QtShell.h"
+#include "QtShellDialogs.h"
 #include "QtWindows.h"
 #include "ShellFileOperations.h"
 #include "System.h"
@@ -39,13 +38,12 @@ private:
     QApplication m_application;
     QtWindows m_windows;
     PacedEventLoop m_events;
-    QtFileDialogs m_fileDialogs;
+    QtShellDialogs m_shellDialogs;
     QtOperationDialogs m_operations;
     GioLauncher m_launcher;
     PosixFiles m_files;
     PosixTextFiles m_textFiles;
     PosixVolumes m_volumes;
-    QtShell m_shell;
     ShellFileOperations m_shellFiles{m_operations};
 };
 

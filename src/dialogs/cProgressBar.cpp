@@ -14,12 +14,12 @@ namespace {
 
 float PerX()
 {
-    return platform::TheScreen().TwipsPerPixelX();
+    return platform::System().screen->TwipsPerPixelX();
 }
 
 float PerY()
 {
-    return platform::TheScreen().TwipsPerPixelY();
+    return platform::System().screen->TwipsPerPixelY();
 }
 
 /// Returns `number`, or throws if the arithmetic that produced it has overflowed.
@@ -116,13 +116,13 @@ void cProgressBar::SetVisible(bool New_Visible)
 void cProgressBar::Create(const platform::WindowHandle& hParent)
 {
     platform::InitCommonControls();
-    hWnd = platform::CreateWindowExA(platform::ProgressWindow::kClass, Rounded(sngLeft), Rounded(sngTop),
+    hWnd = platform::CreateWindowExA(platform::NativeProgressBar::kClass, Rounded(sngLeft), Rounded(sngTop),
                                      Rounded(sngWidth), Rounded(sngHeight), hParent);
 }
 
 void cProgressBar::UpdatePosition()
 {
-    platform::SendMessageA(hWnd, platform::ProgressWindow::PBM_SETPOS, Rounded(sngPercent), 0);
+    platform::SendMessageA(hWnd, platform::NativeProgressBar::PBM_SETPOS, Rounded(sngPercent), 0);
 }
 
 void cProgressBar::UpdateRect()

@@ -2,8 +2,8 @@
 #include "frmBrowse.h"
 
 #include "FormDesign.h"
+#include "FormMembers.h"
 #include "GroupMarks.h"
-#include "MainForm.h"
 #include "System.h"
 #include "mSysTree.h"
 
@@ -18,12 +18,12 @@ std::string AddFolder(const std::string& sSelected)
 {
     // By its canonical path, so that a link to a folder, for example to the home folder, does not list it
     // twice.
-    const std::string sFolder = platform::Files().CanonicalFolder(sSelected).value_or(sSelected);
-    auto row = frmMain().lvFolders.ListItems.Add(sFolder, sFolder, platform::kFolderIcon);
+    const std::string sFolder = platform::System().files->CanonicalFolder(sSelected).value_or(sSelected);
+    auto row = search::frmMain().lvFolders.ListItems.Add(sFolder, sFolder, platform::kFolderIcon);
     if (!row) {
         return "This folder is already in the list";
     }
-    const auto volume = platform::TheVolumes().VolumeLabel(sFolder);
+    const auto volume = platform::System().volumes->VolumeLabel(sFolder);
     if (volume.sError.empty()) {
         row->SetSubItems(1, volume.sLabel);
     }
@@ -60,14 +60,14 @@ void frmBrowse::RestoreDesign()
 
 void frmBrowse::Form_Load()
 {
-    frmMain().form.SetEnabled(false);
+    search::frmMain().form.SetEnabled(false);
 }
 
 void frmBrowse::Form_Unload()
 {
-    frmMain().form.SetEnabled(true);
+    search::frmMain().form.SetEnabled(true);
     CloseSysTree();
-    platform::SetForegroundWindow(frmMain().form.hWnd());
+    platform::SetForegroundWindow(search::frmMain().form.hWnd());
 }
 
 void frmBrowse::cmdAdd_Click()
@@ -77,7 +77,7 @@ void frmBrowse::cmdAdd_Click()
     }
     const std::string sError = AddFolder(sSelectedFolder);
     if (!sError.empty()) {
-        platform::Messages().Show(sError + ".", platform::MessageIcon::Exclamation);
+        platform::System().messages->Show(sError + ".", platform::MessageIcon::Exclamation);
     }
 }
 

@@ -2,7 +2,6 @@
 #include "frmProgress.h"
 
 #include "FormDesign.h"
-#include "MainForm.h"
 #include "System.h"
 #include "mCommon.h"
 
@@ -39,7 +38,7 @@ cProgressBar& frmProgress::pbProgress()
 
 void frmProgress::Show()
 {
-    form.Show(false, &frmMain().form);
+    form.Show(false, &search::frmMain().form);
 }
 
 void frmProgress::Unload()
@@ -50,27 +49,21 @@ void frmProgress::Unload()
 
 void frmProgress::Form_Load()
 {
-    ShowCoverList();
+    LayCoverList();
+    search::frmMain().lvFake.SetVisible(true);
     InitProgressBar();
-    platform::TheScreen().SetMousePointer(platform::MousePointer::Default);
+    platform::System().screen->SetMousePointer(platform::MousePointer::Default);
 }
 
 void frmProgress::Form_Unload()
 {
-    frmMain().lvFake.SetVisible(false);
-    platform::SetForegroundWindow(frmMain().form.hWnd());
+    search::frmMain().lvFake.SetVisible(false);
+    platform::SetForegroundWindow(search::frmMain().form.hWnd());
 }
 
 void frmProgress::cmdCancel_Click()
 {
     search::bStopped = true;
-}
-
-/// Covers the result list with an empty list of the same shape.
-void frmProgress::ShowCoverList()
-{
-    LayCoverList();
-    frmMain().lvFake.SetVisible(true);
 }
 
 void frmProgress::InitProgressBar()
@@ -83,10 +76,17 @@ void frmProgress::InitProgressBar()
     bar.Create(form.hWnd());
 }
 
-frmProgress& theProgressForm()
+void LayCoverList()
 {
-    static frmProgress form;
-    return form;
+    auto& lvFiles = search::frmMain().lvFiles;
+    auto& lvFake = search::frmMain().lvFake;
+    lvFake.SetLeft(lvFiles.Left());
+    lvFake.SetTop(lvFiles.Top());
+    lvFake.SetWidth(lvFiles.Width());
+    lvFake.SetHeight(lvFiles.Height());
+    for (std::size_t n = 1; n <= lvFiles.ColumnCount(); ++n) {
+        lvFake.ColumnHeaders(n).SetWidth(lvFiles.ColumnHeaders(n).Width());
+    }
 }
 
 } // namespace dialogs

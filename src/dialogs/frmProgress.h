@@ -34,13 +34,12 @@ private:
     void Form_Load();
     void Form_Unload();
     void cmdCancel_Click();
-    void ShowCoverList();
     void InitProgressBar();
 
     std::optional<cProgressBar> m_pbProgress;
 };
 
-/// The only progress window.
-frmProgress& theProgressForm();
+/// Puts the cover list exactly over the result list, with the same column widths.
+void LayCoverList();
 
 } // namespace dialogs

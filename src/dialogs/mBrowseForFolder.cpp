@@ -35,11 +35,11 @@ std::string BrowseForFolder(platform::WindowHandle hOwner, const std::string& sT
         info.lpfn = &BrowseCallback;
     }
     // On Cancel there is no item, and the buffer does not change.
-    const platform::ItemId pidl = platform::TheFileDialogs().SHBrowseForFolderA(info);
+    const platform::ItemId pidl = platform::System().dialogs->SHBrowseForFolderA(info);
     std::string sBuffer(kPathBuffer, '\0');
-    platform::TheFileDialogs().SHGetPathFromIDListA(pidl, sBuffer);
+    platform::System().dialogs->SHGetPathFromIDListA(pidl, sBuffer);
     std::string sFolder = StripNull(sBuffer);
-    platform::TheFileDialogs().CoTaskMemFree(pidl);
+    platform::System().dialogs->CoTaskMemFree(pidl);
     return sFolder;
 }
 

@@ -54,7 +54,7 @@ void HostTree(platform::PictureBox& host)
 void BrowseInitialized()
 {
     // Off the screen at any resolution.
-    platform::MoveWindow(hBrowse, -static_cast<int>(platform::TheScreen().Width()), 0, kBrowseSize,
+    platform::MoveWindow(hBrowse, -static_cast<int>(platform::System().screen->Width()), 0, kBrowseSize,
                          kBrowseSize);
     platform::SendMessageA(hBrowse, platform::BFFM_SETSELECTIONA, 1, sSelectedFolder);
     for (auto hChild = platform::GetWindow(hBrowse, platform::GW_CHILD); hChild != nullptr;
@@ -71,7 +71,7 @@ void SelectionChanged(platform::ItemId pidl)
 {
     // If the item has no path, the buffer holds no NUL and the last folder stays.
     std::string sBuffer(kMaxPath, ' ');
-    platform::Shell().SHGetPathFromIDList(pidl, sBuffer);
+    platform::System().dialogs->SHGetPathFromIDList(pidl, sBuffer);
     const std::size_t nEnd = sBuffer.find('\0');
     if (nEnd != std::string::npos) {
         sSelectedFolder = sBuffer.substr(0, nEnd);
@@ -98,11 +98,12 @@ void ShowSysTree(const std::string& sStart)
     // The shell expects a terminating NUL.
     sSelectedFolder = sStart + '\0';
     // The result is ignored: the folders have been added during the call.
-    platform::Shell().SHBrowseForFolder({.hwndOwner = platform::GetDesktopWindow(),
-                                         .lpszTitle = {},
-                                         .ulFlags = platform::BIF_RETURNONLYFSDIRS | platform::BIF_STATUSTEXT,
-                                         .lpfn = &SysTreeCallback,
-                                         .lParam = 0});
+    platform::System().dialogs->SHBrowseForFolder(
+        {.hwndOwner = platform::GetDesktopWindow(),
+         .lpszTitle = {},
+         .ulFlags = platform::BIF_RETURNONLYFSDIRS | platform::BIF_STATUSTEXT,
+         .lpfn = &SysTreeCallback,
+         .lParam = 0});
     // The windows have been destroyed, so these handles must not be used any more.
     hBrowse = nullptr;
     hTree = nullptr;

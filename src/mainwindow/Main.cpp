@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "Main.h"
 
+#include "FormMembers.h"
 #include "WindowManager.h"
-#include "frmMain.h"
 
 namespace mainwindow {
 
 void Main()
 {
     platform::InitCommonControls();
-    theMainForm().form.Show();
+    search::frmMain().form.Show();
 }
 
 } // namespace mainwindow

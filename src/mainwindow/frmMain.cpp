@@ -62,10 +62,4 @@ std::string frmMain::sSelectedFolder()
     return dialogs::sSelectedFolder;
 }
 
-frmMain& theMainForm()
-{
-    static frmMain form;
-    return form;
-}
-
 } // namespace mainwindow

@@ -2,10 +2,14 @@
 #pragma once
 
 #include "FileGroups.h"
-#include "MainForm.h"
+#include "FormMembers.h"
 #include "Menu.h"
+#include "SaveResults.h"
 #include "Toolbar.h"
 #include "Widgets.h"
+#include "frmAbout.h"
+#include "mDataOperation.h"
+#include "mSelect.h"
 
 #include <span>
 #include <string>
@@ -13,7 +17,7 @@
 namespace mainwindow {
 
 /// The main window: the folders to compare, the result rows below them, and all commands in its menus.
-class frmMain final : public dialogs::MainFormMembers, public platform::FileGroups
+class frmMain final : public search::MainFormMembers, public platform::FileGroups
 {
 public:
     frmMain();
@@ -87,38 +91,36 @@ private:
     static std::span<const tToolbarRow> ToolbarRows();
     void Toolbar1_ButtonClick(const std::string& sKey);
 
+    // Those that are one call of a lower layer stand here, the others in the source of their topic.
     void mnuFileOpen_Click();
     void mnuFileExplore_Click();
     void mnuFileNotepad_Click();
     void mnuFileWordpad_Click();
     void mnuFileChooseProgram_Click();
-    void mnuSelectDuplicatedFiles_Click();
-    void mnuSelectEmptyFiles_Click();
-    void mnuSelectDrive_Click();
-    void mnuSelectPath_Click();
-    void mnuSelectAll_Click();
-    void mnuSelectInvert_Click();
-    void mnuSelectNone_Click();
+    void mnuSelectDuplicatedFiles_Click() { results::SelectDuplicatedFiles(lvFiles); }
+    void mnuSelectEmptyFiles_Click() { results::SelectEmptyFiles(lvFiles); }
+    void mnuSelectDrive_Click() { results::SelectSameDrive(lvFiles); }
+    void mnuSelectPath_Click() { results::SelectSamePath(lvFiles); }
+    void mnuSelectAll_Click() { results::SelectAll(lvFiles); }
+    void mnuSelectInvert_Click() { results::SelectInvert(lvFiles); }
+    void mnuSelectNone_Click() { results::SelectNone(lvFiles); }
     void mnuFileMoveTo_Click();
     void mnuFileCopyTo_Click();
     void mnuFileDelete_Click();
     void mnuFileProperties_Click();
-    void mnuFileExit_Click();
+    void mnuFileExit_Click() { form.UnloadForm(); }
     void mnuSearchNew_Click();
     void mnuSearchAdd_Click();
     void mnuSearchRemove_Click();
     void mnuSearchClearFolders_Click();
-    void mnuSearchFind_Click();
-    void mnuSearchSaveResults_Click();
+    void mnuSearchFind_Click() { search::mnuSearchFind_Click(); }
+    void mnuSearchSaveResults_Click() { results::SaveResults(); }
     void mnuSearchClearResults_Click();
     void mnuOptionsSearchContent_Click();
     void mnuOptionsSearchName_Click();
     void mnuOptionsSearchNameSize_Click();
     void mnuOptionsHidden_Click();
-    void mnuHelpAbout_Click();
+    void mnuHelpAbout_Click() { dialogs::theAboutForm().form.Show(true); }
 };
-
-/// The only main form, created on first use.
-frmMain& theMainForm();
 
 } // namespace mainwindow

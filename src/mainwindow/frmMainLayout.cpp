@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "MainForm.h"
 #include "frmMain.h"
+#include "frmProgress.h"
 
 // The layout of the main form, initially and when the window is resized or the splitter between the lists is
 // moved. A control refuses a negative size and keeps its old one; that is intended here and not reported.

@@ -35,7 +35,7 @@ void frmMain::lvFiles_MouseDown(float x, float y)
 void frmMain::lvFiles_MouseUp(int Button)
 {
     if (Button == platform::kRightButton) {
-        platform::Windows().PopupMenu(mnuFile, nullptr);
+        platform::System().windows->PopupMenu(mnuFile, nullptr);
     }
 }
 
@@ -44,7 +44,7 @@ void frmMain::lvFiles_MenuKey()
     // The menu opens at the current row, so its commands apply to that row. No mouse press has hit it, so the
     // flag is restored when the menu closes.
     const bool bHitBefore = std::exchange(bItemHit, lvFiles.SelectedItem().has_value());
-    platform::Windows().PopupMenu(mnuFile, &lvFiles);
+    platform::System().windows->PopupMenu(mnuFile, &lvFiles);
     bItemHit = bHitBefore;
 }
 

@@ -24,12 +24,12 @@ void Form::Show(bool bModal, Form* pOwner)
             Load();
         }
     }
-    Windows().ShowForm(*this, bModal, pOwner);
+    System().windows->ShowForm(*this, bModal, pOwner);
 }
 
 void Form::Refresh()
 {
-    Windows().RefreshForm(*this);
+    System().windows->RefreshForm(*this);
 }
 
 void Form::UnloadForm()
@@ -41,7 +41,7 @@ void Form::UnloadForm()
     if (Unload) {
         Unload();
     }
-    Windows().TakeDownForm(*this);
+    System().windows->TakeDownForm(*this);
 }
 
 bool Form::SetFocus(Control& control)

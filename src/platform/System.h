@@ -2,7 +2,6 @@
 #pragma once
 
 #include "EventLoop.h"
-#include "FileDialogs.h"
 #include "FileSystem.h"
 #include "Launching.h"
 #include "MessageBoxes.h"
@@ -23,10 +22,9 @@ struct tSystem {
     Screen* screen = nullptr;
     MessageBoxes* messages = nullptr;
     WindowManager* windows = nullptr;
-    ShellDialogs* shell = nullptr;
+    ShellDialogs* dialogs = nullptr;
     ShellFiles* shellFiles = nullptr;
     Launcher* launcher = nullptr;
-    FileDialogs* fileDialogs = nullptr;
     TextFiles* textFiles = nullptr;
     Volumes* volumes = nullptr;
 };
@@ -34,17 +32,7 @@ struct tSystem {
 /// Installs `system` for the whole program. Must be called before anything that uses it.
 void UseSystem(const tSystem& system);
 
-/// The installed parts of the system.
-FileSystem& Files();
-EventLoop& Events();
-Screen& TheScreen();
-MessageBoxes& Messages();
-WindowManager& Windows();
-ShellDialogs& Shell();
-ShellFiles& TheShellFiles();
-Launcher& TheLauncher();
-FileDialogs& TheFileDialogs();
-TextFiles& TheTextFiles();
-Volumes& TheVolumes();
+/// The installed system.
+const tSystem& System();
 
 } // namespace platform

@@ -10,15 +10,15 @@ namespace platform {
 
 int PictureBox::ScaleWidth() const
 {
-    return static_cast<int>(std::lround(Width() / TheScreen().TwipsPerPixelX()));
+    return static_cast<int>(std::lround(Width() / System().screen->TwipsPerPixelX()));
 }
 
 int PictureBox::ScaleHeight() const
 {
-    return static_cast<int>(std::lround(Height() / TheScreen().TwipsPerPixelY()));
+    return static_cast<int>(std::lround(Height() / System().screen->TwipsPerPixelY()));
 }
 
-long ProgressWindow::Message(unsigned nMessage, long wParam, long lParam)
+long NativeProgressBar::Message(unsigned nMessage, long wParam, long lParam)
 {
     if (nMessage != PBM_SETPOS) {
         return Control::Message(nMessage, wParam, lParam);

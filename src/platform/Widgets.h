@@ -84,7 +84,7 @@ private:
 };
 
 /// The native progress bar, from 0 to kFull.
-class ProgressWindow : public Control
+class NativeProgressBar : public Control
 {
 public:
     static constexpr std::string_view kClass = "msctls_progress32";

@@ -12,9 +12,9 @@ namespace platform {
 namespace {
 
 /// The windows made by CreateWindowExA and not destroyed yet.
-std::vector<std::unique_ptr<ProgressWindow>>& Created()
+std::vector<std::unique_ptr<NativeProgressBar>>& Created()
 {
-    static std::vector<std::unique_ptr<ProgressWindow>> windows;
+    static std::vector<std::unique_ptr<NativeProgressBar>> windows;
     return windows;
 }
 
@@ -100,10 +100,10 @@ WindowHandle GetDesktopWindow()
 WindowHandle CreateWindowExA(std::string_view sClass, int x, int y, int nWidth, int nHeight,
                              WindowHandle hParent)
 {
-    if (sClass != ProgressWindow::kClass || hParent == nullptr) {
+    if (sClass != NativeProgressBar::kClass || hParent == nullptr) {
         return nullptr;
     }
-    auto& window = Created().emplace_back(std::make_unique<ProgressWindow>());
+    auto& window = Created().emplace_back(std::make_unique<NativeProgressBar>());
     MoveWindow(window.get(), x, y, nWidth, nHeight);
     window->SetParent(hParent);
     return window.get();
@@ -114,8 +114,8 @@ void MoveWindow(WindowHandle hWnd, int x, int y, int nWidth, int nHeight)
     if (hWnd == nullptr) {
         return;
     }
-    const float perX = TheScreen().TwipsPerPixelX();
-    const float perY = TheScreen().TwipsPerPixelY();
+    const float perX = System().screen->TwipsPerPixelX();
+    const float perY = System().screen->TwipsPerPixelY();
     hWnd->SetPlace({static_cast<float>(x) * perX, static_cast<float>(y) * perY,
                     static_cast<float>(nWidth) * perX, static_cast<float>(nHeight) * perY});
     SendMessageA(hWnd, WM_MOVE, 0, 0);
@@ -143,12 +143,12 @@ void DestroyWindow(WindowHandle hWnd)
 
 void SetForegroundWindow(WindowHandle hWnd)
 {
-    Windows().SetForegroundWindow(hWnd);
+    System().windows->SetForegroundWindow(hWnd);
 }
 
 void LockWindowUpdate(WindowHandle hWnd)
 {
-    Windows().LockWindowUpdate(hWnd);
+    System().windows->LockWindowUpdate(hWnd);
 }
 
 } // namespace platform

@@ -2,9 +2,6 @@
 #include "Program.h"
 
 #include "Main.h"
-#include "MainForm.h"
-#include "frmMain.h"
-#include "frmProgress.h"
 
 namespace program {
 
@@ -16,9 +13,8 @@ Program::Program(int& argc, char* argv[], const std::function<void(platform::tSy
         replace(system);
     }
     platform::UseSystem(system);
-    platform::TheShellFiles().UseGroups(mainwindow::theMainForm());
-    search::UseForms(mainwindow::theMainForm(), dialogs::theProgressForm());
-    dialogs::UseMainForm(mainwindow::theMainForm());
+    platform::System().shellFiles->UseGroups(m_mainForm);
+    search::UseForms(m_mainForm, m_progressForm);
 }
 
 int Program::Run()

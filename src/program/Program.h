@@ -3,6 +3,8 @@
 
 #include "System.h"
 #include "UserInterface.h"
+#include "frmMain.h"
+#include "frmProgress.h"
 
 #include <functional>
 
@@ -19,6 +21,9 @@ public:
     int Run();
 
 private:
+    // Destroyed after the user interface, which shows them.
+    mainwindow::frmMain m_mainForm;
+    dialogs::frmProgress m_progressForm;
     desktop::UserInterface m_userInterface;
 };
 

@@ -22,7 +22,7 @@ class Report
 {
 public:
     explicit Report(const std::string& sPath)
-        : m_hFile(platform::TheTextFiles().OpenForOutput(sPath)),
+        : m_hFile(platform::System().textFiles->OpenForOutput(sPath)),
           m_bWritten(m_hFile != platform::INVALID_HANDLE_VALUE)
     {
     }
@@ -31,13 +31,13 @@ public:
     ~Report()
     {
         if (m_hFile != platform::INVALID_HANDLE_VALUE) {
-            platform::TheTextFiles().CloseOutput(m_hFile);
+            platform::System().textFiles->CloseOutput(m_hFile);
         }
     }
 
     void Line(std::string_view sLine)
     {
-        m_bWritten = m_bWritten && platform::TheTextFiles().PrintLine(m_hFile, sLine);
+        m_bWritten = m_bWritten && platform::System().textFiles->PrintLine(m_hFile, sLine);
     }
 
 private:

@@ -31,7 +31,7 @@ std::string ShowSaveDialog(platform::WindowHandle hOwner, const std::string& sFi
                     platform::OFN_EXPLORER | platform::OFN_LONGNAMES;
     request.lpstrDefExt = FilterExtension(request.lpstrFilter);
     // A dialog that fails is treated like one that was cancelled.
-    if (!platform::TheFileDialogs().GetSaveFileNameA(request)) {
+    if (!platform::System().dialogs->GetSaveFileNameA(request)) {
         return {};
     }
     // The next dialog starts in the same folder.

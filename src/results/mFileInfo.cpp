@@ -18,7 +18,7 @@ bool HasDriveLetter(std::string_view sFolder)
 bool FileExists(const std::string& sPath)
 {
     return !sPath.empty() &&
-           platform::TheShellFiles().SHGetFileInfoA(sPath, 0, platform::SHGFI_DISPLAYNAME) != 0;
+           platform::System().shellFiles->SHGetFileInfoA(sPath, 0, platform::SHGFI_DISPLAYNAME) != 0;
 }
 
 std::string JoinPath(const std::string& sFolder, const std::string& sFile, char cSeparator)
@@ -43,7 +43,7 @@ std::string DriveOf(const std::string& sFolder, char cSeparator)
     if (HasDriveLetter(sFolder) || sFolder.starts_with(std::string(2, cSeparator))) {
         return sFolder.substr(0, 2);
     }
-    return sFolder.empty() ? std::string() : platform::TheVolumes().FileSystemOf(sFolder);
+    return sFolder.empty() ? std::string() : platform::System().volumes->FileSystemOf(sFolder);
 }
 
 } // namespace results

@@ -21,14 +21,14 @@ bool RunRequest(unsigned wFunc, const std::string& sFrom, const std::string& sTo
     request.pFrom = sFrom;
     request.pTo = sTo;
     request.fFlags = fFlags;
-    return platform::TheShellFiles().SHFileOperationA(request) == 0;
+    return platform::System().shellFiles->SHFileOperationA(request) == 0;
 }
 
 void SayCannotOpen(const std::string& sFolder, const std::string& sFile, long nCode)
 {
-    platform::Messages().Show("Cannot open " + platform::Escaped(JoinPath(sFolder, sFile)) + "\r\n\r\n" +
-                                  GetErrorText(nCode),
-                              platform::MessageIcon::Stop);
+    platform::System().messages->Show("Cannot open " + platform::Escaped(JoinPath(sFolder, sFile)) +
+                                          "\r\n\r\n" + GetErrorText(nCode),
+                                      platform::MessageIcon::Stop);
 }
 
 } // namespace
@@ -53,7 +53,7 @@ bool CopyFiles(const std::string& sFrom, const std::string& sTo)
 void OpenDocument(const std::string& sFile, const std::string& sParams, const std::string& sFolder, int nShow)
 {
     const long nResult =
-        platform::TheLauncher().ShellExecuteA(nullptr, "open", sFile, sParams, sFolder, nShow);
+        platform::System().launcher->ShellExecuteA(nullptr, "open", sFile, sParams, sFolder, nShow);
     if (nResult == platform::SE_ERR_NOASSOC) {
         OpenWithDialog(sFile);
     } else if (nResult <= kLastFailure) {
@@ -65,7 +65,7 @@ void RunProgram(const std::string& sProgram, const std::string& sParams, const s
                 int nShow)
 {
     const long nResult =
-        platform::TheLauncher().ShellExecuteA(nullptr, "open", sProgram, sParams, sFolder, nShow);
+        platform::System().launcher->ShellExecuteA(nullptr, "open", sProgram, sParams, sFolder, nShow);
     if (nResult <= kLastFailure) {
         SayCannotOpen(sFolder, sProgram, nResult);
     }
@@ -75,13 +75,14 @@ void RunProgram(const std::string& sProgram, const std::string& sParams, const s
 
 void ExploreFolder(platform::WindowHandle hOwner, const std::string& sPath)
 {
-    platform::TheLauncher().ShellExecuteA(hOwner, "open", "explorer.exe", sPath, "", platform::SW_SHOWNORMAL);
+    platform::System().launcher->ShellExecuteA(hOwner, "open", "explorer.exe", sPath, "",
+                                               platform::SW_SHOWNORMAL);
 }
 
 void OpenWithDialog(const std::string& sFile)
 {
-    platform::TheLauncher().ShellExecuteA(nullptr, "open", "rundll32.exe",
-                                          "shell32.dll, OpenAs_RunDLL " + sFile, "", platform::SW_SHOWNORMAL);
+    platform::System().launcher->ShellExecuteA(
+        nullptr, "open", "rundll32.exe", "shell32.dll, OpenAs_RunDLL " + sFile, "", platform::SW_SHOWNORMAL);
 }
 
 void ShowProperties(platform::WindowHandle hOwner, const std::string& sFile)
@@ -91,7 +92,7 @@ void ShowProperties(platform::WindowHandle hOwner, const std::string& sFile)
     info.hwnd = hOwner;
     info.lpVerb = "properties";
     info.lpFile = sFile;
-    platform::TheLauncher().ShellExecuteExA(info);
+    platform::System().launcher->ShellExecuteExA(info);
 }
 
 } // namespace results

@@ -12,7 +12,7 @@
 
 namespace search {
 
-/// What the searches and file commands use of the main form.
+/// What the layers below the main form use of it.
 class MainFormMembers
 {
 public:
@@ -21,6 +21,7 @@ public:
     platform::Form form; ///< `Enabled`: the user may act on the form
     platform::ListView lvFolders{form};
     platform::ListView lvFiles{form};
+    platform::ListView lvFake{form}; ///< covers lvFiles while a search fills it
     platform::ComparedBy RowsComparedBy = platform::ComparedBy::Content; ///< of the search in lvFiles
     platform::StatusBar StatusBar1{2};
     platform::MenuItem mnuOptionsSearchContent;

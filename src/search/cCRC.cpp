@@ -12,11 +12,11 @@ namespace {
 class cOpenFile
 {
 public:
-    explicit cOpenFile(const std::string& sPath) : m_hFile(platform::Files().CreateFileA(sPath)) {}
+    explicit cOpenFile(const std::string& sPath) : m_hFile(platform::System().files->CreateFileA(sPath)) {}
     ~cOpenFile()
     {
         if (m_hFile != platform::INVALID_HANDLE_VALUE) {
-            platform::Files().CloseHandle(m_hFile);
+            platform::System().files->CloseHandle(m_hFile);
         }
     }
     cOpenFile(const cOpenFile&) = delete;
@@ -108,7 +108,7 @@ tChecksum cCRC::CalculateFile(const std::string& Filename)
 {
     const cOpenFile file(Filename);
     const bool bOpen = file.Handle() != platform::INVALID_HANDLE_VALUE;
-    const std::int64_t nSize = bOpen ? platform::Files().FileLength(file.Handle()) : -1;
+    const std::int64_t nSize = bOpen ? platform::System().files->FileLength(file.Handle()) : -1;
     // An empty file counts as unreadable: opening it may just have created it.
     return CalculateOpened(file.Handle(), nSize != 0 ? nSize : -1);
 }
@@ -144,7 +144,7 @@ tChecksum cCRC::CalculateOpened(platform::FileHandle hFile, std::int64_t nSize)
     if (aBytes == nullptr) {
         return kNoChecksum;
     }
-    const platform::tReadResult result = platform::Files().ReadFile(hFile, aBytes, nBytes);
+    const platform::tReadResult result = platform::System().files->ReadFile(hFile, aBytes, nBytes);
     if (!result.bRead) {
         return kNoChecksum;
     }

@@ -51,8 +51,8 @@ void SetWorking(bool bWorking)
 {
     // The commands are updated first, while everything else is unchanged.
     frmMain().CheckMenu();
-    platform::TheScreen().SetMousePointer(bWorking ? platform::MousePointer::Hourglass
-                                                   : platform::MousePointer::Default);
+    platform::System().screen->SetMousePointer(bWorking ? platform::MousePointer::Hourglass
+                                                        : platform::MousePointer::Default);
     frmMain().StatusBar1.Panels(1).SetText(bWorking ? "Working..." : "Done");
     // Disabling the form is all that prevents a second operation.
     frmMain().form.SetEnabled(!bWorking);

@@ -27,7 +27,8 @@ tFileEntry& Entry(std::int32_t n)
 bool BeginSearch()
 {
     if (frmMain().lvFolders.ListItems.Count() == 0) {
-        platform::Messages().Show("Please add at least one folder.", platform::MessageIcon::Exclamation);
+        platform::System().messages->Show("Please add at least one folder.",
+                                          platform::MessageIcon::Exclamation);
         return false;
     }
     auto& progress = frmProgress();
@@ -35,7 +36,7 @@ bool BeginSearch()
     SetWorking(true);
     ClearResults();
     // The normal pointer, although the program is busy, since Cancel can be clicked.
-    platform::TheScreen().SetMousePointer(platform::MousePointer::Default);
+    platform::System().screen->SetMousePointer(platform::MousePointer::Default);
     progress.lblStatus.SetCaption("Scanning...");
     progress.lblFolder.SetCaption(frmMain().sSelectedFolder());
     progress.Refresh();
@@ -52,7 +53,7 @@ std::unique_ptr<platform::SearchReading> BeginReading()
     }
     searched.bHidden = frmMain().mnuOptionsHidden.Checked();
     searched.nMaxSubfolders = kMaxSubfolders;
-    return platform::Files().BeginReading(searched);
+    return platform::System().files->BeginReading(searched);
 }
 
 /// The first half of a search, up to the comparison. It need not check for a stop: the walk does.
@@ -75,9 +76,10 @@ void EndSearch(bool bWhole)
     SetWorking(false);
     frmProgress().Unload();
     if (!bWhole) {
-        platform::Messages().Show("There is not enough memory to search all of these folders. The list shows "
-                                  "what had been found by then.",
-                                  platform::MessageIcon::Exclamation);
+        platform::System().messages->Show(
+            "There is not enough memory to search all of these folders. The list shows "
+            "what had been found by then.",
+            platform::MessageIcon::Exclamation);
     }
 }
 

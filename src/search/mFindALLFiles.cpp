@@ -133,7 +133,7 @@ std::string FileTimeToText(platform::tFileTime ftTime)
 
 bool FileFound(const std::string& sPath)
 {
-    return platform::Files().PathFound(sPath);
+    return platform::System().files->PathFound(sPath);
 }
 
 } // namespace search

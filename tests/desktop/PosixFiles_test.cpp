@@ -152,7 +152,8 @@ TEST_F(PosixFiles, AreWalkedToThePlatformsLimit)
     }
     fs::current_path(here);
     support::ScriptedSearch world;
-    platform::UseSystem({&files, &platform::Events(), &platform::TheScreen(), &platform::Messages()});
+    platform::UseSystem(
+        {&files, platform::System().events, platform::System().screen, platform::System().messages});
     search::ClearResults();
     search::FindAllFiles(tree.sRoot, *files.BeginReading({}));
     const auto nLevels = (PATH_MAX - 1 - tree.sRoot.size()) / 2;

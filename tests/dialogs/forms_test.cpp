@@ -71,7 +71,7 @@ using Progress = MainWindow;
 
 int Position(const platform::Form& form)
 {
-    return dynamic_cast<const platform::ProgressWindow&>(*form.Children().at(0)).Position();
+    return dynamic_cast<const platform::NativeProgressBar&>(*form.Children().at(0)).Position();
 }
 
 TEST_F(Progress, ShowsAValueAsAPercentageOfTheRange)
@@ -102,7 +102,6 @@ TEST_F(Progress, ShowsAValueAsAPercentageOfTheRange)
 
 TEST_F(Progress, IsFreshForEachSearchAndCoversTheRows)
 {
-    auto& progress = dialogs::theProgressForm();
     for (const float width : {1234.0F, 0.0F}) {
         main.lvFiles.ColumnHeaders(4).SetWidth(width);
         progress.Show();

@@ -2,10 +2,9 @@
 #include "Answers.h"
 #include "Escaped.h"
 #include "FolderModel.h"
-#include "FolderView.h"
+#include "FolderTreeView.h"
 #include "OnScreen.h"
-#include "QtFileDialogs.h"
-#include "QtShell.h"
+#include "QtShellDialogs.h"
 #include "TempTree.h"
 #include "WindowManager.h"
 
@@ -37,7 +36,7 @@ protected:
         }
     }
 
-    desktop::QtFileDialogs dialogs;
+    desktop::QtShellDialogs dialogs;
     support::TempTree tree;
     Answers answers;
 };
@@ -68,7 +67,7 @@ TEST_F(FileDialogs, ShowFoldersByTheirNamesAndFindThemByTheirPaths)
 TEST_F(FileDialogs, SelectWhatIsPastedOrDroppedAndWhatIsClosed)
 {
     desktop::FolderModel model({{"/", "all"}, {tree.sRoot, "tree"}});
-    desktop::FolderView view(model);
+    desktop::FolderTreeView view(model);
     view.resize(200, 300);
     view.show();
     view.expand(model.Find(tree.sRoot));
@@ -118,7 +117,7 @@ TEST_F(FileDialogs, SelectWhatIsPastedOrDroppedAndWhatIsClosed)
 TEST_F(FileDialogs, ShowFoldersWithNoneInThem)
 {
     desktop::FolderModel model({{tree.sRoot + "/alpha/inner/most", "home"}, {tree.sRoot + "/x.y", "other"}});
-    desktop::FolderView view(model);
+    desktop::FolderTreeView view(model);
     view.setCurrentIndex(model.index(0, 0));
     view.expand(view.currentIndex());
     view.show();
@@ -130,7 +129,7 @@ TEST_F(FileDialogs, ShowFoldersWithNoneInThem)
 TEST_F(FileDialogs, WidenTheTreeForTheRowsInSight)
 {
     desktop::FolderModel model({{tree.sRoot, "tree"}});
-    desktop::FolderView view(model);
+    desktop::FolderTreeView view(model);
     view.resize(150, 100);
     view.show();
     for (std::size_t n = 0; n < 40; ++n) {
@@ -190,7 +189,7 @@ TEST_F(ChooseFolder, StartsWhereItIsToldAndGivesExactPaths)
         const auto confirm = [&](QDialog& dialog) {
             EXPECT_EQ(Shown(dialog), platform::Escaped(each.second));
             EXPECT_EQ(Child<QLabel>(dialog, "text").text(), "Select a folder.");
-            auto& view = Child<desktop::FolderView>(dialog, "folders");
+            auto& view = Child<desktop::FolderTreeView>(dialog, "folders");
             EXPECT_TRUE(view.viewport()->rect().contains(view.visualRect(view.currentIndex()).center()));
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
         };
@@ -224,7 +223,7 @@ TEST_F(ChooseFolder, MakesAFolder)
         make(dialog, "b&w");
         EXPECT_EQ(Shown(dialog), sShown);
         // Among its siblings, and what was there before keeps its place and its path.
-        auto& folders = Child<desktop::FolderView>(dialog, "folders");
+        auto& folders = Child<desktop::FolderTreeView>(dialog, "folders");
         QTest::keyClick(&folders, Qt::Key_Left);
         make(dialog, "a");
         QTest::keyClick(&folders, Qt::Key_Down);
@@ -238,7 +237,7 @@ TEST_F(ChooseFolder, MakesAFolder)
 
 TEST_F(FileDialogs, TheAddFolderTreeTellsExactPaths)
 {
-    static desktop::QtShell shell;
+    static desktop::QtShellDialogs shell;
     static std::string sStart, sTold;
     sStart = tree.sRoot + "/bad\xFF" + '\0';
     platform::BROWSEINFO info;

@@ -17,7 +17,7 @@ using Names = std::vector<std::string>;
 Names Found(std::initializer_list<const char*> roots)
 {
     search::ClearResults();
-    const auto reading = platform::Files().BeginReading({});
+    const auto reading = platform::System().files->BeginReading({});
     for (const char* pRoot : roots) {
         search::FindAllFiles(pRoot, *reading);
     }

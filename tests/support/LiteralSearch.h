@@ -32,7 +32,7 @@ public:
     LiteralSearch(ScriptedSearch& world, search::PairKey key) : m_key(key)
     {
         search::ClearResults();
-        const auto reading = platform::Files().BeginReading({});
+        const auto reading = platform::System().files->BeginReading({});
         for (std::size_t n = 1; n <= world.lvFolders.ListItems.Count(); ++n) {
             search::FindAllFiles(std::string(world.lvFolders.ListItems(n).Text()), *reading);
         }

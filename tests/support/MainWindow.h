@@ -13,8 +13,7 @@ protected:
     MainWindow()
     {
         platform::UseSystem(desktop.System());
-        search::UseForms(main, dialogs::theProgressForm());
-        dialogs::UseMainForm(main);
+        search::UseForms(main, progress);
         main.lvFiles.ObserveRows(&desktop);
         main.form.Show();
         Size(8085, 5490);
@@ -88,4 +87,5 @@ protected:
 
     support::ScriptedDesktop desktop;
     mainwindow::frmMain main;
+    dialogs::frmProgress progress;
 };

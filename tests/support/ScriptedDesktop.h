@@ -21,7 +21,6 @@ class ScriptedDesktop final : public platform::Control, // the folder dialog
                               public platform::ShellDialogs,
                               public platform::ShellFiles,
                               public platform::Launcher,
-                              public platform::FileDialogs,
                               public platform::TextFiles,
                               public platform::Volumes
 {
@@ -46,10 +45,7 @@ public:
     int nLinesThatFit = 1000; ///< the disk is full behind them; -1: the file cannot be opened
     platform::OPENFILENAME saveRequest;
 
-    platform::tSystem System()
-    {
-        return {&files, nullptr, this, this, this, this, this, this, this, this, this};
-    }
+    platform::tSystem System() { return {&files, nullptr, this, this, this, this, this, this, this, this}; }
 
     static std::string Shown(std::string sText)
     {

@@ -238,11 +238,10 @@ void Stage::MeetMessage(const std::function<void()>& act, std::string_view sText
 
 void Stage::Search(const std::function<void()>& talk)
 {
-    auto& progress = dialogs::theProgressForm();
     const auto isHalfWay = [&] {
         const auto* const pBar =
-            platform::FindWindowExA(&progress.form, nullptr, platform::ProgressWindow::kClass);
-        const auto* const pShown = dynamic_cast<const platform::ProgressWindow*>(pBar);
+            platform::FindWindowExA(&progress.form, nullptr, platform::NativeProgressBar::kClass);
+        const auto* const pShown = dynamic_cast<const platform::NativeProgressBar*>(pBar);
         return IsUp(progress.form) && pShown != nullptr && pShown->Position() >= 50;
     };
     Meanwhile([&] { Press(Qt::Key_F3); }, isHalfWay, talk ? talk : [] {});
@@ -284,7 +283,7 @@ std::string Stage::Status()
 void Stage::Show(const std::string& sName)
 {
     const std::string sNumbered = Number(++m_nPictures) + "-" + sName;
-    for (platform::Form* const pForm : {&main.form, &dialogs::theProgressForm().form}) {
+    for (platform::Form* const pForm : {&main.form, &progress.form}) {
         if (pForm->Loaded()) {
             pForm->Refresh();
         }

@@ -8,6 +8,7 @@
 #include "Menu.h"
 #include "SampleTree.h"
 #include "frmMain.h"
+#include "frmProgress.h"
 
 #include <QString>
 #include <Qt>
@@ -34,7 +35,8 @@ public:
 
     SampleTree& tree;
     Launches& launches;
-    mainwindow::frmMain& main = mainwindow::theMainForm();
+    mainwindow::frmMain& main = dynamic_cast<mainwindow::frmMain&>(search::frmMain());
+    dialogs::frmProgress& progress = dynamic_cast<dialogs::frmProgress&>(search::frmProgress());
 
     /// The event loop for the program: unlike the program's own it processes all input at each step, so that
     /// a scene can act at exactly the step it waits for.

@@ -99,7 +99,7 @@ void AddFolders(Stage& stage)
 void Progress(Stage& stage)
 {
     auto& main = stage.main;
-    auto& progress = dialogs::theProgressForm();
+    auto& progress = stage.progress;
     stage.Search([&] {
         stage.Show("progress");
         stage.ExpectEqual(progress.lblStatus.Caption(), "Comparing...", "what it is at");
@@ -186,7 +186,7 @@ void Modes(Stage& stage)
 
 void Cancel(Stage& stage)
 {
-    stage.Search([&] { stage.Click(dialogs::theProgressForm().cmdCancel); });
+    stage.Search([&] { stage.Click(stage.progress.cmdCancel); });
     const std::size_t nRows = stage.main.lvFiles.ListItems.Count();
     stage.Expect(nRows > 0 && nRows < 12, "the list holds what had been found by then");
     stage.ExpectEqual(stage.Status(), "Done | " + std::to_string(nRows), "the status");

@@ -104,11 +104,11 @@ private:
 class ProgressView final : public ControlView
 {
 public:
-    ProgressView(const platform::Form& form, platform::ProgressWindow& progress, QWidget* pParent)
+    ProgressView(const platform::Form& form, platform::NativeProgressBar& progress, QWidget* pParent)
         : ControlView(form, progress, *new QProgressBar(pParent)), m_progress(progress)
     {
         auto& bar = static_cast<QProgressBar&>(Widget());
-        bar.setRange(0, platform::ProgressWindow::kFull);
+        bar.setRange(0, platform::NativeProgressBar::kFull);
         bar.setTextVisible(false);
         bar.setAccessibleName(QStringLiteral("Progress"));
     }
@@ -120,7 +120,7 @@ public:
     }
 
 private:
-    platform::ProgressWindow& m_progress;
+    platform::NativeProgressBar& m_progress;
 };
 
 /// A list shows its rows by itself; this only sets its geometry.
@@ -152,7 +152,7 @@ std::unique_ptr<ControlView> ShowControl(const platform::Form& form, platform::C
                                &ShowIf<ButtonView, platform::CommandButton>,
                                &ShowIf<PictureBoxView, platform::PictureBox>,
                                &ShowIf<ImageView, platform::Image>,
-                               &ShowIf<ProgressView, platform::ProgressWindow>,
+                               &ShowIf<ProgressView, platform::NativeProgressBar>,
                                &ShowIf<ToolbarView, platform::Toolbar>,
                                &ShowIf<StatusBarView, platform::StatusBar>,
                                &ShowIf<ListPlaceView, platform::ListView>};

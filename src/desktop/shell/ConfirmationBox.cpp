@@ -30,7 +30,7 @@ QLabel* QuestionMark(const QWidget& widget)
 } // namespace
 
 ConfirmationBox::ConfirmationBox(QWidget* pOwner, const tConfirmation& confirmation)
-    : ShellDialog(pOwner, QStringLiteral("confirmOperation"), QStringLiteral("Move to Trash")),
+    : DialogWindow(pOwner, QStringLiteral("confirmOperation"), QStringLiteral("Move to Trash")),
       m_pNames(new QPlainTextEdit)
 {
     const ConfirmationText words(confirmation);

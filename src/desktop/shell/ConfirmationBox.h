@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "DialogWindow.h"
 #include "OperationDialogs.h"
-#include "ShellDialog.h"
 
 class QPlainTextEdit;
 
@@ -10,7 +10,7 @@ namespace desktop {
 
 /// Asks before files go to the trash, when there are concerns to show. Enter deletes only the files of which
 /// a copy stays, or cancels if there are none.
-class ConfirmationBox final : public ShellDialog
+class ConfirmationBox final : public DialogWindow
 {
 public:
     ConfirmationBox(QWidget* pOwner, const tConfirmation& confirmation);

@@ -24,8 +24,8 @@ long FolderChooser::Window::TextMessage(unsigned nMessage, long wParam, const st
 }
 
 FolderChooser::FolderChooser(const platform::BROWSEINFO& info)
-    : ShellDialog(OwnerOf(info.hwndOwner), QStringLiteral("folderChooser"),
-                  QStringLiteral("Browse for Folder")),
+    : DialogWindow(OwnerOf(info.hwndOwner), QStringLiteral("folderChooser"),
+                   QStringLiteral("Browse for Folder")),
       m_info(info), m_pPane(new FolderPane), m_window(*m_pPane)
 {
     EnterWidget(m_window, this);

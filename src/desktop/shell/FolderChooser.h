@@ -2,8 +2,8 @@
 #pragma once
 
 #include "Control.h"
+#include "DialogWindow.h"
 #include "FolderPane.h"
-#include "ShellDialog.h"
 #include "ShellDialogs.h"
 
 #include <string>
@@ -11,7 +11,7 @@
 namespace desktop {
 
 /// The modal dialog that asks for a folder. Enter presses OK, Esc presses Cancel.
-class FolderChooser final : public ShellDialog
+class FolderChooser final : public DialogWindow
 {
 public:
     /// `info` must outlive the dialog.

@@ -35,7 +35,7 @@ QString WhyNotMade(int nError)
 } // namespace
 
 FolderPane::FolderPane()
-    : m_pLayout(new QGridLayout(this)), m_model(RootFolders()), m_pView(new FolderView(m_model)),
+    : m_pLayout(new QGridLayout(this)), m_model(RootFolders()), m_pView(new FolderTreeView(m_model)),
       m_pPath(new PathLabel), m_pNewFolder(new QPushButton(QStringLiteral("Ne&w Folder")))
 {
     m_pView->setObjectName(QStringLiteral("folders"));

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "FolderModel.h"
-#include "FolderView.h"
+#include "FolderTreeView.h"
 
 #include <QWidget>
 #include <string>
@@ -31,7 +31,7 @@ public:
     /// Places a widget next to the tree.
     void ShowBeside(QWidget& widget);
 
-    [[nodiscard]] FolderView& View() { return *m_pView; }
+    [[nodiscard]] FolderTreeView& View() { return *m_pView; }
 
     /// The button that asks for a name and creates a folder in the selected one. Shows a message on failure.
     QPushButton& NewFolderButton() { return *m_pNewFolder; }
@@ -41,7 +41,7 @@ private:
 
     QGridLayout* m_pLayout;
     FolderModel m_model;
-    FolderView* m_pView;
+    FolderTreeView* m_pView;
     PathLabel* m_pPath;
     QPushButton* m_pNewFolder; ///< placed by the dialog that contains the pane
 };

@@ -130,7 +130,7 @@ bool OutcomeSummary::IsNeeded(const tOperationOutcome& outcome)
 }
 
 OutcomeSummary::OutcomeSummary(QWidget* pOwner, const tOperation& operation, const tOperationOutcome& outcome)
-    : ShellDialog(pOwner, QStringLiteral("operationSummary"), QStringLiteral("Tallyfen"))
+    : DialogWindow(pOwner, QStringLiteral("operationSummary"), QStringLiteral("Tallyfen"))
 {
     auto* const pText = new QLabel(Sentences(operation, outcome));
     pText->setObjectName(QStringLiteral("text"));

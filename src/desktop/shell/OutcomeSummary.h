@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "DialogWindow.h"
 #include "OperationDialogs.h"
-#include "ShellDialog.h"
 
 namespace desktop {
 
 /// The report at the end of a file operation: which files were skipped, replaced or not processed, and why,
 /// as text that can be copied. Accepted if the files that were kept are to go to the trash after all.
-class OutcomeSummary final : public ShellDialog
+class OutcomeSummary final : public DialogWindow
 {
 public:
     OutcomeSummary(QWidget* pOwner, const tOperation& operation, const tOperationOutcome& outcome);

@@ -5,7 +5,7 @@
 #include "ConfirmationText.h"
 #include "OutcomeSummary.h"
 #include "Questions.h"
-#include "ReplaceQuestion.h"
+#include "ReplaceBox.h"
 #include "SizeText.h"
 
 #include <QApplication>
@@ -43,7 +43,7 @@ QtOperationDialogs::~QtOperationDialogs()
 bool QtOperationDialogs::Looking(const tOperation& soFar)
 {
     if (m_pWindow == nullptr) {
-        Open(soFar, ProgressWindow::Phase::Looking);
+        Open(soFar, OperationProgressWindow::Phase::Looking);
     }
     tOperationProgress progress;
     progress.nFilesDone = soFar.nFiles;
@@ -75,9 +75,9 @@ bool QtOperationDialogs::AskRoom(const tOperation& operation, const tRoom& room)
 tReplaceAnswer QtOperationDialogs::AskReplace(const tFileFacts& source, const tFileFacts& target,
                                               bool bIdentical)
 {
-    ProgressWindow* const pWindow = m_pWindow;
+    OperationProgressWindow* const pWindow = m_pWindow;
     const bool bOverProgress = pWindow != nullptr && pWindow->isVisible();
-    ReplaceQuestion question(bOverProgress ? pWindow : OwnerOf(m_hwnd), source, target, bIdentical);
+    ReplaceBox question(bOverProgress ? pWindow : OwnerOf(m_hwnd), source, target, bIdentical);
     const tReplaceAnswer answer = question.Answer();
     m_sinceStart.restart(); // does not count the time spent waiting for the user
     return answer;
@@ -85,7 +85,7 @@ tReplaceAnswer QtOperationDialogs::AskReplace(const tFileFacts& source, const tF
 
 void QtOperationDialogs::Started(const tOperation& operation)
 {
-    Open(operation, ProgressWindow::Phase::Working);
+    Open(operation, OperationProgressWindow::Phase::Working);
 }
 
 bool QtOperationDialogs::Progress(const tOperationProgress& progress)
@@ -94,11 +94,11 @@ bool QtOperationDialogs::Progress(const tOperationProgress& progress)
 }
 
 /// Creates the progress window.
-void QtOperationDialogs::Open(const tOperation& operation, ProgressWindow::Phase phase)
+void QtOperationDialogs::Open(const tOperation& operation, OperationProgressWindow::Phase phase)
 {
     m_hwnd = operation.hwnd;
     delete m_pWindow;
-    auto* const pWindow = new ProgressWindow(OwnerOf(operation.hwnd), operation, phase);
+    auto* const pWindow = new OperationProgressWindow(OwnerOf(operation.hwnd), operation, phase);
     m_pWindow = pWindow;
     // The end of the session cancels the operation.
     QObject::connect(qApp, &QGuiApplication::commitDataRequest, pWindow, [pWindow] { pWindow->reject(); });
@@ -110,14 +110,14 @@ bool QtOperationDialogs::GoOn(const tOperationProgress& progress)
     m_pReached = &progress;
     m_events.DoEvents(1);
     m_pReached = nullptr;
-    const ProgressWindow* const pWindow = m_pWindow;
+    const OperationProgressWindow* const pWindow = m_pWindow;
     return pWindow == nullptr || !pWindow->Cancelled();
 }
 
 /// Updates the progress window, and processes the user's input.
 void QtOperationDialogs::Look()
 {
-    ProgressWindow* const pWindow = m_pWindow;
+    OperationProgressWindow* const pWindow = m_pWindow;
     if (pWindow != nullptr && m_pReached != nullptr) {
         if (m_sinceStart.elapsed() >= kMoment) {
             pWindow->show();

@@ -3,8 +3,8 @@
 
 #include "Control.h"
 #include "OperationDialogs.h"
+#include "OperationProgressWindow.h"
 #include "PacedEventLoop.h"
-#include "ProgressWindow.h"
 
 #include <QElapsedTimer>
 #include <QPointer>
@@ -29,13 +29,13 @@ public:
     bool Finished(const tOperation& operation, const tOperationOutcome& outcome) override;
 
 private:
-    void Open(const tOperation& operation, ProgressWindow::Phase phase);
+    void Open(const tOperation& operation, OperationProgressWindow::Phase phase);
     bool GoOn(const tOperationProgress& progress);
     void Look();
 
     PacedEventLoop m_events;
-    platform::WindowHandle m_hwnd = nullptr; ///< owner of the questions of the current operation
-    QPointer<ProgressWindow> m_pWindow;      ///< of the current operation; initially hidden
+    platform::WindowHandle m_hwnd = nullptr;     ///< owner of the questions of the current operation
+    QPointer<OperationProgressWindow> m_pWindow; ///< of the current operation; initially hidden
     QElapsedTimer m_sinceStart;
     const tOperationProgress* m_pReached = nullptr; ///< only during GoOn
 };

@@ -2,8 +2,8 @@
 #include "Questions.h"
 
 #include "Breakable.h"
+#include "DialogWindow.h"
 #include "PointerAtRest.h"
-#include "ShellDialog.h"
 
 #include <QMessageBox>
 #include <QPushButton>

@@ -89,7 +89,7 @@ bool HasExtension(const QString& sName)
 } // namespace
 
 SaveChooser::SaveChooser(const platform::OPENFILENAME& request)
-    : ShellDialog(OwnerOf(request.hwndOwner), QStringLiteral("saveChooser"), ShownText(request.lpstrTitle)),
+    : DialogWindow(OwnerOf(request.hwndOwner), QStringLiteral("saveChooser"), ShownText(request.lpstrTitle)),
       m_request(request), m_pPane(new FolderPane), m_pFiles(new SpokenRows<QListWidget>),
       m_pName(new QLineEdit), m_pKind(new QComboBox), m_pFault(new NoticeLabel)
 {
@@ -230,7 +230,7 @@ void SaveChooser::accept()
         return;
     }
     m_sChosen = sPath;
-    ShellDialog::accept();
+    DialogWindow::accept();
 }
 
 } // namespace desktop

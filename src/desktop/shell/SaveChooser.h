@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "FileDialogs.h"
+#include "DialogWindow.h"
 #include "FolderPane.h"
-#include "ShellDialog.h"
+#include "ShellDialogs.h"
 
 #include <string>
 #include <vector>
@@ -18,7 +18,7 @@ class NoticeLabel;
 
 /// The modal dialog for a file to write to: a folder, and a name in it. It stays open until the choice can be
 /// written to or the user cancels. The path consists of the folder's exact bytes and the name as typed.
-class SaveChooser final : public ShellDialog
+class SaveChooser final : public DialogWindow
 {
 public:
     /// `request` must outlive the dialog.

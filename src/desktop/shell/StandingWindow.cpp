@@ -8,7 +8,7 @@
 namespace desktop {
 
 StandingWindow::StandingWindow(QWidget* pOpenedFrom, const QString& sName, const QString& sTitle)
-    : ShellDialog(nullptr, sName, sTitle), m_pOpenedFrom(pOpenedFrom)
+    : DialogWindow(nullptr, sName, sTitle), m_pOpenedFrom(pOpenedFrom)
 {
     setWindowFlags(Qt::Window); // a dialog would stay above all other windows of the program
     setAttribute(Qt::WA_DeleteOnClose);
@@ -60,7 +60,7 @@ void StandingWindow::done(int nResult)
     if (isActiveWindow() && pOpenedFrom != nullptr && pOpenedFrom->isVisible()) {
         pOpenedFrom->activateWindow();
     }
-    ShellDialog::done(nResult);
+    DialogWindow::done(nResult);
 }
 
 std::vector<StandingWindow*> StandingWindow::All()

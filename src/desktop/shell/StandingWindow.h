@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ShellDialog.h"
+#include "DialogWindow.h"
 
 #include <QPointer>
 #include <vector>
@@ -11,7 +11,7 @@ namespace desktop {
 /// A standalone window of the shell, like a separate program that shows a file: it has no owner and stays
 /// open when the main window is closed. When closed it deletes itself and gives the focus, if it had it, back
 /// to the window that it was opened from.
-class StandingWindow : public ShellDialog
+class StandingWindow : public DialogWindow
 {
 public:
     StandingWindow(QWidget* pOpenedFrom, const QString& sName, const QString& sTitle);

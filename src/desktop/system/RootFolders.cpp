@@ -20,7 +20,7 @@ std::string HomeFolder()
         const passwd* pUser = getpwuid(getuid());
         pHome = pUser == nullptr ? "" : pUser->pw_dir;
     }
-    return platform::Files().CanonicalFolder(pHome).value_or(std::string());
+    return platform::System().files->CanonicalFolder(pHome).value_or(std::string());
 }
 
 } // namespace

@@ -30,7 +30,10 @@ protected:
         std::function<void()> happens = [] {};
     };
 
-    SearchWorkers() { platform::UseSystem({&files, &events, &platform::TheScreen(), &platform::Messages()}); }
+    SearchWorkers()
+    {
+        platform::UseSystem({&files, &events, platform::System().screen, platform::System().messages});
+    }
 
     void TearDown() override
     {

@@ -3,7 +3,7 @@
 
 #include "Control.h"
 #include "FolderModel.h"
-#include "FolderView.h"
+#include "FolderTreeView.h"
 #include "ShellDialogs.h"
 
 #include <QEventLoop>
@@ -15,13 +15,13 @@ namespace desktop {
 
 /// The shell's folder dialog. It is never visible itself: the program moves its tree into one of its own
 /// windows.
-class FolderDialog final : public platform::Control, private platform::ControlObserver
+class HostedFolderDialog final : public platform::Control, private platform::ControlObserver
 {
 public:
-    explicit FolderDialog(platform::BROWSEINFO info);
-    FolderDialog(const FolderDialog&) = delete;
-    FolderDialog& operator=(const FolderDialog&) = delete;
-    ~FolderDialog() override;
+    explicit HostedFolderDialog(platform::BROWSEINFO info);
+    HostedFolderDialog(const HostedFolderDialog&) = delete;
+    HostedFolderDialog& operator=(const HostedFolderDialog&) = delete;
+    ~HostedFolderDialog() override;
 
     /// Sets up the dialog, notifies the callback, and runs an event loop until the dialog is closed.
     void Run();
@@ -46,13 +46,13 @@ private:
     };
 
     void ControlChanged(platform::Control& control) override;
-    void Host(FolderView& view, QWidget* pHost);
+    void Host(FolderTreeView& view, QWidget* pHost);
     void Tell(unsigned uMsg, long lParam);
 
     const platform::BROWSEINFO m_info;
     FolderModel m_model;
     Tree m_tree;
-    QPointer<FolderView> m_pView; ///< deleted by its host widget, if that is deleted first
+    QPointer<FolderTreeView> m_pView; ///< deleted by its host widget, if that is deleted first
     Qt::FocusPolicy m_hostsFocusPolicy = Qt::NoFocus;
     QEventLoop m_loop;
     bool m_bClosed = false;

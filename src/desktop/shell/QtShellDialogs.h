@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "FileDialogs.h"
 #include "ShellDialogs.h"
 
 #include <map>
@@ -9,16 +8,22 @@
 
 namespace desktop {
 
-/// The modal folder and file dialogs, implemented with Qt.
-class QtFileDialogs final : public platform::FileDialogs
+class HostedFolderDialog;
+
+/// The folder and file dialogs of the shell, implemented with Qt.
+class QtShellDialogs final : public platform::ShellDialogs
 {
 public:
+    platform::ItemId SHBrowseForFolder(const platform::BROWSEINFO& info) override;
+    bool SHGetPathFromIDList(platform::ItemId pidl, std::string& sBuffer) override;
+
     platform::ItemId SHBrowseForFolderA(const platform::BROWSEINFO& info) override;
     bool SHGetPathFromIDListA(platform::ItemId pidl, std::string& sBuffer) override;
     void CoTaskMemFree(platform::ItemId pidl) override;
     bool GetSaveFileNameA(platform::OPENFILENAME& request) override;
 
 private:
+    HostedFolderDialog* m_pHosted = nullptr;          ///< the running one
     std::map<platform::ItemId, std::string> m_chosen; ///< until they are freed
     platform::ItemId m_last = 0;
 };

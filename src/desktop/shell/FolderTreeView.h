@@ -14,10 +14,10 @@ class FolderModel;
 
 /// A view of a folder tree with a single selection, which is always visible: collapsing a parent of the
 /// selected folder selects the parent. Pasting a path or dropping a folder selects it if it is in the tree.
-class FolderView final : public SpokenRows<QTreeView>
+class FolderTreeView final : public SpokenRows<QTreeView>
 {
 public:
-    explicit FolderView(FolderModel& model);
+    explicit FolderTreeView(FolderModel& model);
 
     /// Selects a folder and scrolls to it.
     void ShowFolder(const QModelIndex& folder);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "DialogWindow.h"
 #include "OperationDialogs.h"
-#include "ShellDialog.h"
 
 class QLabel;
 class QProgressBar;
@@ -13,7 +13,7 @@ class PathLabel;
 
 /// The progress of a file operation, with a way to cancel it: the button, Esc, or closing the window. The
 /// window stays until it is deleted.
-class ProgressWindow final : public ShellDialog
+class OperationProgressWindow final : public DialogWindow
 {
 public:
     enum class Phase {
@@ -21,7 +21,7 @@ public:
         Working
     };
 
-    ProgressWindow(QWidget* pOwner, const tOperation& operation, Phase phase);
+    OperationProgressWindow(QWidget* pOwner, const tOperation& operation, Phase phase);
 
     void ShowProgress(const tOperationProgress& progress);
     /// True once the user has cancelled.

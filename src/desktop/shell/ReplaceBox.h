@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "DialogWindow.h"
 #include "OperationDialogs.h"
-#include "ShellDialog.h"
 
 class QCheckBox;
 
 namespace desktop {
 
 /// Asks whether a file is to replace another one, and shows how they differ. Enter skips, Esc cancels.
-class ReplaceQuestion final : public ShellDialog
+class ReplaceBox final : public DialogWindow
 {
 public:
-    ReplaceQuestion(QWidget* pOwner, const tFileFacts& source, const tFileFacts& target, bool bIdentical);
+    ReplaceBox(QWidget* pOwner, const tFileFacts& source, const tFileFacts& target, bool bIdentical);
 
     /// Shows the question and returns the answer.
     tReplaceAnswer Answer();

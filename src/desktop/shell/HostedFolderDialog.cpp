@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "FolderDialog.h"
+#include "HostedFolderDialog.h"
 
 #include "Twips.h"
 #include "WidgetOf.h"
@@ -9,8 +9,8 @@
 
 namespace desktop {
 
-FolderDialog::FolderDialog(platform::BROWSEINFO info)
-    : m_info(std::move(info)), m_model(RootFolders()), m_pView(new FolderView(m_model))
+HostedFolderDialog::HostedFolderDialog(platform::BROWSEINFO info)
+    : m_info(std::move(info)), m_model(RootFolders()), m_pView(new FolderTreeView(m_model))
 {
     EnterWidget(m_tree, m_pView);
     m_tree.SetParent(this);
@@ -20,7 +20,7 @@ FolderDialog::FolderDialog(platform::BROWSEINFO info)
         [this](const QModelIndex& current) { Tell(platform::BFFM_SELCHANGED, FolderModel::Item(current)); });
 }
 
-FolderDialog::~FolderDialog()
+HostedFolderDialog::~HostedFolderDialog()
 {
     m_tree.Observe(nullptr);
     m_tree.SetParent(nullptr);
@@ -28,14 +28,14 @@ FolderDialog::~FolderDialog()
     delete m_pView;
 }
 
-void FolderDialog::Tell(unsigned uMsg, long lParam)
+void HostedFolderDialog::Tell(unsigned uMsg, long lParam)
 {
     if (m_info.lpfn != nullptr) {
         m_info.lpfn(this, uMsg, lParam, m_info.lParam);
     }
 }
 
-void FolderDialog::Run()
+void HostedFolderDialog::Run()
 {
     // The program may change the dialog, including its position, before it is moved there.
     Tell(platform::BFFM_INITIALIZED, 0);
@@ -55,7 +55,7 @@ void FolderDialog::Run()
     }
 }
 
-long FolderDialog::Message(unsigned nMessage, long wParam, long lParam)
+long HostedFolderDialog::Message(unsigned nMessage, long wParam, long lParam)
 {
     if (nMessage != platform::WM_CLOSE && nMessage != platform::WM_DESTROY) {
         return Control::Message(nMessage, wParam, lParam);
@@ -65,7 +65,7 @@ long FolderDialog::Message(unsigned nMessage, long wParam, long lParam)
     return 0;
 }
 
-long FolderDialog::TextMessage(unsigned nMessage, long wParam, const std::string& sText)
+long HostedFolderDialog::TextMessage(unsigned nMessage, long wParam, const std::string& sText)
 {
     if (nMessage != platform::BFFM_SETSELECTIONA || wParam != 1 || !m_pView) {
         return Control::TextMessage(nMessage, wParam, sText);
@@ -78,9 +78,9 @@ long FolderDialog::TextMessage(unsigned nMessage, long wParam, const std::string
 }
 
 /// The tree has been moved to another parent or position.
-void FolderDialog::ControlChanged(platform::Control& /*control*/)
+void HostedFolderDialog::ControlChanged(platform::Control& /*control*/)
 {
-    FolderView* const pView = m_pView;
+    FolderTreeView* const pView = m_pView;
     if (pView == nullptr) {
         return;
     }
@@ -92,7 +92,7 @@ void FolderDialog::ControlChanged(platform::Control& /*control*/)
 }
 
 /// Shows the tree inside a widget and lets it take the focus in place of that widget; with null, hides it.
-void FolderDialog::Host(FolderView& view, QWidget* pHost)
+void HostedFolderDialog::Host(FolderTreeView& view, QWidget* pHost)
 {
     if (QWidget* const pBefore = view.parentWidget()) {
         pBefore->setFocusPolicy(m_hostsFocusPolicy);

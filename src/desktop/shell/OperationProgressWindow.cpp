@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ProgressWindow.h"
+#include "OperationProgressWindow.h"
 
 #include "PathLabel.h"
 #include "SizeText.h"
@@ -14,9 +14,9 @@ namespace {
 constexpr QSize kSize{420, 0};
 constexpr int kFull = 1000; // maximum of the bar
 
-QString TitleOf(FileOperation operation, ProgressWindow::Phase phase)
+QString TitleOf(FileOperation operation, OperationProgressWindow::Phase phase)
 {
-    if (phase == ProgressWindow::Phase::Looking) {
+    if (phase == OperationProgressWindow::Phase::Looking) {
         return QStringLiteral("Looking at Files");
     }
     switch (operation) {
@@ -42,8 +42,8 @@ int Part(double dDone, double dTotal)
 
 } // namespace
 
-ProgressWindow::ProgressWindow(QWidget* pOwner, const tOperation& operation, Phase phase)
-    : ShellDialog(pOwner, QStringLiteral("operationProgress"), TitleOf(operation.operation, phase)),
+OperationProgressWindow::OperationProgressWindow(QWidget* pOwner, const tOperation& operation, Phase phase)
+    : DialogWindow(pOwner, QStringLiteral("operationProgress"), TitleOf(operation.operation, phase)),
       m_operation(operation), m_phase(phase), m_pPath(new PathLabel), m_pCount(new QLabel),
       m_pBar(new QProgressBar)
 {
@@ -59,7 +59,7 @@ ProgressWindow::ProgressWindow(QWidget* pOwner, const tOperation& operation, Pha
     // An extra Enter meant for the previous question must not cancel.
     m_pCancel->setAutoDefault(false);
     m_pCancel->setFocus(); // so that the focus is visible and announced
-    connect(m_pCancel, &QPushButton::clicked, this, &ProgressWindow::reject);
+    connect(m_pCancel, &QPushButton::clicked, this, &OperationProgressWindow::reject);
 
     auto* const pLayout = new QVBoxLayout(this);
     pLayout->addWidget(m_pPath);
@@ -72,7 +72,7 @@ ProgressWindow::ProgressWindow(QWidget* pOwner, const tOperation& operation, Pha
     SizeFor(kSize);
 }
 
-void ProgressWindow::ShowProgress(const tOperationProgress& progress)
+void OperationProgressWindow::ShowProgress(const tOperationProgress& progress)
 {
     m_pPath->ShowPath(progress.sPath);
     if (m_phase == Phase::Looking) {
@@ -95,7 +95,7 @@ void ProgressWindow::ShowProgress(const tOperationProgress& progress)
                : Part(static_cast<double>(progress.nFilesDone), static_cast<double>(m_operation.nFiles)));
 }
 
-void ProgressWindow::reject()
+void OperationProgressWindow::reject()
 {
     m_bCancelled = true;
     m_pCancel->setEnabled(false);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ReplaceQuestion.h"
+#include "ReplaceBox.h"
 
 #include "Breakable.h"
 #include "PathLabel.h"
@@ -59,9 +59,8 @@ QString Compared(T source, T target, const char* pLess, const char* pMore, const
 
 } // namespace
 
-ReplaceQuestion::ReplaceQuestion(QWidget* pOwner, const tFileFacts& source, const tFileFacts& target,
-                                 bool bIdentical)
-    : ShellDialog(pOwner, QStringLiteral("replaceQuestion"), QStringLiteral("Replace File")),
+ReplaceBox::ReplaceBox(QWidget* pOwner, const tFileFacts& source, const tFileFacts& target, bool bIdentical)
+    : DialogWindow(pOwner, QStringLiteral("replaceQuestion"), QStringLiteral("Replace File")),
       m_pForAll(new QCheckBox(QStringLiteral("Do the same for &all further files")))
 {
     m_pForAll->setObjectName(QStringLiteral("forAll"));
@@ -100,9 +99,9 @@ ReplaceQuestion::ReplaceQuestion(QWidget* pOwner, const tFileFacts& source, cons
     SizeFor(kSize);
 }
 
-QPushButton* ReplaceQuestion::AddChoice(QDialogButtonBox& buttons, const QString& sText,
-                                        QDialogButtonBox::ButtonRole role, const QString& sName,
-                                        tReplaceAnswer::Choice choice)
+QPushButton* ReplaceBox::AddChoice(QDialogButtonBox& buttons, const QString& sText,
+                                   QDialogButtonBox::ButtonRole role, const QString& sName,
+                                   tReplaceAnswer::Choice choice)
 {
     QPushButton* const pButton = AddButton(buttons, sText, role, sName);
     connect(pButton, &QPushButton::clicked, this, [this, choice] {
@@ -112,7 +111,7 @@ QPushButton* ReplaceQuestion::AddChoice(QDialogButtonBox& buttons, const QString
     return pButton;
 }
 
-tReplaceAnswer ReplaceQuestion::Answer()
+tReplaceAnswer ReplaceBox::Answer()
 {
     // Esc and the close button leave the choice unchanged.
     Ask();

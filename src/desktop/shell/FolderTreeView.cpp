@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "FolderView.h"
+#include "FolderTreeView.h"
 
 #include "CanonicalPath.h"
 #include "FolderModel.h"
@@ -24,7 +24,7 @@ void AcceptAsCopy(QDropEvent& event, bool bAccept)
 
 } // namespace
 
-FolderView::FolderView(FolderModel& model) : m_model(model)
+FolderTreeView::FolderTreeView(FolderModel& model) : m_model(model)
 {
     setUniformRowHeights(true); // otherwise each row of a large folder is measured
     setModel(&model);           // after that, or Qt 6.8 initially shows no rows
@@ -39,7 +39,7 @@ FolderView::FolderView(FolderModel& model) : m_model(model)
         WidenForVisible();
         LookIntoVisible();
     });
-    connect(this, &QTreeView::collapsed, this, &FolderView::Closed);
+    connect(this, &QTreeView::collapsed, this, &FolderTreeView::Closed);
     connect(this, &QTreeView::expanded, this, [this](const QModelIndex& folder) {
         if (!m_model.hasChildren(folder)) {
             scheduleDelayedItemsLayout(); // removes the arrow of a folder without subfolders
@@ -47,13 +47,13 @@ FolderView::FolderView(FolderModel& model) : m_model(model)
     });
 }
 
-void FolderView::ShowFolder(const QModelIndex& folder)
+void FolderTreeView::ShowFolder(const QModelIndex& folder)
 {
     setCurrentIndex(folder);
     scrollTo(folder, PositionAtCenter);
 }
 
-void FolderView::Closed(const QModelIndex& folder)
+void FolderTreeView::Closed(const QModelIndex& folder)
 {
     header()->setMinimumSectionSize(0);
     QModelIndex above = currentIndex();
@@ -65,7 +65,7 @@ void FolderView::Closed(const QModelIndex& folder)
     }
 }
 
-void FolderView::keyPressEvent(QKeyEvent* pEvent)
+void FolderTreeView::keyPressEvent(QKeyEvent* pEvent)
 {
     // The tree's default would expand all folders at any depth, which would read the whole disk.
     if (pEvent->key() == Qt::Key_Asterisk) {
@@ -85,30 +85,30 @@ void FolderView::keyPressEvent(QKeyEvent* pEvent)
     QTreeView::keyPressEvent(pEvent);
 }
 
-QItemSelectionModel::SelectionFlags FolderView::selectionCommand(const QModelIndex& index,
-                                                                 const QEvent* /*pEvent*/) const
+QItemSelectionModel::SelectionFlags FolderTreeView::selectionCommand(const QModelIndex& index,
+                                                                     const QEvent* /*pEvent*/) const
 {
     // Not even Ctrl can clear the selection, so that Add always adds the folder shown as selected.
     return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
 }
 
-void FolderView::paintEvent(QPaintEvent* pEvent)
+void FolderTreeView::paintEvent(QPaintEvent* pEvent)
 {
     QTreeView::paintEvent(pEvent);
     m_look.start(0);
 }
 
-void FolderView::dragEnterEvent(QDragEnterEvent* pEvent)
+void FolderTreeView::dragEnterEvent(QDragEnterEvent* pEvent)
 {
     AcceptAsCopy(*pEvent, FolderIn(*pEvent->mimeData()).isValid());
 }
 
-void FolderView::dragMoveEvent(QDragMoveEvent* pEvent)
+void FolderTreeView::dragMoveEvent(QDragMoveEvent* pEvent)
 {
     AcceptAsCopy(*pEvent, true);
 }
 
-void FolderView::dropEvent(QDropEvent* pEvent)
+void FolderTreeView::dropEvent(QDropEvent* pEvent)
 {
     const QModelIndex folder = FolderIn(*pEvent->mimeData());
     AcceptAsCopy(*pEvent, folder.isValid());
@@ -120,7 +120,7 @@ void FolderView::dropEvent(QDropEvent* pEvent)
 }
 
 /// The first folder named by data from another program; invalid if there is none.
-QModelIndex FolderView::FolderIn(const QMimeData& named)
+QModelIndex FolderTreeView::FolderIn(const QMimeData& named)
 {
     for (const std::string& sPath : NamedPaths(named)) {
         const QModelIndex folder = m_model.Find(CanonicalPath(sPath));
@@ -132,7 +132,7 @@ QModelIndex FolderView::FolderIn(const QMimeData& named)
 }
 
 /// Widens the column for the widest row that has been visible so far, with a scroll bar.
-void FolderView::WidenForVisible()
+void FolderTreeView::WidenForVisible()
 {
     const int nNeeded = sizeHintForColumn(0);
     if (nNeeded > header()->minimumSectionSize()) {
@@ -141,7 +141,7 @@ void FolderView::WidenForVisible()
 }
 
 /// Checks which visible rows have subfolders, a few at a time so that input is processed first.
-void FolderView::LookIntoVisible()
+void FolderTreeView::LookIntoVisible()
 {
     constexpr qint64 nFrame = 16; // ms
     QElapsedTimer since;

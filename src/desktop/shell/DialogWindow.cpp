@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ShellDialog.h"
+#include "DialogWindow.h"
 
 #include "PointerAtRest.h"
 #include "WidgetOf.h"
@@ -17,19 +17,19 @@ QWidget* OwnerOf(platform::WindowHandle hwnd)
     return pWidget != nullptr ? pWidget->window() : QApplication::activeWindow();
 }
 
-ShellDialog::ShellDialog(QWidget* pOwner, const QString& sName, const QString& sTitle) : QDialog(pOwner)
+DialogWindow::DialogWindow(QWidget* pOwner, const QString& sName, const QString& sTitle) : QDialog(pOwner)
 {
     setObjectName(sName);
     setWindowTitle(AsTitle(sTitle));
 }
 
-bool ShellDialog::Ask()
+bool DialogWindow::Ask()
 {
     const PointerAtRest pointer;
     return exec() == QDialog::Accepted;
 }
 
-void ShellDialog::SizeFor(QSize wanted)
+void DialogWindow::SizeFor(QSize wanted)
 {
     constexpr int nFrame = 48; // room for the window frame and a panel
     const QRect room = screen()->availableGeometry();
@@ -42,8 +42,8 @@ void ShellDialog::SizeFor(QSize wanted)
     }
 }
 
-QPushButton* ShellDialog::AddButton(QDialogButtonBox& buttons, const QString& sText,
-                                    QDialogButtonBox::ButtonRole role, const QString& sName)
+QPushButton* DialogWindow::AddButton(QDialogButtonBox& buttons, const QString& sText,
+                                     QDialogButtonBox::ButtonRole role, const QString& sName)
 {
     QPushButton* const pButton = buttons.addButton(sText, role);
     pButton->setObjectName(sName);

@@ -13,11 +13,11 @@ namespace desktop {
 QWidget* OwnerOf(platform::WindowHandle hwnd);
 
 /// Base class of the shell's windows. They accept input even if their owner's form is disabled.
-class ShellDialog : public QDialog
+class DialogWindow : public QDialog
 {
 public:
     /// `sName` is the object name, by which tests find the window; `sTitle` may contain any character.
-    ShellDialog(QWidget* pOwner, const QString& sName, const QString& sTitle);
+    DialogWindow(QWidget* pOwner, const QString& sName, const QString& sTitle);
 
     /// Shows the window until it is answered, with the normal mouse pointer even during an operation. True if
     /// it was accepted.
