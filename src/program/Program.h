@@ -14,7 +14,7 @@ namespace program {
 class Program
 {
 public:
-    /// `replace` may replace parts of the system before they are used.
+    /// `replace` may replace parts of the system before they are used. The forms are installed by then.
     Program(int& argc, char* argv[], const std::function<void(platform::tSystem&)>& replace = {});
 
     /// Shows the window and runs the event loop until it is closed. Returns the exit code.

@@ -16,6 +16,7 @@
 #include <exception>
 #include <filesystem>
 #include <iostream>
+#include <optional>
 #include <unistd.h>
 
 namespace {
@@ -146,18 +147,18 @@ int Run(int argc, char** argv, tOptions options)
     ProvideScreen(tree);
     qInstallMessageHandler(&Complaint);
     tour::Launches launches;
-    tour::Stage stage(tree, launches, options.sFolder);
+    std::optional<tour::Stage> stage; // made once there are forms
     const program::Program program(argc, argv, [&](platform::tSystem& system) {
         launches.StandBefore(*system.launcher);
         system.launcher = &launches;
-        system.events = &stage.Events();
+        system.events = &stage.emplace(tree, launches, options.sFolder).Events();
     });
-    g_pStage = &stage;
+    g_pStage = &*stage;
     if (options.bDark || options.bContrast) {
         QApplication::setPalette(options.bDark ? DarkPalette() : ContrastPalette());
     }
     desktop::UseTextScale(options.textScale);
-    const bool bAsItHasToBe = Play(stage);
+    const bool bAsItHasToBe = Play(*stage);
     g_pStage = nullptr;
     std::cout << "The pictures are in " << options.sFolder << '\n';
     return bAsItHasToBe ? 0 : 1;

@@ -24,15 +24,6 @@
 #include <chrono>
 
 namespace desktop {
-namespace {
-
-bool TakesFocusByTab(const QWidget& widget)
-{
-    return (widget.focusPolicy() & Qt::TabFocus) != 0 && widget.isVisible() && widget.isEnabled();
-}
-
-} // namespace
-
 FormWindow::FormWindow(platform::Form& form, QWidget* pOwner)
     : m_pForm(&form), m_pOwner(pOwner), m_pInside(new QWidget(this))
 {
@@ -131,11 +122,10 @@ void FormWindow::ShowUp(bool bModal)
     }
     show();
     activateWindow();
-    const std::vector<QWidget*> order = TabOrder();
     if (m_pForm->ActiveControl() != nullptr) {
         ControlChanged(*m_pForm);
-    } else if (!order.empty()) {
-        order.front()->setFocus(Qt::OtherFocusReason);
+    } else {
+        focusNextChild();
     }
 }
 
@@ -308,40 +298,6 @@ void FormWindow::TellSize()
         }
     }
     m_pForm->TellSize(Twips(m_pInside->width()), Twips(m_pInside->height()), state);
-}
-
-bool FormWindow::focusNextPrevChild(bool bNext)
-{
-    const std::vector<QWidget*> order = TabOrder();
-    if (order.empty()) {
-        return false;
-    }
-    const auto nCount = static_cast<std::ptrdiff_t>(order.size());
-    const auto found = std::find(order.begin(), order.end(), focusWidget());
-    std::ptrdiff_t n = bNext ? 0 : nCount - 1;
-    if (found != order.end()) {
-        n = (found - order.begin() + (bNext ? 1 : nCount - 1)) % nCount;
-    }
-    order[static_cast<std::size_t>(n)]->setFocus(bNext ? Qt::TabFocusReason : Qt::BacktabFocusReason);
-    return true;
-}
-
-std::vector<QWidget*> FormWindow::TabOrder() const
-{
-    std::vector<QWidget*> order;
-    for (const auto& view : m_views) {
-        if (TakesFocusByTab(view->Widget())) {
-            order.push_back(&view->Widget());
-            continue;
-        }
-        // The box itself takes no focus, but widgets placed inside it may.
-        for (QWidget* pGuest : view->Widget().findChildren<QWidget*>()) {
-            if (TakesFocusByTab(*pGuest)) {
-                order.push_back(pGuest);
-            }
-        }
-    }
-    return order;
 }
 
 } // namespace desktop

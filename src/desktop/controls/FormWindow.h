@@ -53,7 +53,6 @@ protected:
     void keyPressEvent(QKeyEvent* pEvent) override;
     void paintEvent(QPaintEvent* pEvent) override;
     void resizeEvent(QResizeEvent* pEvent) override;
-    bool focusNextPrevChild(bool bNext) override;
 
 private:
     void MakeWidgets();
@@ -63,7 +62,6 @@ private:
     void WaitUntilExposed();
     void FitWithFrame();
     void FocusMoved(const QWidget* pNow);
-    [[nodiscard]] std::vector<QWidget*> TabOrder() const;
 
     platform::Form* m_pForm; ///< null once the window has been taken down
     QPointer<QWidget> m_pOwner;

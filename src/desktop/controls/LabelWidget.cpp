@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "LabelWidget.h"
 
-#include "ShownLines.h"
+#include "ShownText.h"
 #include "Widgets.h"
 
 #include <QPainter>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "PictureBoxView.h"
 
-#include "KeyCodes.h"
 #include "ListColors.h"
 #include "SpokenRole.h"
+#include "ToolkitValues.h"
 #include "Twips.h"
 
 #include <QMouseEvent>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "QtWindows.h"
 
-#include "Breakable.h"
 #include "FormWindow.h"
 #include "ListView.h"
 #include "Menu.h"
+#include "Questions.h"
 #include "Twips.h"
 #include "WidgetOf.h"
 
@@ -12,7 +12,6 @@
 #include <QApplication>
 #include <QCursor>
 #include <QMenu>
-#include <QMessageBox>
 #include <QScreen>
 #include <QTimer>
 #include <algorithm>
@@ -178,13 +177,9 @@ QWidget* QtWindows::MessageOwner() const
 
 void QtWindows::Show(std::string_view sText, platform::MessageIcon icon)
 {
-    QMessageBox box(MessageOwner());
-    box.setIcon(icon == platform::MessageIcon::Stop ? QMessageBox::Critical : QMessageBox::Warning);
-    box.setWindowTitle(QStringLiteral("Tallyfen"));
-    box.setTextFormat(Qt::PlainText);
-    box.setText(Breakable(QString::fromUtf8(sText.data(), static_cast<qsizetype>(sText.size()))));
-    box.setStandardButtons(QMessageBox::Ok);
-    box.exec();
+    SayFault(MessageOwner(), QStringLiteral("message"),
+             QString::fromUtf8(sText.data(), static_cast<qsizetype>(sText.size())),
+             icon == platform::MessageIcon::Stop ? QMessageBox::Critical : QMessageBox::Warning);
 }
 
 } // namespace desktop

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "StatusBarWidget.h"
 
-#include "AlignmentOf.h"
 #include "ShownText.h"
 #include "SpokenRole.h"
 #include "StatusBar.h"
+#include "ToolkitValues.h"
 #include "Twips.h"
 #include "WidgetOf.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ConfirmationBox.h"
 
-#include "Breakable.h"
 #include "ConfirmationText.h"
+#include "ShownText.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -34,11 +34,9 @@ ConfirmationBox::ConfirmationBox(QWidget* pOwner, const tConfirmation& confirmat
       m_pNames(new QPlainTextEdit)
 {
     const ConfirmationText words(confirmation);
-    auto* const pText = new QLabel(
-        Breakable(words.Question() + QLatin1String("\n\n") + words.Concerns().join(QLatin1Char('\n'))));
-    pText->setObjectName(QStringLiteral("text"));
-    pText->setTextFormat(Qt::PlainText);
-    pText->setWordWrap(true);
+    QLabel* const pText =
+        Text(Breakable(words.Question() + QLatin1String("\n\n") + words.Concerns().join(QLatin1Char('\n'))),
+             QStringLiteral("text"));
     m_pNames->setObjectName(QStringLiteral("names"));
     m_pNames->setAccessibleName(QStringLiteral("Names of these files"));
     m_pNames->setReadOnly(true);
@@ -52,9 +50,8 @@ ConfirmationBox::ConfirmationBox(QWidget* pOwner, const tConfirmation& confirmat
     QPushButton* const pWithCopy =
         AddChoice(*pButtons, words.WithCopyButton(), QStringLiteral("yes"), Consent::WithCopy);
     AddChoice(*pButtons, words.AllButton(), QStringLiteral("all"), Consent::All);
-    QPushButton* const pCancel =
-        AddButton(*pButtons, QStringLiteral("Cancel"), QDialogButtonBox::RejectRole, QStringLiteral("no"));
-    connect(pCancel, &QPushButton::clicked, this, &ConfirmationBox::reject);
+    QPushButton* const pCancel = AddButton(*pButtons, QStringLiteral("Cancel"), QDialogButtonBox::RejectRole,
+                                           QStringLiteral("no"), [this] { reject(); });
     QPushButton* const pUnfold = AddButton(*pButtons, QStringLiteral("Show &Names"),
                                            QDialogButtonBox::ActionRole, QStringLiteral("unfold"));
     pUnfold->setAutoDefault(false);
@@ -82,12 +79,10 @@ QPushButton* ConfirmationBox::AddChoice(QDialogButtonBox& buttons, const QString
     if (sText.isEmpty()) {
         return nullptr;
     }
-    QPushButton* const pButton = AddButton(buttons, sText, QDialogButtonBox::AcceptRole, sName);
-    connect(pButton, &QPushButton::clicked, this, [this, consent] {
+    return AddButton(buttons, sText, QDialogButtonBox::AcceptRole, sName, [this, consent] {
         m_consent = consent;
         accept();
     });
-    return pButton;
 }
 
 void ConfirmationBox::Unfold(bool bShown)

@@ -2,6 +2,7 @@
 #include "DialogWindow.h"
 
 #include "PointerAtRest.h"
+#include "ShownText.h"
 #include "WidgetOf.h"
 
 #include <QApplication>
@@ -43,16 +44,24 @@ void DialogWindow::SizeFor(QSize wanted)
 }
 
 QPushButton* DialogWindow::AddButton(QDialogButtonBox& buttons, const QString& sText,
-                                     QDialogButtonBox::ButtonRole role, const QString& sName)
+                                     QDialogButtonBox::ButtonRole role, const QString& sName,
+                                     const std::function<void()>& press)
 {
     QPushButton* const pButton = buttons.addButton(sText, role);
     pButton->setObjectName(sName);
+    if (press) {
+        connect(pButton, &QPushButton::clicked, this, press);
+    }
     return pButton;
 }
 
-QString AsTitle(QString sText)
+QLabel* DialogWindow::Text(const QString& sText, const QString& sName)
 {
-    return sText.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
+    auto* const pText = new QLabel(sText);
+    pText->setObjectName(sName);
+    pText->setTextFormat(Qt::PlainText);
+    pText->setWordWrap(true);
+    return pText;
 }
 
 } // namespace desktop

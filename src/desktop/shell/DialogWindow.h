@@ -5,7 +5,9 @@
 
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QLabel>
 #include <QPushButton>
+#include <functional>
 
 namespace desktop {
 
@@ -28,12 +30,13 @@ protected:
     /// contents need.
     void SizeFor(QSize wanted);
 
-    /// Adds a button with this role to `buttons`; `sName` is its object name.
-    static QPushButton* AddButton(QDialogButtonBox& buttons, const QString& sText,
-                                  QDialogButtonBox::ButtonRole role, const QString& sName);
-};
+    /// Adds a button with this role to `buttons`; `sName` is its object name. `press`, if any, is called when
+    /// it is pressed.
+    QPushButton* AddButton(QDialogButtonBox& buttons, const QString& sText, QDialogButtonBox::ButtonRole role,
+                           const QString& sName, const std::function<void()>& press = {});
 
-/// Escapes a text that may contain any name for use as a window title, in which Qt looks for a placeholder.
-QString AsTitle(QString sText);
+    /// A text with word wrap that may contain any name; `sName` is its object name.
+    static QLabel* Text(const QString& sText, const QString& sName = {});
+};
 
 } // namespace desktop

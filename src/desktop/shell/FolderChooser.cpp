@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "FolderChooser.h"
 
-#include "ShownLines.h"
+#include "ShownText.h"
 #include "WidgetOf.h"
 
-#include <QLabel>
 #include <QVBoxLayout>
 
 namespace desktop {
@@ -29,19 +28,14 @@ FolderChooser::FolderChooser(const platform::BROWSEINFO& info)
       m_info(info), m_pPane(new FolderPane), m_window(*m_pPane)
 {
     EnterWidget(m_window, this);
-    auto* const pTitle = new QLabel(ShownLines(info.lpszTitle));
-    pTitle->setObjectName(QStringLiteral("text"));
-    pTitle->setTextFormat(Qt::PlainText);
-    pTitle->setWordWrap(true);
     auto* const pButtons = new QDialogButtonBox;
-    QPushButton* const pOk =
-        AddButton(*pButtons, QStringLiteral("OK"), QDialogButtonBox::AcceptRole, QStringLiteral("ok"));
-    AddButton(*pButtons, QStringLiteral("Cancel"), QDialogButtonBox::RejectRole, QStringLiteral("cancel"));
-    connect(pButtons, &QDialogButtonBox::accepted, this, &FolderChooser::accept);
-    connect(pButtons, &QDialogButtonBox::rejected, this, &FolderChooser::reject);
+    QPushButton* const pOk = AddButton(*pButtons, QStringLiteral("OK"), QDialogButtonBox::AcceptRole,
+                                       QStringLiteral("ok"), [this] { accept(); });
+    AddButton(*pButtons, QStringLiteral("Cancel"), QDialogButtonBox::RejectRole, QStringLiteral("cancel"),
+              [this] { reject(); });
 
     auto* const pLayout = new QVBoxLayout(this);
-    pLayout->addWidget(pTitle);
+    pLayout->addWidget(Text(ShownLines(info.lpszTitle), QStringLiteral("text")));
     pLayout->addWidget(m_pPane, 1);
     auto* const pBottom = new QHBoxLayout;
     pBottom->addWidget(&m_pPane->NewFolderButton());

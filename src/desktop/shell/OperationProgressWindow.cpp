@@ -55,11 +55,10 @@ OperationProgressWindow::OperationProgressWindow(QWidget* pOwner, const tOperati
     m_pBar->setRange(0, phase == Phase::Looking ? 0 : kFull); // a range of 0 shows a busy indicator
     auto* const pButtons = new QDialogButtonBox;
     m_pCancel = AddButton(*pButtons, QStringLiteral("Cancel"), QDialogButtonBox::RejectRole,
-                          QStringLiteral("cancel"));
+                          QStringLiteral("cancel"), [this] { reject(); });
     // An extra Enter meant for the previous question must not cancel.
     m_pCancel->setAutoDefault(false);
     m_pCancel->setFocus(); // so that the focus is visible and announced
-    connect(m_pCancel, &QPushButton::clicked, this, &OperationProgressWindow::reject);
 
     auto* const pLayout = new QVBoxLayout(this);
     pLayout->addWidget(m_pPath);

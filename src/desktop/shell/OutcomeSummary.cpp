@@ -6,7 +6,6 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QLabel>
 #include <QPlainTextEdit>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -132,14 +131,10 @@ bool OutcomeSummary::IsNeeded(const tOperationOutcome& outcome)
 OutcomeSummary::OutcomeSummary(QWidget* pOwner, const tOperation& operation, const tOperationOutcome& outcome)
     : DialogWindow(pOwner, QStringLiteral("operationSummary"), QStringLiteral("Tallyfen"))
 {
-    auto* const pText = new QLabel(Sentences(operation, outcome));
-    pText->setObjectName(QStringLiteral("text"));
-    pText->setTextFormat(Qt::PlainText);
-    pText->setWordWrap(true);
+    QLabel* const pText = Text(Sentences(operation, outcome), QStringLiteral("text"));
     auto* const pButtons = new QDialogButtonBox;
-    QPushButton* const pClose =
-        AddButton(*pButtons, QStringLiteral("Close"), QDialogButtonBox::RejectRole, QStringLiteral("close"));
-    connect(pClose, &QPushButton::clicked, this, &OutcomeSummary::reject);
+    QPushButton* const pClose = AddButton(*pButtons, QStringLiteral("Close"), QDialogButtonBox::RejectRole,
+                                          QStringLiteral("close"), [this] { reject(); });
 
     // Files that were not processed come first, in the same order as in the sentences.
     std::vector<tNotDone> lines = outcome.notDone;
@@ -156,18 +151,16 @@ OutcomeSummary::OutcomeSummary(QWidget* pOwner, const tOperation& operation, con
         pList->setReadOnly(true);
         pList->setTabChangesFocus(true);
         pLayout->addWidget(pList, 1);
-        QPushButton* const pCopy = AddButton(*pButtons, QStringLiteral("C&opy Text"),
-                                             QDialogButtonBox::ActionRole, QStringLiteral("copy"));
-        pCopy->setAutoDefault(false);
-        connect(pCopy, &QPushButton::clicked, this,
-                [lines] { QApplication::clipboard()->setText(Lines(lines, lines.size())); });
+        AddButton(*pButtons, QStringLiteral("C&opy Text"), QDialogButtonBox::ActionRole,
+                  QStringLiteral("copy"),
+                  [lines] { QApplication::clipboard()->setText(Lines(lines, lines.size())); })
+            ->setAutoDefault(false);
     }
     if (const std::int64_t nSpared = SparedIn(outcome.notDone); nSpared > 0) {
         QPushButton* const pAfterAll = AddButton(
             *pButtons, QStringLiteral("Move %1 to Trash &After All").arg(CountText(nSpared, "File", "Files")),
-            QDialogButtonBox::ActionRole, QStringLiteral("afterAll"));
+            QDialogButtonBox::ActionRole, QStringLiteral("afterAll"), [this] { accept(); });
         pAfterAll->setAutoDefault(false);
-        connect(pAfterAll, &QPushButton::clicked, this, &OutcomeSummary::accept);
     }
     pLayout->addWidget(pButtons);
     if (auto* const pCopy = findChild<QPushButton*>(QStringLiteral("copy"))) {

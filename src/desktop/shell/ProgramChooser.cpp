@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ProgramChooser.h"
 
-#include "Breakable.h"
 #include "LaunchCode.h"
 #include "NoticeLabel.h"
 #include "Paths.h"
@@ -66,10 +65,8 @@ ProgramChooser::ProgramChooser(QWidget* pOpenedFrom, const std::string& sPath,
     : StandingWindow(pOpenedFrom, QStringLiteral("programChooser"), QStringLiteral("Choose Program")),
       m_start(std::move(start)), m_pList(new SpokenRows<QListWidget>), m_pSaid(new NoticeLabel)
 {
-    auto* const pText = new QLabel(Breakable(QStringLiteral("Choose the program to open \u201c%1\u201d with.")
-                                                 .arg(ShownText(platform::NameIn(sPath)))));
-    pText->setTextFormat(Qt::PlainText);
-    pText->setWordWrap(true);
+    QLabel* const pText = Text(Breakable(QStringLiteral("Choose the program to open \u201c%1\u201d with.")
+                                             .arg(ShownText(platform::NameIn(sPath)))));
     m_pFilter = new FilterEdit(*m_pList);
     m_pFilter->setObjectName(QStringLiteral("filter"));
     m_pFilter->setClearButtonEnabled(true);

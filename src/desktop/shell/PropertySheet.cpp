@@ -9,7 +9,6 @@
 #include "Texts.h"
 
 #include <QFormLayout>
-#include <QLabel>
 #include <QScrollArea>
 #include <QVBoxLayout>
 #include <array>
@@ -133,9 +132,8 @@ PropertySheet::PropertySheet(QWidget* pOpenedFrom, std::string sPath, const QStr
     m_pArea->setFocusPolicy(Qt::NoFocus); // its lines take the focus, and then scroll into view
     m_pArea->setWidgetResizable(true);
     auto* const pButtons = new QDialogButtonBox;
-    QPushButton* const pClose =
-        AddButton(*pButtons, QStringLiteral("Close"), QDialogButtonBox::RejectRole, QStringLiteral("close"));
-    connect(pClose, &QPushButton::clicked, this, &PropertySheet::close);
+    QPushButton* const pClose = AddButton(*pButtons, QStringLiteral("Close"), QDialogButtonBox::RejectRole,
+                                          QStringLiteral("close"), [this] { close(); });
     auto* const pLayout = new QVBoxLayout(this);
     pLayout->addWidget(m_pArea, 1);
     pLayout->addWidget(pButtons);
@@ -150,10 +148,7 @@ void PropertySheet::Fill(const tProperties& properties)
     auto* const pLines = new QFormLayout;
     pInside->setLayout(pLines);
     for (const auto& [sWhat, sIs] : properties) {
-        auto* const pValue = new QLabel(sIs);
-        pValue->setObjectName(sWhat);
-        pValue->setTextFormat(Qt::PlainText);
-        pValue->setWordWrap(true);
+        QLabel* const pValue = Text(sIs, sWhat);
         pValue->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
         pValue->setFocusPolicy(Qt::StrongFocus);
         pLines->addRow(sWhat + QLatin1Char(':'), pValue);

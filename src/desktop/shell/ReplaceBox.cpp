@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ReplaceBox.h"
 
-#include "Breakable.h"
 #include "PathLabel.h"
 #include "Paths.h"
 #include "ShownText.h"
@@ -80,12 +79,19 @@ ReplaceBox::ReplaceBox(QWidget* pOwner, const tFileFacts& source, const tFileFac
     pText->setAccessibleName(pText->text() + SpokenFacts(sThere, target, {}, {}) +
                              SpokenFacts(sWouldReplace, source, sSize, sDate));
     auto* const pButtons = new QDialogButtonBox;
-    AddChoice(*pButtons, QStringLiteral("&Replace"), QDialogButtonBox::AcceptRole, QStringLiteral("replace"),
-              tReplaceAnswer::Choice::Replace);
-    QPushButton* const pSkip = AddChoice(*pButtons, QStringLiteral("&Skip"), QDialogButtonBox::NoRole,
-                                         QStringLiteral("skip"), tReplaceAnswer::Choice::Skip);
-    AddChoice(*pButtons, QStringLiteral("Cancel"), QDialogButtonBox::RejectRole, QStringLiteral("cancel"),
-              tReplaceAnswer::Choice::Cancel);
+    const auto add = [&](const QString& sLabel, QDialogButtonBox::ButtonRole role, const QString& sName,
+                         tReplaceAnswer::Choice choice) {
+        return AddButton(*pButtons, sLabel, role, sName, [this, choice] {
+            m_choice = choice;
+            accept();
+        });
+    };
+    add(QStringLiteral("&Replace"), QDialogButtonBox::AcceptRole, QStringLiteral("replace"),
+        tReplaceAnswer::Choice::Replace);
+    QPushButton* const pSkip = add(QStringLiteral("&Skip"), QDialogButtonBox::NoRole, QStringLiteral("skip"),
+                                   tReplaceAnswer::Choice::Skip);
+    add(QStringLiteral("Cancel"), QDialogButtonBox::RejectRole, QStringLiteral("cancel"),
+        tReplaceAnswer::Choice::Cancel);
 
     auto* const pLayout = new QVBoxLayout(this);
     pLayout->addWidget(pText);
@@ -97,18 +103,6 @@ ReplaceBox::ReplaceBox(QWidget* pOwner, const tFileFacts& source, const tFileFac
     pSkip->setDefault(true);
     pSkip->setFocus();
     SizeFor(kSize);
-}
-
-QPushButton* ReplaceBox::AddChoice(QDialogButtonBox& buttons, const QString& sText,
-                                   QDialogButtonBox::ButtonRole role, const QString& sName,
-                                   tReplaceAnswer::Choice choice)
-{
-    QPushButton* const pButton = AddButton(buttons, sText, role, sName);
-    connect(pButton, &QPushButton::clicked, this, [this, choice] {
-        m_choice = choice;
-        accept();
-    });
-    return pButton;
 }
 
 tReplaceAnswer ReplaceBox::Answer()

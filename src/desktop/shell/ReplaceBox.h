@@ -18,9 +18,6 @@ public:
     tReplaceAnswer Answer();
 
 private:
-    QPushButton* AddChoice(QDialogButtonBox& buttons, const QString& sText, QDialogButtonBox::ButtonRole role,
-                           const QString& sName, tReplaceAnswer::Choice choice);
-
     QCheckBox* m_pForAll;
     tReplaceAnswer::Choice m_choice = tReplaceAnswer::Choice::Cancel;
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "KeyCodes.h"
+#include "ToolkitValues.h"
 
 #include "Widgets.h"
 
@@ -68,6 +68,19 @@ int ButtonMask(Qt::MouseButtons buttons)
     return (buttons.testFlag(Qt::LeftButton) ? platform::kLeftButton : 0) +
            (buttons.testFlag(Qt::RightButton) ? platform::kRightButton : 0) +
            (buttons.testFlag(Qt::MiddleButton) ? platform::kMiddleButton : 0);
+}
+
+Qt::Alignment AlignmentOf(platform::Alignment alignment)
+{
+    switch (alignment) {
+    case platform::Alignment::Right:
+        return Qt::AlignRight | Qt::AlignVCenter;
+    case platform::Alignment::Center:
+        return Qt::AlignCenter;
+    case platform::Alignment::Left:
+        break;
+    }
+    return Qt::AlignLeft | Qt::AlignVCenter;
 }
 
 } // namespace desktop

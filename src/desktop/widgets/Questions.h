@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QMessageBox>
 #include <QString>
-
-class QWidget;
 
 namespace desktop {
 
@@ -20,6 +19,7 @@ struct tQuestion {
 bool AskYesNo(QWidget* pOwner, const tQuestion& question);
 
 /// Shows an error in a box with that object name and the button "ok"; returns when it is closed.
-void SayFault(QWidget* pOwner, const QString& sName, const QString& sText);
+void SayFault(QWidget* pOwner, const QString& sName, const QString& sText,
+              QMessageBox::Icon icon = QMessageBox::Warning);
 
 } // namespace desktop

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "Questions.h"
 
-#include "Breakable.h"
-#include "DialogWindow.h"
 #include "PointerAtRest.h"
+#include "ShownText.h"
 
-#include <QMessageBox>
 #include <QPushButton>
 
 namespace desktop {
@@ -27,10 +25,9 @@ bool AskYesNo(QWidget* pOwner, const tQuestion& question)
     return box.clickedButton() == pYes;
 }
 
-void SayFault(QWidget* pOwner, const QString& sName, const QString& sText)
+void SayFault(QWidget* pOwner, const QString& sName, const QString& sText, QMessageBox::Icon icon)
 {
-    QMessageBox box(QMessageBox::Warning, QStringLiteral("Tallyfen"), Breakable(sText), QMessageBox::Ok,
-                    pOwner);
+    QMessageBox box(icon, QStringLiteral("Tallyfen"), Breakable(sText), QMessageBox::Ok, pOwner);
     box.setObjectName(sName);
     box.setTextFormat(Qt::PlainText);
     box.button(QMessageBox::Ok)->setObjectName(QStringLiteral("ok"));

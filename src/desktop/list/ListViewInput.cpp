@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Mouse and keyboard input of a list.
 
-#include "KeyCodes.h"
 #include "ListViewWidget.h"
+#include "ToolkitValues.h"
 #include "Twips.h"
 
 #include <QApplication>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "RowModel.h"
 
-#include "AlignmentOf.h"
 #include "GroupMarks.h"
 #include "ShownText.h"
+#include "ToolkitValues.h"
 
 #include <algorithm>
 #include <array>

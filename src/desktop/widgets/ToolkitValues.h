@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Control.h"
+
 #include <Qt>
 
 class QKeyEvent;
 
 namespace desktop {
+
+// Converts the toolkit's values to those of the program, and back.
 
 /// The virtual key code of a key that the program knows: letters, modifier keys and Delete; 0 for others. On
 /// a non-Latin keyboard layout, a letter key has the code of the Latin letter at its position.
@@ -19,5 +23,8 @@ int ShiftMaskAfter(const QKeyEvent& released);
 
 /// Mouse buttons, as the program's bit mask.
 int ButtonMask(Qt::MouseButtons buttons);
+
+/// The alignment of a text in its field, vertically centred.
+Qt::Alignment AlignmentOf(platform::Alignment alignment);
 
 } // namespace desktop
