@@ -44,7 +44,7 @@ class MainForm final : public search::MainFormMembers
 /// A progress window that records when the comparison begins.
 class ProgressForm final : public search::ProgressFormMembers,
                            private search::ProgressBarMembers,
-                           private platform::ControlObserver
+                           private platform::Observer
 {
 public:
     ProgressForm() { lblStatus.Observe(this); }
@@ -57,7 +57,7 @@ private:
     void Unload() override {}
     void SetMax(float /*New_Max*/) override {}
     void SetValue(float /*New_Value*/) override {}
-    void ControlChanged(platform::Control& /*control*/) override
+    void StateChanged(platform::Observable& /*control*/) override
     {
         if (lblStatus.Caption() == "Comparing...") {
             comparisonBegan = Clock::now();

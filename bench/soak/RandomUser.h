@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Control.h"
 #include "LaunchCode.h"
 #include "Launching.h"
 #include "MessageBoxes.h"
+#include "NativeWindow.h"
 #include "OperationDialogs.h"
 #include "ShellDialogs.h"
 #include "World.h"

@@ -3,6 +3,7 @@
 
 #include "System.h"
 #include "Widgets.h"
+#include "WindowFunctions.h"
 
 #include <cmath>
 #include <cstdint>

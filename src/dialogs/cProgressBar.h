@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Control.h"
 #include "FormMembers.h"
+#include "NativeWindow.h"
 
 namespace dialogs {
 

@@ -5,6 +5,7 @@
 #include "FormMembers.h"
 #include "GroupMarks.h"
 #include "System.h"
+#include "WindowFunctions.h"
 #include "mSysTree.h"
 
 #include <string>

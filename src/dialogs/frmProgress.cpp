@@ -3,6 +3,7 @@
 
 #include "FormDesign.h"
 #include "System.h"
+#include "WindowFunctions.h"
 #include "mCommon.h"
 
 namespace dialogs {

@@ -2,7 +2,7 @@
 #include "mBrowseForFolder.h"
 
 #include "System.h"
-#include "WindowManager.h"
+#include "WindowFunctions.h"
 #include "mFileDialog.h"
 
 namespace dialogs {

@@ -2,6 +2,7 @@
 #include "mSysTree.h"
 
 #include "System.h"
+#include "WindowFunctions.h"
 #include "frmBrowse.h"
 
 namespace dialogs {

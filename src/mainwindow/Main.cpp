@@ -2,7 +2,7 @@
 #include "Main.h"
 
 #include "FormMembers.h"
-#include "WindowManager.h"
+#include "WindowFunctions.h"
 
 namespace mainwindow {
 

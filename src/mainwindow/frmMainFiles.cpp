@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "GroupMarks.h"
-#include "WindowManager.h"
+#include "WindowFunctions.h"
 #include "frmMain.h"
 #include "mBrowseForFolder.h"
 #include "mCommon.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "System.h"
+#include "WindowFunctions.h"
 #include "Widgets.h"
 #include "frmBrowse.h"
 #include "frmMain.h"

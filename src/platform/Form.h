@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Control.h"
+#include "NativeWindow.h"
 
 #include <functional>
 #include <string>
@@ -26,7 +26,7 @@ struct tFormDesign {
 };
 
 /// A window. While it is disabled it takes no input, and none of its controls can get the focus.
-class Form : public Control
+class Form : public NativeWindow
 {
 public:
     std::function<void()> Load;   ///< when the form is loaded, before it is shown

@@ -68,7 +68,7 @@ long ListView::Message(unsigned nMessage, long wParam, long lParam)
         Change(m_nExtendedStyle, lParam);
         return nBefore;
     }
-    return Control::Message(nMessage, wParam, lParam);
+    return NativeWindow::Message(nMessage, wParam, lParam);
 }
 
 std::size_t ListView::RowAdded(std::size_t nRow)

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Control.h"
 #include "Form.h"
 #include "ListItems.h"
 #include "Widgets.h"
@@ -19,18 +18,24 @@ namespace platform {
 enum class Ellipsis { AtEnd, InMiddle };
 
 /// A column of a list view.
-class ColumnHeader : public Control
+class ColumnHeader : public Observable
 {
 public:
     ColumnHeader(std::string sHeader, Alignment textAlignment, float width, Ellipsis textEllipsis)
-        : sText(std::move(sHeader)), alignment(textAlignment), ellipsis(textEllipsis)
+        : sText(std::move(sHeader)), alignment(textAlignment), ellipsis(textEllipsis), m_width(width)
     {
-        SetWidth(width);
     }
 
     const std::string sText;
     const Alignment alignment;
     const Ellipsis ellipsis;
+
+    /// In twips. A negative width is refused: returns false and the width stays as it was.
+    [[nodiscard]] float Width() const { return m_width; }
+    bool SetWidth(float New_Width) { return ChangeSize(m_width, New_Width); }
+
+private:
+    float m_width;
 };
 
 /// Gets notified when the rows of a list view change. Rows are counted from 0 here.
@@ -51,7 +56,7 @@ public:
 };
 
 /// A list of rows in columns. The selected rows and the current row, the one with the focus, are independent.
-class ListView : public Control
+class ListView : public NativeWindow
 {
 public:
     static constexpr unsigned LVM_SETEXTENDEDLISTVIEWSTYLE = 4150;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Control.h"
+#include "Observable.h"
 
 #include <functional>
 #include <string>
@@ -10,7 +10,7 @@
 namespace platform {
 
 /// An item of a menu, a submenu, or a separator line.
-class MenuItem : public Control
+class MenuItem : public Observable
 {
 public:
     std::function<void()> Click;
@@ -24,10 +24,15 @@ public:
     /// The items of a submenu; not owned.
     std::vector<MenuItem*> items;
 
+    /// A disabled item cannot be chosen.
+    [[nodiscard]] bool Enabled() const { return m_bEnabled; }
+    void SetEnabled(bool New_Enabled) { Change(m_bEnabled, New_Enabled); }
+
     [[nodiscard]] bool Checked() const { return m_bChecked; }
     void SetChecked(bool New_Checked) { Change(m_bChecked, New_Checked); }
 
 private:
+    bool m_bEnabled = true;
     bool m_bChecked = false;
 };
 

@@ -11,7 +11,7 @@
 namespace platform {
 
 /// One field of a status bar.
-class Panel : public Control
+class Panel : public Observable
 {
 public:
     std::string sToolTip;                  ///< including leading and trailing blanks

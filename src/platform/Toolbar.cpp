@@ -3,7 +3,7 @@
 
 namespace platform {
 
-long Toolbar::NativeWindow::Message(unsigned nMessage, long wParam, long lParam)
+long Toolbar::Bar::Message(unsigned nMessage, long wParam, long lParam)
 {
     if (nMessage == TB_GETSTYLE) {
         return m_nStyle;
@@ -12,7 +12,7 @@ long Toolbar::NativeWindow::Message(unsigned nMessage, long wParam, long lParam)
         Change(m_nStyle, lParam);
         return 0;
     }
-    return Control::Message(nMessage, wParam, lParam);
+    return NativeWindow::Message(nMessage, wParam, lParam);
 }
 
 } // namespace platform

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Control.h"
+#include "NativeWindow.h"
 
 #include <functional>
 #include <string>
@@ -19,11 +19,11 @@ struct tToolbarButton {
 };
 
 /// The toolbar along the top of a form: a frame around a native window, which has the style.
-class Toolbar : public Control
+class Toolbar : public NativeWindow
 {
 public:
     /// The native window inside the frame.
-    class NativeWindow : public Control
+    class Bar : public NativeWindow
     {
     public:
         static constexpr std::string_view kClass = "ToolbarWindow32";
@@ -45,7 +45,7 @@ public:
     std::function<void(const std::string& sKey)> ButtonClick;
 
     std::vector<tToolbarButton> buttons; ///< fixed after the design
-    NativeWindow native;
+    Bar native;
 };
 
 } // namespace platform

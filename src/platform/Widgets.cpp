@@ -21,7 +21,7 @@ int PictureBox::ScaleHeight() const
 long NativeProgressBar::Message(unsigned nMessage, long wParam, long lParam)
 {
     if (nMessage != PBM_SETPOS) {
-        return Control::Message(nMessage, wParam, lParam);
+        return NativeWindow::Message(nMessage, wParam, lParam);
     }
     const int nBefore = m_nPosition;
     Change(m_nPosition, static_cast<int>(std::clamp<long>(wParam, 0, kFull)));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Control.h"
+#include "NativeWindow.h"
 
 #include <functional>
 #include <string>
@@ -49,7 +49,7 @@ private:
 };
 
 /// A plain area of one colour that takes mouse input and can contain other controls.
-class PictureBox : public Control
+class PictureBox : public NativeWindow
 {
 public:
     /// The size of its client area in pixels.
@@ -84,7 +84,7 @@ private:
 };
 
 /// The native progress bar, from 0 to kFull.
-class NativeProgressBar : public Control
+class NativeProgressBar : public NativeWindow
 {
 public:
     static constexpr std::string_view kClass = "msctls_progress32";

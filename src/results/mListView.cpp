@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "mListView.h"
 
-#include "WindowManager.h"
+#include "WindowFunctions.h"
 #include "cGroupRows.h"
 
 namespace results {

@@ -2,7 +2,7 @@
 #include "mSelect.h"
 
 #include "GroupMarks.h"
-#include "WindowManager.h"
+#include "WindowFunctions.h"
 #include "cGroupRows.h"
 #include "mFileInfo.h"
 #include "mListView.h"

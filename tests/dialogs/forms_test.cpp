@@ -35,7 +35,7 @@ protected:
     }
 
     dialogs::frmBrowse& form = dialogs::theBrowseForm();
-    platform::Control m_dialog;
+    platform::NativeWindow m_dialog;
 };
 
 TEST_F(Browse, AddsTheSelectedFolderAsOftenAsAsked)

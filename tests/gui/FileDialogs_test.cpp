@@ -6,7 +6,7 @@
 #include "OnScreen.h"
 #include "QtShellDialogs.h"
 #include "TempTree.h"
-#include "WindowManager.h"
+#include "WindowFunctions.h"
 
 #include <QClipboard>
 #include <QInputDialog>

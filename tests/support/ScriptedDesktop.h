@@ -13,7 +13,7 @@ namespace support {
 
 /// All that the windows meet but their event loop, with answers of the test's. Requests are lines of `sLog`,
 /// NULs as "0"; what is asked of windows, and what messages say, is in `sWindows`, each behind a "; ".
-class ScriptedDesktop final : public platform::Control, // the folder dialog
+class ScriptedDesktop final : public platform::NativeWindow, // the folder dialog
                               public platform::ListViewObserver,
                               public platform::Screen,
                               public platform::MessageBoxes,

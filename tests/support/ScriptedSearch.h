@@ -16,7 +16,7 @@ namespace support {
 class ScriptedSearch final : public search::MainFormMembers,
                              private search::ProgressFormMembers,
                              private search::ProgressBarMembers,
-                             private platform::ControlObserver,
+                             private platform::Observer,
                              private platform::ListViewObserver,
                              private platform::EventLoop,
                              private platform::Screen,
@@ -28,7 +28,7 @@ public:
         platform::UseSystem({&files, this, this, this});
         search::UseForms(*this, *this);
         search::bStopped = false;
-        for (platform::Control* pControl : std::initializer_list<platform::Control*>{
+        for (platform::Observable* pControl : std::initializer_list<platform::Observable*>{
                  &form, &lblStatus, &lblFolder, &lblFile, &StatusBar1.Panels(1), &StatusBar1.Panels(2)}) {
             pControl->Observe(this);
         }
@@ -75,7 +75,7 @@ private:
         sCalls.append("; ").append(sCall).append(sValue.empty() ? "" : " ").append(sValue);
     }
 
-    void ControlChanged(platform::Control& control) override
+    void StateChanged(platform::Observable& control) override
     {
         if (&control == &form) {
             Note(form.Enabled() ? "on" : "off", form.ActiveControl() == &lvFiles ? "focused" : "");

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Control.h"
 #include "LaunchCode.h"
 #include "Launching.h"
+#include "NativeWindow.h"
 
 #include <string>
 #include <vector>

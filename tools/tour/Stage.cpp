@@ -6,7 +6,7 @@
 #include "Menu.h"
 #include "Picture.h"
 #include "WidgetOf.h"
-#include "WindowManager.h"
+#include "WindowFunctions.h"
 #include "cGroupRows.h"
 #include "frmProgress.h"
 

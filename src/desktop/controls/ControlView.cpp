@@ -27,7 +27,7 @@ void ControlView::Follow()
     m_widget.setEnabled(m_control.Enabled());
 }
 
-void ControlView::ControlChanged(platform::Control& /*control*/)
+void ControlView::StateChanged(platform::Observable& /*control*/)
 {
     Follow();
 }

@@ -15,7 +15,7 @@ namespace desktop {
 /// Keeps a control and its widget in sync: changes of the control are shown in the widget, and input into the
 /// widget raises the control's events. It owns neither, and both must outlive it; after its destruction the
 /// widget no longer reports to the control. The owner calls `Follow` once after construction.
-class ControlView : public QObject, public platform::ControlObserver
+class ControlView : public QObject, public platform::Observer
 {
 public:
     /// `form` is the form that contains the control.
@@ -33,7 +33,7 @@ public:
     /// Applies updates that were deferred for a moment.
     virtual void Flush() {}
 
-    void ControlChanged(platform::Control& control) override;
+    void StateChanged(platform::Observable& control) override;
 
 protected:
     /// The geometry of the widget: that of the control, unless its text needs more room.

@@ -123,7 +123,7 @@ void FormWindow::ShowUp(bool bModal)
     show();
     activateWindow();
     if (m_pForm->ActiveControl() != nullptr) {
-        ControlChanged(*m_pForm);
+        StateChanged(*m_pForm);
     } else {
         focusNextChild();
     }
@@ -184,7 +184,7 @@ void FormWindow::WaitUntilExposed()
     }
 }
 
-void FormWindow::ControlChanged(platform::Control& /*control*/)
+void FormWindow::StateChanged(platform::Observable& /*control*/)
 {
     m_inputGate->FormChanged();
     FollowChildren();

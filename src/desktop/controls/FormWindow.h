@@ -23,7 +23,7 @@ namespace desktop {
 /// deletes itself some time after the form has been taken down.
 ///
 /// The windows have no parent, so that one stays usable while its owner is disabled.
-class FormWindow final : public QWidget, public platform::ControlObserver
+class FormWindow final : public QWidget, public platform::Observer
 {
 public:
     /// The window stays above `pOwner` if that is not null.
@@ -45,7 +45,7 @@ public:
     /// Repaints everything that has changed at once.
     void RefreshNow();
 
-    void ControlChanged(platform::Control& control) override;
+    void StateChanged(platform::Observable& control) override;
 
 protected:
     void changeEvent(QEvent* pEvent) override;

@@ -80,7 +80,7 @@ void LabelView::Flush()
     Follow();
 }
 
-void LabelView::ControlChanged(platform::Control& /*control*/)
+void LabelView::StateChanged(platform::Observable& /*control*/)
 {
     Follow();
     if (!m_wait.isActive()) {

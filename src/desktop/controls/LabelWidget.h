@@ -39,7 +39,7 @@ public:
     LabelView(const platform::Form& form, platform::Label& label, QWidget* pParent);
 
     void Flush() override;
-    void ControlChanged(platform::Control& control) override;
+    void StateChanged(platform::Observable& control) override;
 
 protected:
     [[nodiscard]] QRect Place() const override;

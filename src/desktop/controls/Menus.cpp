@@ -13,7 +13,7 @@
 namespace desktop {
 
 /// Keeps an item and its action in sync. The widget of a submenu is entered as that of its item.
-class Menus::Item final : public QObject, public platform::ControlObserver
+class Menus::Item final : public QObject, public platform::Observer
 {
 public:
     Item(platform::MenuItem& item, QAction& action) : m_item(item), m_action(action)
@@ -22,7 +22,7 @@ public:
             EnterWidget(m_item, m_action.menu());
         }
         m_item.Observe(this);
-        ControlChanged(m_item);
+        StateChanged(m_item);
     }
     Item(const Item&) = delete;
     Item& operator=(const Item&) = delete;
@@ -32,10 +32,9 @@ public:
         RemoveWidget(m_item);
     }
 
-    void ControlChanged(platform::Control& /*control*/) override
+    void StateChanged(platform::Observable& /*control*/) override
     {
         m_action.setEnabled(m_item.Enabled());
-        m_action.setVisible(m_item.Visible());
         // An unchecked item looks like any other, without an empty check box.
         m_action.setChecked(m_item.Checked());
         m_action.setCheckable(m_item.Checked());
@@ -76,7 +75,7 @@ QAction* Menus::Add(platform::MenuItem& item, QWidget& parent)
     m_items.push_back(std::make_unique<Item>(item, *pAction));
     Item* const pShown = m_items.back().get();
     QObject::connect(pAction, &QAction::triggered, pShown, [this, pShown, &item] {
-        pShown->ControlChanged(item); // reverts the check mark that the action has toggled itself
+        pShown->StateChanged(item); // reverts the check mark that the action has toggled itself
         if (m_form.Enabled() && item.Click) {
             item.Click();
         }

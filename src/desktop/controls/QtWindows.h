@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Control.h"
 #include "KeyboardReturn.h"
 #include "MessageBoxes.h"
+#include "NativeWindow.h"
 #include "Screen.h"
 #include "WindowManager.h"
 

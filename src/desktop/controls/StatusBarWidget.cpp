@@ -38,7 +38,7 @@ protected:
 };
 
 /// Shows one panel; the bar sets its position.
-class StatusBarView::PanelView final : public platform::ControlObserver
+class StatusBarView::PanelView final : public platform::Observer
 {
 public:
     PanelView(platform::Panel& panel, QWidget* pParent) : m_panel(panel), m_label(*new PanelWidget(pParent))
@@ -53,7 +53,7 @@ public:
         m_label.setToolTip(ShownText(m_panel.sToolTip));
         EnterWidget(m_panel, &m_label);
         m_panel.Observe(this);
-        ControlChanged(m_panel);
+        StateChanged(m_panel);
     }
     PanelView(const PanelView&) = delete;
     PanelView& operator=(const PanelView&) = delete;
@@ -65,7 +65,7 @@ public:
 
     [[nodiscard]] QLabel& Widget() const { return m_label; }
 
-    void ControlChanged(platform::Control& /*control*/) override
+    void StateChanged(platform::Observable& /*control*/) override
     {
         m_label.setText(ShownText(m_panel.Text()));
     }

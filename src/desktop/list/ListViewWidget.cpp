@@ -151,7 +151,7 @@ std::optional<std::size_t> ListViewWidget::RowAt(float x, float y)
     return RowUnder(viewport()->mapFrom(this, QPoint(Pixels(x), Pixels(y))));
 }
 
-void ListViewWidget::ControlChanged(platform::Control& /*control*/)
+void ListViewWidget::StateChanged(platform::Observable& /*control*/)
 {
     ApplyColumnWidths();
 }

@@ -25,7 +25,7 @@ namespace desktop {
 /// creator of the widget.
 class ListViewWidget final : public SpokenRows<QTreeView>,
                              public platform::ListViewObserver,
-                             public platform::ControlObserver
+                             public platform::Observer
 {
 public:
     /// The list must outlive the widget. The widget has to be the only row observer of the list and the only
@@ -48,7 +48,7 @@ public:
     std::optional<std::size_t> RowAt(float x, float y) override;
 
     /// The width of a column has changed.
-    void ControlChanged(platform::Control& control) override;
+    void StateChanged(platform::Observable& control) override;
 
     void keyboardSearch(const QString& sTyped) override;
 

@@ -16,7 +16,7 @@ constexpr QSize kSize{380, 420};
 long FolderChooser::Window::TextMessage(unsigned nMessage, long wParam, const std::string& sText)
 {
     if (nMessage != platform::BFFM_SETSELECTIONA || wParam != 1) {
-        return Control::TextMessage(nMessage, wParam, sText);
+        return NativeWindow::TextMessage(nMessage, wParam, sText);
     }
     m_pane.Select(sText.substr(0, sText.find('\0')));
     return 0;

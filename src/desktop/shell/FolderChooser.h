@@ -26,7 +26,7 @@ public:
 
 private:
     /// The dialog as the program's callback sees it.
-    class Window final : public platform::Control
+    class Window final : public platform::NativeWindow
     {
     public:
         explicit Window(FolderPane& pane) : m_pane(pane) {}

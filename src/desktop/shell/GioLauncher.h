@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Control.h"
 #include "Launching.h"
+#include "NativeWindow.h"
 
 #include <string>
 

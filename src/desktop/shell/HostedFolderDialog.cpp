@@ -3,7 +3,7 @@
 
 #include "Twips.h"
 #include "WidgetOf.h"
-#include "WindowManager.h"
+#include "WindowFunctions.h"
 
 #include <utility>
 
@@ -58,7 +58,7 @@ void HostedFolderDialog::Run()
 long HostedFolderDialog::Message(unsigned nMessage, long wParam, long lParam)
 {
     if (nMessage != platform::WM_CLOSE && nMessage != platform::WM_DESTROY) {
-        return Control::Message(nMessage, wParam, lParam);
+        return NativeWindow::Message(nMessage, wParam, lParam);
     }
     m_bClosed = true;
     m_loop.quit();
@@ -68,7 +68,7 @@ long HostedFolderDialog::Message(unsigned nMessage, long wParam, long lParam)
 long HostedFolderDialog::TextMessage(unsigned nMessage, long wParam, const std::string& sText)
 {
     if (nMessage != platform::BFFM_SETSELECTIONA || wParam != 1 || !m_pView) {
-        return Control::TextMessage(nMessage, wParam, sText);
+        return NativeWindow::TextMessage(nMessage, wParam, sText);
     }
     const QModelIndex folder = m_model.Find(sText.substr(0, sText.find('\0')));
     if (folder.isValid()) {
@@ -78,7 +78,7 @@ long HostedFolderDialog::TextMessage(unsigned nMessage, long wParam, const std::
 }
 
 /// The tree has been moved to another parent or position.
-void HostedFolderDialog::ControlChanged(platform::Control& /*control*/)
+void HostedFolderDialog::StateChanged(platform::Observable& /*control*/)
 {
     FolderTreeView* const pView = m_pView;
     if (pView == nullptr) {

@@ -15,7 +15,7 @@ namespace desktop {
 
 /// The shell's folder dialog. It is never visible itself: the program moves its tree into one of its own
 /// windows.
-class HostedFolderDialog final : public platform::Control, private platform::ControlObserver
+class HostedFolderDialog final : public platform::NativeWindow, private platform::Observer
 {
 public:
     explicit HostedFolderDialog(platform::BROWSEINFO info);
@@ -36,7 +36,7 @@ public:
 
 private:
     /// The tree as the program sees it.
-    class Tree final : public platform::Control
+    class Tree final : public platform::NativeWindow
     {
     public:
         [[nodiscard]] std::string_view ClassName() const override
@@ -45,7 +45,7 @@ private:
         }
     };
 
-    void ControlChanged(platform::Control& control) override;
+    void StateChanged(platform::Observable& control) override;
     void Host(FolderTreeView& view, QWidget* pHost);
     void Tell(unsigned uMsg, long lParam);
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Control.h"
+#include "NativeWindow.h"
 #include "OperationDialogs.h"
 #include "OperationProgressWindow.h"
 #include "PacedEventLoop.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Control.h"
 #include "FileGroups.h"
+#include "NativeWindow.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -6,28 +6,28 @@
 namespace desktop {
 namespace {
 
-std::unordered_map<const platform::Control*, QWidget*>& Widgets()
+std::unordered_map<const platform::Observable*, QWidget*>& Widgets()
 {
-    static std::unordered_map<const platform::Control*, QWidget*> widgets;
+    static std::unordered_map<const platform::Observable*, QWidget*> widgets;
     return widgets;
 }
 
 } // namespace
 
-QWidget* WidgetOf(const platform::Control* pControl)
+QWidget* WidgetOf(const platform::Observable* pShown)
 {
-    const auto found = Widgets().find(pControl);
+    const auto found = Widgets().find(pShown);
     return found == Widgets().end() ? nullptr : found->second;
 }
 
-void EnterWidget(const platform::Control& control, QWidget* pWidget)
+void EnterWidget(const platform::Observable& shown, QWidget* pWidget)
 {
-    Widgets()[&control] = pWidget;
+    Widgets()[&shown] = pWidget;
 }
 
-void RemoveWidget(const platform::Control& control)
+void RemoveWidget(const platform::Observable& shown)
 {
-    Widgets().erase(&control);
+    Widgets().erase(&shown);
 }
 
 } // namespace desktop

@@ -4,15 +4,15 @@
 class QWidget;
 
 namespace platform {
-class Control;
+class Observable;
 }
 
 namespace desktop {
 
-/// The widgets of the program's controls, entered by their creators and removed before they are destroyed.
-/// Null for a control without a widget.
-QWidget* WidgetOf(const platform::Control* pControl);
-void EnterWidget(const platform::Control& control, QWidget* pWidget);
-void RemoveWidget(const platform::Control& control);
+/// The widgets of the program's controls, menus and panels, entered by their creators and removed before they
+/// are destroyed. Null for an object without a widget.
+QWidget* WidgetOf(const platform::Observable* pShown);
+void EnterWidget(const platform::Observable& shown, QWidget* pWidget);
+void RemoveWidget(const platform::Observable& shown);
 
 } // namespace desktop

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "WindowManager.h"
+#include "WindowFunctions.h"
 
 #include "System.h"
 #include "Widgets.h"
@@ -93,7 +93,7 @@ void SetParent(WindowHandle hWndChild, WindowHandle hWndNewParent)
 
 WindowHandle GetDesktopWindow()
 {
-    static Control desktop;
+    static NativeWindow desktop;
     return &desktop;
 }
 
