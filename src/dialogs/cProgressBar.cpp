@@ -13,16 +13,6 @@
 namespace dialogs {
 namespace {
 
-float PerX()
-{
-    return platform::System().screen->TwipsPerPixelX();
-}
-
-float PerY()
-{
-    return platform::System().screen->TwipsPerPixelY();
-}
-
 /// Returns `number`, or throws if the arithmetic that produced it has overflowed.
 float Checked(float number)
 {
@@ -50,11 +40,6 @@ cProgressBar::~cProgressBar()
     platform::DestroyWindow(hWnd);
 }
 
-float cProgressBar::Left() const
-{
-    return sngLeft * PerX();
-}
-
 void cProgressBar::SetLeft(float New_Left)
 {
     sngLeft = New_Left / PerX();
@@ -63,37 +48,12 @@ void cProgressBar::SetLeft(float New_Left)
     }
 }
 
-float cProgressBar::Top() const
-{
-    return sngTop * PerY();
-}
-
 void cProgressBar::SetTop(float New_Top)
 {
     sngTop = New_Top / PerY();
     if (hWnd != nullptr) {
         UpdateRect();
     }
-}
-
-float cProgressBar::Width() const
-{
-    return sngWidth * PerX();
-}
-
-void cProgressBar::SetWidth(float New_Width)
-{
-    sngWidth = New_Width / PerX();
-}
-
-float cProgressBar::Height() const
-{
-    return sngHeight * PerY();
-}
-
-void cProgressBar::SetHeight(float New_Height)
-{
-    sngHeight = New_Height / PerY();
 }
 
 float cProgressBar::Value() const

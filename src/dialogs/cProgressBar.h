@@ -3,6 +3,7 @@
 
 #include "FormMembers.h"
 #include "NativeWindow.h"
+#include "System.h"
 
 namespace dialogs {
 
@@ -21,14 +22,14 @@ public:
 
     /// In twips. The window moves only when `Left` or `Top` is set; this also applies the current `Width` and
     /// `Height`.
-    [[nodiscard]] float Left() const;
+    [[nodiscard]] float Left() const { return sngLeft * PerX(); }
     void SetLeft(float New_Left);
-    [[nodiscard]] float Top() const;
+    [[nodiscard]] float Top() const { return sngTop * PerY(); }
     void SetTop(float New_Top);
-    [[nodiscard]] float Width() const;
-    void SetWidth(float New_Width);
-    [[nodiscard]] float Height() const;
-    void SetHeight(float New_Height);
+    [[nodiscard]] float Width() const { return sngWidth * PerX(); }
+    void SetWidth(float New_Width) { sngWidth = New_Width / PerX(); }
+    [[nodiscard]] float Height() const { return sngHeight * PerY(); }
+    void SetHeight(float New_Height) { sngHeight = New_Height / PerY(); }
 
     /// A change of the range takes effect when the next value is set.
     [[nodiscard]] float Min() const { return sngMin; }
@@ -47,6 +48,8 @@ public:
     void Create(const platform::WindowHandle& hParent);
 
 private:
+    static float PerX() { return platform::System().screen->TwipsPerPixelX(); }
+    static float PerY() { return platform::System().screen->TwipsPerPixelY(); }
     void UpdatePosition();
     void UpdateRect();
 

@@ -25,11 +25,6 @@ void frmAbout::Form_Load()
                       "E-mail: mail@tallyfen.example");
 }
 
-void frmAbout::btnOK_Click()
-{
-    form.UnloadForm();
-}
-
 frmAbout& theAboutForm()
 {
     static frmAbout form;

@@ -19,7 +19,7 @@ public:
 
 private:
     void Form_Load();
-    void btnOK_Click();
+    void btnOK_Click() { form.UnloadForm(); }
 };
 
 /// The only about box.

@@ -82,11 +82,6 @@ void frmBrowse::cmdAdd_Click()
     }
 }
 
-void frmBrowse::cmdClose_Click()
-{
-    form.UnloadForm();
-}
-
 frmBrowse& theBrowseForm()
 {
     static frmBrowse form;

@@ -24,7 +24,7 @@ private:
     void Form_Load();
     void Form_Unload();
     void cmdAdd_Click();
-    void cmdClose_Click();
+    void cmdClose_Click() { form.UnloadForm(); }
 };
 
 /// The only Add Folder window.

@@ -62,11 +62,6 @@ void frmProgress::Form_Unload()
     platform::SetForegroundWindow(search::frmMain().form.hWnd());
 }
 
-void frmProgress::cmdCancel_Click()
-{
-    search::bStopped = true;
-}
-
 void frmProgress::InitProgressBar()
 {
     auto& bar = pbProgress();

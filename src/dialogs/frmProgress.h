@@ -5,6 +5,7 @@
 #include "FormMembers.h"
 #include "Widgets.h"
 #include "cProgressBar.h"
+#include "mCommon.h"
 
 #include <optional>
 
@@ -33,7 +34,7 @@ private:
     void RestoreDesign();
     void Form_Load();
     void Form_Unload();
-    void cmdCancel_Click();
+    void cmdCancel_Click() { search::bStopped = true; }
     void InitProgressBar();
 
     std::optional<cProgressBar> m_pbProgress;

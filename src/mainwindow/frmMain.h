@@ -9,6 +9,7 @@
 #include "Widgets.h"
 #include "frmAbout.h"
 #include "mDataOperation.h"
+#include "mFileOperation.h"
 #include "mSelect.h"
 
 #include <span>
@@ -78,10 +79,10 @@ private:
     void picSep_MouseMove(int Button, float Y);
     void picSep_MouseUp(int Button);
 
-    void lvFiles_MouseDown(float x, float y);
+    void lvFiles_MouseDown(float x, float y) { bItemHit = lvFiles.HitTest(x, y).has_value(); }
     void lvFiles_MouseUp(int Button);
     void lvFiles_MenuKey();
-    void lvFiles_DblClick();
+    void lvFiles_DblClick() { mnuFileOpen_Click(); }
     void lvFiles_KeyUp(int KeyCode, int Shift);
     void lvFolders_KeyUp(int KeyCode, int Shift);
     void lvFolders_ColumnClick();
@@ -96,7 +97,7 @@ private:
     void mnuFileExplore_Click();
     void mnuFileNotepad_Click();
     void mnuFileWordpad_Click();
-    void mnuFileChooseProgram_Click();
+    void mnuFileChooseProgram_Click() { results::OpenWithDialog(CurrentKey()); }
     void mnuSelectDuplicatedFiles_Click() { results::SelectDuplicatedFiles(lvFiles); }
     void mnuSelectEmptyFiles_Click() { results::SelectEmptyFiles(lvFiles); }
     void mnuSelectDrive_Click() { results::SelectSameDrive(lvFiles); }
@@ -119,7 +120,7 @@ private:
     void mnuOptionsSearchContent_Click();
     void mnuOptionsSearchName_Click();
     void mnuOptionsSearchNameSize_Click();
-    void mnuOptionsHidden_Click();
+    void mnuOptionsHidden_Click() { mnuOptionsHidden.SetChecked(!mnuOptionsHidden.Checked()); }
     void mnuHelpAbout_Click() { dialogs::theAboutForm().form.Show(true); }
 };
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "System.h"
-#include "WindowFunctions.h"
 #include "Widgets.h"
+#include "WindowFunctions.h"
 #include "frmBrowse.h"
 #include "frmMain.h"
 #include "mCommon.h"
@@ -28,11 +28,6 @@ bool SelectsAll(int KeyCode, int Shift)
 
 } // namespace
 
-void frmMain::lvFiles_MouseDown(float x, float y)
-{
-    bItemHit = lvFiles.HitTest(x, y).has_value();
-}
-
 void frmMain::lvFiles_MouseUp(int Button)
 {
     if (Button == platform::kRightButton) {
@@ -47,11 +42,6 @@ void frmMain::lvFiles_MenuKey()
     const bool bHitBefore = std::exchange(bItemHit, lvFiles.SelectedItem().has_value());
     platform::System().windows->PopupMenu(mnuFile, &lvFiles);
     bItemHit = bHitBefore;
-}
-
-void frmMain::lvFiles_DblClick()
-{
-    mnuFileOpen_Click();
 }
 
 void frmMain::lvFiles_KeyUp(int KeyCode, int Shift)

@@ -106,11 +106,6 @@ void frmMain::mnuOptionsSearchNameSize_Click()
     ChooseMode(mnuOptionsSearchNameSize, mnuOptionsSearchContent, mnuOptionsSearchName);
 }
 
-void frmMain::mnuOptionsHidden_Click()
-{
-    mnuOptionsHidden.SetChecked(!mnuOptionsHidden.Checked());
-}
-
 /// A button and its command, or a separator.
 struct frmMain::tToolbarRow {
     platform::tToolbarButton button;

@@ -51,11 +51,6 @@ void frmMain::mnuFileWordpad_Click()
     }
 }
 
-void frmMain::mnuFileChooseProgram_Click()
-{
-    results::OpenWithDialog(CurrentKey());
-}
-
 void frmMain::mnuFileProperties_Click()
 {
     if (bItemHit) {

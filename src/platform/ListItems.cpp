@@ -31,7 +31,7 @@ void ListItem::SetSubItems(std::size_t n, std::string_view New_Text)
     auto& row = m_pItems->m_rows[m_nRow];
     const bool bIsHead = New_Text == row.sHead.View();
     row.aSubItems.at(n - 1) = bIsHead ? row.sHead : m_pItems->m_texts.Add(New_Text);
-    m_pItems->m_list.RowChanged(m_nRow);
+    m_pItems->m_list.m_pRowObserver->RowChanged(m_nRow);
 }
 
 int ListItem::SmallIcon() const
@@ -42,7 +42,7 @@ int ListItem::SmallIcon() const
 void ListItem::SetSmallIcon(int New_SmallIcon)
 {
     m_pItems->m_rows[m_nRow].nSmallIcon = static_cast<std::uint8_t>(New_SmallIcon);
-    m_pItems->m_list.RowChanged(m_nRow);
+    m_pItems->m_list.m_pRowObserver->RowChanged(m_nRow);
 }
 
 bool ListItem::Selected() const
@@ -57,7 +57,7 @@ void ListItem::SetSelected(bool New_Selected)
 
 void ListItem::EnsureVisible()
 {
-    m_pItems->m_list.ShowRow(m_nRow);
+    m_pItems->m_list.m_pRowObserver->ShowRow(m_nRow);
 }
 
 StoredText ListItems::Head(std::string_view sHead)

@@ -4,6 +4,18 @@
 #include <algorithm>
 
 namespace platform {
+namespace {
+
+ListViewObserver g_nobody;
+
+} // namespace
+
+ListView::ListView(Form& form) : ListItems(*this), m_form(form), m_pRowObserver(&g_nobody) {}
+
+void ListView::ObserveRows(ListViewObserver* pObserver)
+{
+    m_pRowObserver = pObserver != nullptr ? pObserver : &g_nobody;
+}
 
 void ListView::AddColumn(const std::string& sHeader, Alignment alignment, float width, Ellipsis ellipsis)
 {
@@ -21,14 +33,11 @@ std::optional<ListItem> ListView::SelectedItem()
 void ListView::SetSelectedItem(std::size_t nRow)
 {
     m_nCurrent = nRow;
-    SelectionChanged();
+    m_pRowObserver->SelectionChanged();
 }
 
 std::optional<ListItem> ListView::HitTest(float x, float y)
 {
-    if (m_pRowObserver == nullptr) {
-        return std::nullopt;
-    }
     const auto nRow = m_pRowObserver->RowAt(x, y);
     return nRow ? std::optional(ListItem(ListItems, *nRow)) : std::nullopt;
 }
@@ -52,9 +61,7 @@ std::size_t ListView::SortRows(std::size_t nFollowed)
     if (m_nCurrent) {
         m_nCurrent = placeOf(*m_nCurrent);
     }
-    if (m_pRowObserver != nullptr) {
-        m_pRowObserver->RowsSorted();
-    }
+    m_pRowObserver->RowsSorted();
     return placeOf(nFollowed);
 }
 
@@ -76,24 +83,8 @@ std::size_t ListView::RowAdded(std::size_t nRow)
     if (!m_nCurrent) {
         m_nCurrent = nRow;
     }
-    if (m_pRowObserver != nullptr) {
-        m_pRowObserver->RowAdded(nRow);
-    }
+    m_pRowObserver->RowAdded(nRow);
     return m_bSorted ? SortRows(nRow) : nRow;
-}
-
-void ListView::RowChanged(std::size_t nRow)
-{
-    if (m_pRowObserver != nullptr) {
-        m_pRowObserver->RowChanged(nRow);
-    }
-}
-
-void ListView::ShowRow(std::size_t nRow)
-{
-    if (m_pRowObserver != nullptr) {
-        m_pRowObserver->ShowRow(nRow);
-    }
 }
 
 void ListView::SelectRow(std::size_t nRow, bool bSelected)
@@ -104,7 +95,7 @@ void ListView::SelectRow(std::size_t nRow, bool bSelected)
         m_nCurrent = nRow;
     }
     selected[nRow] = bSelected;
-    SelectionChanged();
+    m_pRowObserver->SelectionChanged();
 }
 
 void ListView::SelectionReplaced()
@@ -114,14 +105,7 @@ void ListView::SelectionReplaced()
     if (!MultiSelect && found != selected.end()) {
         m_nCurrent = static_cast<std::size_t>(found - selected.begin());
     }
-    SelectionChanged();
-}
-
-void ListView::SelectionChanged()
-{
-    if (m_pRowObserver != nullptr) {
-        m_pRowObserver->SelectionChanged();
-    }
+    m_pRowObserver->SelectionChanged();
 }
 
 void ListView::RowRemoved(std::size_t nRow)
@@ -134,17 +118,13 @@ void ListView::RowRemoved(std::size_t nRow)
     } else if (m_nCurrent && (*m_nCurrent > nRow || *m_nCurrent == nCount)) {
         --*m_nCurrent;
     }
-    if (m_pRowObserver != nullptr) {
-        m_pRowObserver->RowRemoved(nRow);
-    }
+    m_pRowObserver->RowRemoved(nRow);
 }
 
 void ListView::RowsCleared()
 {
     m_nCurrent.reset();
-    if (m_pRowObserver != nullptr) {
-        m_pRowObserver->RowsCleared();
-    }
+    m_pRowObserver->RowsCleared();
 }
 
 } // namespace platform

@@ -38,21 +38,22 @@ private:
     float m_width;
 };
 
-/// Gets notified when the rows of a list view change. Rows are counted from 0 here.
+/// Gets notified when the rows of a list view change, and by default does nothing. Rows are counted from 0
+/// here.
 class ListViewObserver
 {
 public:
     virtual ~ListViewObserver() = default;
-    virtual void RowAdded(std::size_t nRow) = 0;
-    virtual void RowChanged(std::size_t nRow) = 0; ///< its texts or its icon
-    virtual void RowRemoved(std::size_t nRow) = 0;
-    virtual void RowsCleared() = 0;
-    virtual void RowsSorted() = 0;
-    virtual void SelectionChanged() = 0;        ///< of any row, or of the current row
-    virtual void ShowRow(std::size_t nRow) = 0; ///< the row is to be scrolled into view
+    virtual void RowAdded(std::size_t /*nRow*/) {}
+    virtual void RowChanged(std::size_t /*nRow*/) {} ///< its texts or its icon
+    virtual void RowRemoved(std::size_t /*nRow*/) {}
+    virtual void RowsCleared() {}
+    virtual void RowsSorted() {}
+    virtual void SelectionChanged() {}            ///< of any row, or of the current row
+    virtual void ShowRow(std::size_t /*nRow*/) {} ///< the row is to be scrolled into view
 
     /// The row at a point of the list, in twips.
-    virtual std::optional<std::size_t> RowAt(float x, float y) = 0;
+    virtual std::optional<std::size_t> RowAt(float /*x*/, float /*y*/) { return {}; }
 };
 
 /// A list of rows in columns. The selected rows and the current row, the one with the focus, are independent.
@@ -63,7 +64,7 @@ public:
     static constexpr unsigned LVM_GETEXTENDEDLISTVIEWSTYLE = 4151;
     static constexpr long LVS_EX_FULLROWSELECT = 32;
 
-    explicit ListView(Form& form) : ListItems(*this), m_form(form) {}
+    explicit ListView(Form& form);
 
     MouseEvent MouseDown;
     MouseEvent MouseUp;
@@ -107,18 +108,15 @@ public:
     bool SetFocus() { return m_form.SetFocus(*this); }
 
     /// The observer is not owned. It must outlive the list or be removed with null.
-    void ObserveRows(ListViewObserver* pObserver) { m_pRowObserver = pObserver; }
+    void ObserveRows(ListViewObserver* pObserver);
 
 private:
     friend class ListItem;
     friend class ListItems;
 
     std::size_t RowAdded(std::size_t nRow); ///< returns the final position of the row
-    void RowChanged(std::size_t nRow);
-    void ShowRow(std::size_t nRow);
     void SelectRow(std::size_t nRow, bool bSelected);
     void SelectionReplaced();
-    void SelectionChanged();
     std::size_t SortRows(std::size_t nFollowed);
     void RowRemoved(std::size_t nRow);
     void RowsCleared();
@@ -129,7 +127,7 @@ private:
     bool m_bSorted = false;
     int m_nSortOrder = 0;
     long m_nExtendedStyle = 0;
-    ListViewObserver* m_pRowObserver = nullptr;
+    ListViewObserver* m_pRowObserver; ///< never null
 };
 
 } // namespace platform

@@ -24,17 +24,12 @@ void InitCommonControls() {}
 
 WindowHandle FindWindowExA(WindowHandle hParent, WindowHandle hChildAfter, std::string_view sClass)
 {
-    if (hParent == nullptr) {
-        return nullptr;
+    WindowHandle hChild =
+        hChildAfter != nullptr ? GetWindow(hChildAfter, GW_HWNDNEXT) : GetWindow(hParent, GW_CHILD);
+    while (hChild != nullptr && (hChild->ClassName() != sClass || hChild->Parent() != hParent)) {
+        hChild = GetWindow(hChild, GW_HWNDNEXT);
     }
-    const auto& children = hParent->Children();
-    auto first = children.begin();
-    if (hChildAfter != nullptr) {
-        first = std::find(children.begin(), children.end(), hChildAfter);
-        first += first == children.end() ? 0 : 1;
-    }
-    const auto found = std::find_if(first, children.end(), [&](auto* p) { return p->ClassName() == sClass; });
-    return found == children.end() ? nullptr : *found;
+    return hChild;
 }
 
 long SendMessageA(WindowHandle hWnd, unsigned nMessage, long wParam, long lParam)

@@ -56,12 +56,6 @@ public:
 private:
     using WindowHandle = platform::WindowHandle;
 
-    void RowAdded(std::size_t) override {}
-    void RowChanged(std::size_t) override {}
-    void RowRemoved(std::size_t) override {}
-    void RowsCleared() override {}
-    void RowsSorted() override {}
-    void SelectionChanged() override {}
     void ShowRow(std::size_t nRow) override { rowShown = nRow; }
     std::optional<std::size_t> RowAt(float, float) override { return rowAtMouse; }
 

@@ -91,13 +91,11 @@ private:
     }
 
     void RowAdded(std::size_t) override { Note("row"); }
-    void RowChanged(std::size_t) override {}
     void RowRemoved(std::size_t) override { Note("removed"); }
     void RowsCleared() override { Note("cleared"); }
     void RowsSorted() override { Note("sorted"); }
     void SelectionChanged() override { Note("selected"); }
     void ShowRow(std::size_t) override { Note("scrolled"); }
-    std::optional<std::size_t> RowAt(float, float) override { return {}; }
 
     void DoEvents(std::int64_t nStepsNow) override
     {

@@ -5,6 +5,8 @@
 #include "Twips.h"
 #include "WidgetOf.h"
 
+#include <algorithm>
+
 namespace desktop {
 
 ControlView::ControlView(const platform::Form& form, platform::Control& control, QWidget& widget)
@@ -27,19 +29,11 @@ void ControlView::Follow()
     m_widget.setEnabled(m_control.Enabled());
 }
 
-void ControlView::StateChanged(platform::Observable& /*control*/)
+void DockedView::Dock(QSize inside)
 {
-    Follow();
-}
-
-QRect ControlView::Place() const
-{
-    return PixelRect(m_control.Place());
-}
-
-bool ControlView::TakesInput() const
-{
-    return m_form.Enabled();
+    const int nHeight = std::max(Pixels(Shown().Height()), Widget().sizeHint().height());
+    const int nTop = AtBottom() ? inside.height() - nHeight : 0;
+    Shown().SetPlace({0, Twips(nTop), Twips(inside.width()), Twips(nHeight)});
 }
 
 } // namespace desktop

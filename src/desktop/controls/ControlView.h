@@ -2,13 +2,11 @@
 #pragma once
 
 #include "Control.h"
+#include "Form.h"
+#include "Twips.h"
 
 #include <QObject>
 #include <QWidget>
-
-namespace platform {
-class Form;
-}
 
 namespace desktop {
 
@@ -33,20 +31,50 @@ public:
     /// Applies updates that were deferred for a moment.
     virtual void Flush() {}
 
-    void StateChanged(platform::Observable& control) override;
+    void StateChanged(platform::Observable& /*control*/) override { Follow(); }
 
 protected:
     /// The geometry of the widget: that of the control, unless its text needs more room.
-    [[nodiscard]] virtual QRect Place() const;
+    [[nodiscard]] virtual QRect Place() const { return PixelRect(m_control.Place()); }
 
     /// False while the form is disabled. Needed because assistive tools press a button without an input event
     /// that InputGate could filter.
-    [[nodiscard]] bool TakesInput() const;
+    [[nodiscard]] bool TakesInput() const { return m_form.Enabled(); }
 
 private:
     const platform::Form& m_form;
     platform::Control& m_control;
     QWidget& m_widget;
+};
+
+/// A control docked to an edge of its form, over the full width.
+class DockedView : public ControlView
+{
+public:
+    using ControlView::ControlView;
+
+    /// Docks the control inside a form of this size, in pixels. Its height is as designed, or larger if its
+    /// texts need that.
+    void Dock(QSize inside);
+
+protected:
+    [[nodiscard]] virtual bool AtBottom() const = 0;
+};
+
+/// The view of a control of class `Kind` in a widget of class `Shown`, which it creates.
+template <typename Kind, typename Shown, typename Base = ControlView>
+class ViewOf : public Base
+{
+public:
+    ViewOf(const platform::Form& form, Kind& control, QWidget* pParent)
+        : Base(form, control, *new Shown(pParent)), m_control(control),
+          m_widget(static_cast<Shown&>(Base::Widget()))
+    {
+    }
+
+protected:
+    Kind& m_control;
+    Shown& m_widget;
 };
 
 } // namespace desktop

@@ -23,24 +23,23 @@ namespace {
 /// Distance of a button's text from its edges, in pixels.
 constexpr int kButtonMargin = 8;
 
-class ButtonView final : public ControlView
+class ButtonView final : public ViewOf<platform::CommandButton, QPushButton>
 {
 public:
     ButtonView(const platform::Form& form, platform::CommandButton& button, QWidget* pParent)
-        : ControlView(form, button, *new QPushButton(pParent)), m_button(button),
-          m_widget(static_cast<QPushButton&>(Widget()))
+        : ViewOf(form, button, pParent)
     {
         m_widget.setAutoDefault(true); // Enter presses the button that has the focus
         connect(&m_widget, &QPushButton::clicked, this, [this] {
-            if (TakesInput() && m_button.Click) {
-                m_button.Click();
+            if (TakesInput() && m_control.Click) {
+                m_control.Click();
             }
         });
     }
 
     void Follow() override
     {
-        m_widget.setText(ShownText(m_button.Caption()));
+        m_widget.setText(ShownText(m_control.Caption()));
         ControlView::Follow();
     }
 
@@ -55,10 +54,6 @@ protected:
         place.moveLeft(place.left() - std::clamp(nOutside, 0, place.width() - ControlView::Place().width()));
         return place;
     }
-
-private:
-    platform::CommandButton& m_button;
-    QPushButton& m_widget;
 };
 
 class PictureWidget final : public QWidget
@@ -83,44 +78,34 @@ private:
     QIcon m_icon;
 };
 
-class ImageView final : public ControlView
+class ImageView final : public ViewOf<platform::Image, PictureWidget>
 {
 public:
-    ImageView(const platform::Form& form, platform::Image& image, QWidget* pParent)
-        : ControlView(form, image, *new PictureWidget(pParent)), m_image(image)
-    {
-    }
+    using ViewOf::ViewOf;
 
     void Follow() override
     {
-        static_cast<PictureWidget&>(Widget()).Show(Picture(m_image.Picture()));
+        m_widget.Show(Picture(m_control.Picture()));
         ControlView::Follow();
     }
-
-private:
-    platform::Image& m_image;
 };
 
-class ProgressView final : public ControlView
+class ProgressView final : public ViewOf<platform::NativeProgressBar, QProgressBar>
 {
 public:
     ProgressView(const platform::Form& form, platform::NativeProgressBar& progress, QWidget* pParent)
-        : ControlView(form, progress, *new QProgressBar(pParent)), m_progress(progress)
+        : ViewOf(form, progress, pParent)
     {
-        auto& bar = static_cast<QProgressBar&>(Widget());
-        bar.setRange(0, platform::NativeProgressBar::kFull);
-        bar.setTextVisible(false);
-        bar.setAccessibleName(QStringLiteral("Progress"));
+        m_widget.setRange(0, platform::NativeProgressBar::kFull);
+        m_widget.setTextVisible(false);
+        m_widget.setAccessibleName(QStringLiteral("Progress"));
     }
 
     void Follow() override
     {
-        static_cast<QProgressBar&>(Widget()).setValue(m_progress.Position());
+        m_widget.setValue(m_control.Position());
         ControlView::Follow();
     }
-
-private:
-    platform::NativeProgressBar& m_progress;
 };
 
 /// A list shows its rows by itself; this only sets its geometry.

@@ -2,7 +2,6 @@
 #include "FormWindow.h"
 
 #include "ControlWidgets.h"
-#include "DockedView.h"
 #include "ShownText.h"
 #include "SpokenRole.h"
 #include "Twips.h"

@@ -2,7 +2,6 @@
 #include "LabelWidget.h"
 
 #include "ShownText.h"
-#include "Widgets.h"
 
 #include <QPainter>
 #include <QTextLayout>
@@ -61,8 +60,7 @@ void LabelWidget::paintEvent(QPaintEvent* /*pEvent*/)
 }
 
 LabelView::LabelView(const platform::Form& form, platform::Label& label, QWidget* pParent)
-    : ControlView(form, label, *new LabelWidget(pParent)), m_label(label),
-      m_text(static_cast<LabelWidget&>(Widget()))
+    : ViewOf(form, label, pParent)
 {
     m_wait.setSingleShot(true);
     m_wait.setInterval(kWait);
@@ -72,10 +70,10 @@ LabelView::LabelView(const platform::Form& form, platform::Label& label, QWidget
 void LabelView::Flush()
 {
     m_wait.stop();
-    const QString sShown = ShownLines(m_label.Caption());
-    if (sShown != m_text.text()) {
-        m_text.setText(sShown);
-        m_nHeightNeeded = m_text.HeightNeeded(ControlView::Place().width());
+    const QString sShown = ShownLines(m_control.Caption());
+    if (sShown != m_widget.text()) {
+        m_widget.setText(sShown);
+        m_nHeightNeeded = m_widget.HeightNeeded(ControlView::Place().width());
     }
     Follow();
 }
@@ -94,10 +92,10 @@ QRect LabelView::Place() const
     if (m_nHeightNeeded <= place.height()) {
         return place;
     }
-    int nBottom = m_text.parentWidget()->height();
-    for (const auto* pChild : m_text.parentWidget()->children()) {
+    int nBottom = m_widget.parentWidget()->height();
+    for (const auto* pChild : m_widget.parentWidget()->children()) {
         const auto* pOther = qobject_cast<const QWidget*>(pChild);
-        if (pOther != nullptr && pOther != &m_text && !pOther->isHidden() && pOther->y() > place.y() &&
+        if (pOther != nullptr && pOther != &m_widget && !pOther->isHidden() && pOther->y() > place.y() &&
             pOther->x() <= place.right() && pOther->geometry().right() >= place.x()) {
             nBottom = std::min(nBottom, pOther->y());
         }

@@ -3,14 +3,11 @@
 
 #include "Control.h"
 #include "ControlView.h"
+#include "Widgets.h"
 
 #include <QLabel>
 #include <QStringList>
 #include <QTimer>
-
-namespace platform {
-class Label;
-}
 
 namespace desktop {
 
@@ -33,7 +30,7 @@ private:
 
 /// Shows a label. A caption is applied some milliseconds later, so that an operation can set a hundred
 /// thousand of them a second. A label that needs more room than it has grows downwards over free space.
-class LabelView final : public ControlView
+class LabelView final : public ViewOf<platform::Label, LabelWidget>
 {
 public:
     LabelView(const platform::Form& form, platform::Label& label, QWidget* pParent);
@@ -45,8 +42,6 @@ protected:
     [[nodiscard]] QRect Place() const override;
 
 private:
-    platform::Label& m_label;
-    LabelWidget& m_text;
     QTimer m_wait;
     int m_nHeightNeeded = 0;
 };

@@ -51,18 +51,18 @@ QPalette::ColorRole Role(const QPalette& palette, platform::SystemColor color)
 } // namespace
 
 PictureBoxView::PictureBoxView(const platform::Form& form, platform::PictureBox& box, QWidget* pParent)
-    : ControlView(form, box, *new QWidget(pParent)), m_box(box)
+    : ViewOf(form, box, pParent)
 {
-    if (m_box.SizesNorthSouth()) {
-        GiveSpokenRole(Widget(), QAccessible::Splitter);
+    if (m_control.SizesNorthSouth()) {
+        GiveSpokenRole(m_widget, QAccessible::Splitter);
     }
-    Widget().installEventFilter(this);
+    m_widget.installEventFilter(this);
 }
 
 void PictureBoxView::Follow()
 {
-    Widget().setBackgroundRole(Role(Widget().palette(), m_box.BackColor()));
-    Widget().setCursor(m_box.SizesNorthSouth() ? Qt::SplitVCursor : Qt::ArrowCursor);
+    m_widget.setBackgroundRole(Role(m_widget.palette(), m_control.BackColor()));
+    m_widget.setCursor(m_control.SizesNorthSouth() ? Qt::SplitVCursor : Qt::ArrowCursor);
     ControlView::Follow();
 }
 
@@ -71,11 +71,11 @@ bool PictureBoxView::eventFilter(QObject* /*pWatched*/, QEvent* pEvent)
     switch (pEvent->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
-        return Tell(m_box.MouseDown, *static_cast<QMouseEvent*>(pEvent));
+        return Tell(m_control.MouseDown, *static_cast<QMouseEvent*>(pEvent));
     case QEvent::MouseMove:
-        return Tell(m_box.MouseMove, *static_cast<QMouseEvent*>(pEvent));
+        return Tell(m_control.MouseMove, *static_cast<QMouseEvent*>(pEvent));
     case QEvent::MouseButtonRelease:
-        return Tell(m_box.MouseUp, *static_cast<QMouseEvent*>(pEvent));
+        return Tell(m_control.MouseUp, *static_cast<QMouseEvent*>(pEvent));
     case QEvent::Paint:
         Paint();
         return true;
@@ -91,7 +91,7 @@ QRect PictureBoxView::Place() const
 
 int PictureBoxView::Beyond() const
 {
-    return m_box.SizesNorthSouth() ? std::max(0, Pixels(kBarHeight) - Pixels(m_box.Height())) / 2 : 0;
+    return m_control.SizesNorthSouth() ? std::max(0, Pixels(kBarHeight) - Pixels(m_control.Height())) / 2 : 0;
 }
 
 bool PictureBoxView::Tell(const platform::MouseEvent& tell, const QMouseEvent& event) const
@@ -108,9 +108,9 @@ bool PictureBoxView::Tell(const platform::MouseEvent& tell, const QMouseEvent& e
 
 void PictureBoxView::Paint() const
 {
-    QPainter painter(&Widget());
-    painter.fillRect(Widget().rect().adjusted(0, Beyond(), 0, -Beyond()),
-                     Widget().palette().brush(Widget().backgroundRole()));
+    QPainter painter(&m_widget);
+    painter.fillRect(m_widget.rect().adjusted(0, Beyond(), 0, -Beyond()),
+                     m_widget.palette().brush(m_widget.backgroundRole()));
 }
 
 } // namespace desktop

@@ -10,7 +10,7 @@ namespace desktop {
 
 /// Shows a picture box. A splitter is thin, so it also reacts to the mouse some pixels above and below its
 /// visible part.
-class PictureBoxView final : public ControlView
+class PictureBoxView final : public ViewOf<platform::PictureBox, QWidget>
 {
 public:
     PictureBoxView(const platform::Form& form, platform::PictureBox& box, QWidget* pParent);
@@ -26,8 +26,6 @@ private:
     [[nodiscard]] int Beyond() const;
     [[nodiscard]] bool Tell(const platform::MouseEvent& tell, const QMouseEvent& event) const;
     void Paint() const;
-
-    platform::PictureBox& m_box;
 };
 
 } // namespace desktop

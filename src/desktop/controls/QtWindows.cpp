@@ -152,16 +152,6 @@ float QtWindows::Width()
     return Twips(QGuiApplication::primaryScreen()->size().width());
 }
 
-float QtWindows::TwipsPerPixelX()
-{
-    return TwipsPerPixel();
-}
-
-float QtWindows::TwipsPerPixelY()
-{
-    return TwipsPerPixel();
-}
-
 /// The owner of a message box: the active window or, if one has just closed and none is active yet, one that
 /// is not disabled.
 QWidget* QtWindows::MessageOwner() const

@@ -5,6 +5,7 @@
 #include "MessageBoxes.h"
 #include "NativeWindow.h"
 #include "Screen.h"
+#include "Twips.h"
 #include "WindowManager.h"
 
 #include <QPointer>
@@ -37,8 +38,8 @@ public:
 
     void SetMousePointer(platform::MousePointer pointer) override;
     float Width() override;
-    float TwipsPerPixelX() override;
-    float TwipsPerPixelY() override;
+    float TwipsPerPixelX() override { return TwipsPerPixel(); }
+    float TwipsPerPixelY() override { return TwipsPerPixel(); }
 
     void Show(std::string_view sText, platform::MessageIcon icon) override;
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "ControlView.h"
-#include "DockedView.h"
 
 #include <QLabel>
 #include <memory>

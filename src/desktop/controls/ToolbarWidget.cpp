@@ -3,7 +3,6 @@
 
 #include "Pictures.h"
 #include "ShownText.h"
-#include "Toolbar.h"
 #include "Twips.h"
 #include "WidgetOf.h"
 
@@ -21,8 +20,7 @@ constexpr float kButtonHeight = 660;
 } // namespace
 
 ToolbarView::ToolbarView(const platform::Form& form, platform::Toolbar& toolbar, QWidget* pParent)
-    : DockedView(form, toolbar, *new QToolBar(pParent)), m_toolbar(toolbar),
-      m_widget(static_cast<QToolBar&>(Widget()))
+    : ViewOf(form, toolbar, pParent)
 {
     m_widget.setMovable(false);
     m_widget.setIconSize(QSize(Pixels(kPicture), Pixels(kPicture)));
@@ -33,22 +31,22 @@ ToolbarView::ToolbarView(const platform::Form& form, platform::Toolbar& toolbar,
     for (QToolButton* pMore : m_widget.findChildren<QToolButton*>()) {
         pMore->setAccessibleName(QStringLiteral("More commands"));
     }
-    for (std::size_t n = 0; n < m_toolbar.buttons.size(); ++n) {
+    for (std::size_t n = 0; n < m_control.buttons.size(); ++n) {
         AddButton(n);
     }
-    EnterWidget(m_toolbar.native, &m_widget);
-    m_toolbar.native.Observe(this);
+    EnterWidget(m_control.native, &m_widget);
+    m_control.native.Observe(this);
 }
 
 ToolbarView::~ToolbarView()
 {
-    m_toolbar.native.Observe(nullptr);
-    RemoveWidget(m_toolbar.native);
+    m_control.native.Observe(nullptr);
+    RemoveWidget(m_control.native);
 }
 
 void ToolbarView::AddButton(std::size_t n)
 {
-    const platform::tToolbarButton& button = m_toolbar.buttons[n];
+    const platform::tToolbarButton& button = m_control.buttons[n];
     if (button.sKey.empty()) {
         m_widget.addSeparator();
         return;
@@ -58,8 +56,8 @@ void ToolbarView::AddButton(std::size_t n)
     m_widget.widgetForAction(pAction)->setMinimumSize(Pixels(kButtonWidth), Pixels(kButtonHeight));
     m_widget.widgetForAction(pAction)->setFocusPolicy(Qt::NoFocus);
     connect(pAction, &QAction::triggered, this, [this, n] {
-        if (TakesInput() && m_toolbar.ButtonClick) {
-            m_toolbar.ButtonClick(m_toolbar.buttons[n].sKey);
+        if (TakesInput() && m_control.ButtonClick) {
+            m_control.ButtonClick(m_control.buttons[n].sKey);
         }
     });
 }
@@ -67,7 +65,7 @@ void ToolbarView::AddButton(std::size_t n)
 void ToolbarView::Follow()
 {
     for (QToolButton* pButton : m_widget.findChildren<QToolButton*>()) {
-        pButton->setAutoRaise(m_toolbar.native.IsFlat());
+        pButton->setAutoRaise(m_control.native.IsFlat());
     }
     DockedView::Follow();
 }

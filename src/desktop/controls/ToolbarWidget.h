@@ -2,19 +2,15 @@
 #pragma once
 
 #include "ControlView.h"
-#include "DockedView.h"
+#include "Toolbar.h"
 
 #include <QToolBar>
 #include <cstddef>
 
-namespace platform {
-class Toolbar;
-}
-
 namespace desktop {
 
 /// Shows a toolbar along the top of its form, its buttons flat if the native window's style says so.
-class ToolbarView final : public DockedView
+class ToolbarView final : public ViewOf<platform::Toolbar, QToolBar, DockedView>
 {
 public:
     ToolbarView(const platform::Form& form, platform::Toolbar& toolbar, QWidget* pParent);
@@ -29,9 +25,6 @@ protected:
 
 private:
     void AddButton(std::size_t n);
-
-    platform::Toolbar& m_toolbar;
-    QToolBar& m_widget;
 };
 
 } // namespace desktop

@@ -91,11 +91,6 @@ void ListViewWidget::ApplyColors()
     setPalette(ListColors(QApplication::palette(this), m_list.BackColor));
 }
 
-void ListViewWidget::RowAdded(std::size_t /*nRow*/)
-{
-    MarkStale();
-}
-
 void ListViewWidget::RowChanged(std::size_t nRow)
 {
     m_model.RowChanged(nRow);
@@ -134,11 +129,6 @@ void ListViewWidget::ForgetRows()
     m_picking.Forget();
 }
 
-void ListViewWidget::SelectionChanged()
-{
-    MarkStale();
-}
-
 void ListViewWidget::ShowRow(std::size_t nRow)
 {
     m_rowToShow = nRow;
@@ -149,11 +139,6 @@ std::optional<std::size_t> ListViewWidget::RowAt(float x, float y)
 {
     BringUpToDate();
     return RowUnder(viewport()->mapFrom(this, QPoint(Pixels(x), Pixels(y))));
-}
-
-void ListViewWidget::StateChanged(platform::Observable& /*control*/)
-{
-    ApplyColumnWidths();
 }
 
 void ListViewWidget::MarkStale()

@@ -38,17 +38,17 @@ public:
     /// Stops showing the list; afterwards the list may be destroyed before the widget.
     void LetGo();
 
-    void RowAdded(std::size_t nRow) override;
+    void RowAdded(std::size_t /*nRow*/) override { MarkStale(); }
     void RowChanged(std::size_t nRow) override;
     void RowRemoved(std::size_t nRow) override;
     void RowsCleared() override;
     void RowsSorted() override;
-    void SelectionChanged() override;
+    void SelectionChanged() override { MarkStale(); }
     void ShowRow(std::size_t nRow) override;
     std::optional<std::size_t> RowAt(float x, float y) override;
 
     /// The width of a column has changed.
-    void StateChanged(platform::Observable& control) override;
+    void StateChanged(platform::Observable& /*control*/) override { ApplyColumnWidths(); }
 
     void keyboardSearch(const QString& sTyped) override;
 

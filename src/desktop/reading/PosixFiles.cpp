@@ -34,26 +34,6 @@ std::optional<std::string> PosixFiles::CanonicalFolder(const std::string& sPath)
     return folder.IsOpen() ? std::optional(std::move(sCanonical)) : std::nullopt;
 }
 
-platform::FileHandle PosixFiles::CreateFileA(const std::string& sPath)
-{
-    return CreateFile(sPath).Release();
-}
-
-std::int64_t PosixFiles::FileLength(platform::FileHandle hFile)
-{
-    return LengthOf(hFile);
-}
-
-platform::tReadResult PosixFiles::ReadFile(platform::FileHandle hFile, void* pBuffer, std::size_t nBytes)
-{
-    return ReadBytes(hFile, pBuffer, nBytes);
-}
-
-void PosixFiles::CloseHandle(platform::FileHandle hFile)
-{
-    close(hFile);
-}
-
 std::unique_ptr<platform::SearchReading> PosixFiles::BeginReading(const platform::tSearchedFolders& searched)
 {
     return std::make_unique<SearchWorkers>(searched);

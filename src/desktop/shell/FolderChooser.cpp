@@ -37,10 +37,7 @@ FolderChooser::FolderChooser(const platform::BROWSEINFO& info)
     auto* const pLayout = new QVBoxLayout(this);
     pLayout->addWidget(Text(ShownLines(info.lpszTitle), QStringLiteral("text")));
     pLayout->addWidget(m_pPane, 1);
-    auto* const pBottom = new QHBoxLayout;
-    pBottom->addWidget(&m_pPane->NewFolderButton());
-    pBottom->addWidget(pButtons, 1);
-    pLayout->addLayout(pBottom);
+    pLayout->addLayout(m_pPane->BottomRow(*pButtons));
     pOk->setDefault(true);
     SizeFor(kSize);
     m_pPane->View().setFocus();

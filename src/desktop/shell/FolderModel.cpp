@@ -4,7 +4,6 @@
 #include "Escaped.h"
 #include "Paths.h"
 #include "Pictures.h"
-#include "ReadingOrder.h"
 #include "Subfolders.h"
 
 #include <QApplication>
@@ -171,36 +170,15 @@ QModelIndex FolderModel::index(int row, int column, const QModelIndex& parent) c
     return createIndex(row, column, Node(parent).children[static_cast<std::size_t>(row)]);
 }
 
-QModelIndex FolderModel::parent(const QModelIndex& index) const
-{
-    return Index(static_cast<platform::ItemId>(Node(index).nParent));
-}
-
-int FolderModel::rowCount(const QModelIndex& parent) const
-{
-    return static_cast<int>(Node(parent).children.size());
-}
-
-int FolderModel::columnCount(const QModelIndex& /*parent*/) const
-{
-    return 1;
-}
-
 bool FolderModel::hasChildren(const QModelIndex& parent) const
 {
     const tNode& node = Node(parent);
     return node.known != Known::Listed || !node.children.empty();
 }
 
-bool FolderModel::canFetchMore(const QModelIndex& parent) const
-{
-    return Node(parent).known != Known::Listed;
-}
-
 void FolderModel::fetchMore(const QModelIndex& parent)
 {
     auto names = Subfolders(Path(Item(parent)));
-    SortForReading(names);
     std::vector<tNode> children;
     children.reserve(names.size());
     for (std::string& sName : names) {

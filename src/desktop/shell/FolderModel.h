@@ -37,11 +37,20 @@ public:
     bool LookInto(const QModelIndex& index);
 
     [[nodiscard]] QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
-    [[nodiscard]] QModelIndex parent(const QModelIndex& index) const override;
-    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
-    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QModelIndex parent(const QModelIndex& index) const override
+    {
+        return Index(static_cast<platform::ItemId>(Node(index).nParent));
+    }
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override
+    {
+        return static_cast<int>(Node(parent).children.size());
+    }
+    [[nodiscard]] int columnCount(const QModelIndex& /*parent*/) const override { return 1; }
     [[nodiscard]] bool hasChildren(const QModelIndex& parent = {}) const override;
-    [[nodiscard]] bool canFetchMore(const QModelIndex& parent) const override;
+    [[nodiscard]] bool canFetchMore(const QModelIndex& parent) const override
+    {
+        return Node(parent).known != Known::Listed;
+    }
     void fetchMore(const QModelIndex& parent) override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] QVariant headerData(int nSection, Qt::Orientation orientation, int nRole) const override;

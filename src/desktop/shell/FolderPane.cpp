@@ -13,7 +13,6 @@
 #include <QPushButton>
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <sys/stat.h>
 
 namespace desktop {
@@ -28,7 +27,7 @@ QString WhyNotMade(int nError)
     case EPERM:
         return QStringLiteral("You are not permitted to make folders here.");
     default:
-        return QString::fromLocal8Bit(std::strerror(nError)) + QLatin1Char('.');
+        return ErrorSentence(nError);
     }
 }
 
@@ -78,6 +77,14 @@ void FolderPane::ShowBeside(QWidget& widget)
 {
     m_pLayout->addWidget(&widget, 0, 1);
     m_pLayout->setColumnStretch(1, 2);
+}
+
+QLayout* FolderPane::BottomRow(QWidget& buttons)
+{
+    auto* const pRow = new QHBoxLayout;
+    pRow->addWidget(m_pNewFolder);
+    pRow->addWidget(&buttons, 1);
+    return pRow;
 }
 
 void FolderPane::MakeFolder()

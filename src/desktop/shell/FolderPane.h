@@ -8,6 +8,7 @@
 #include <string>
 
 class QGridLayout;
+class QLayout;
 class QPushButton;
 
 namespace desktop {
@@ -33,8 +34,9 @@ public:
 
     [[nodiscard]] FolderTreeView& View() { return *m_pView; }
 
-    /// The button that asks for a name and creates a folder in the selected one. Shows a message on failure.
-    QPushButton& NewFolderButton() { return *m_pNewFolder; }
+    /// The bottom row of a dialog with the pane: the button that asks for a name and creates a folder in the
+    /// selected one, with a message on failure, and `buttons`.
+    QLayout* BottomRow(QWidget& buttons);
 
 private:
     void MakeFolder();
@@ -43,7 +45,7 @@ private:
     FolderModel m_model;
     FolderTreeView* m_pView;
     PathLabel* m_pPath;
-    QPushButton* m_pNewFolder; ///< placed by the dialog that contains the pane
+    QPushButton* m_pNewFolder; ///< in the bottom row
 };
 
 } // namespace desktop

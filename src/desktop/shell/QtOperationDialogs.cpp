@@ -83,16 +83,6 @@ tReplaceAnswer QtOperationDialogs::AskReplace(const tFileFacts& source, const tF
     return answer;
 }
 
-void QtOperationDialogs::Started(const tOperation& operation)
-{
-    Open(operation, OperationProgressWindow::Phase::Working);
-}
-
-bool QtOperationDialogs::Progress(const tOperationProgress& progress)
-{
-    return GoOn(progress);
-}
-
 /// Creates the progress window.
 void QtOperationDialogs::Open(const tOperation& operation, OperationProgressWindow::Phase phase)
 {

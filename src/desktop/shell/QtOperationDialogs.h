@@ -24,8 +24,11 @@ public:
     Consent Confirm(const tConfirmation& confirmation) override;
     bool AskRoom(const tOperation& operation, const tRoom& room) override;
     tReplaceAnswer AskReplace(const tFileFacts& source, const tFileFacts& target, bool bIdentical) override;
-    void Started(const tOperation& operation) override;
-    bool Progress(const tOperationProgress& progress) override;
+    void Started(const tOperation& operation) override
+    {
+        Open(operation, OperationProgressWindow::Phase::Working);
+    }
+    bool Progress(const tOperationProgress& progress) override { return GoOn(progress); }
     bool Finished(const tOperation& operation, const tOperationOutcome& outcome) override;
 
 private:

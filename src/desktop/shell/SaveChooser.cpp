@@ -5,7 +5,6 @@
 #include "NoticeLabel.h"
 #include "Paths.h"
 #include "Questions.h"
-#include "ReadingOrder.h"
 #include "ShownText.h"
 #include "SpokenRows.h"
 #include "Subfolders.h"
@@ -20,7 +19,6 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -47,11 +45,6 @@ std::string UpToNul(const std::string& sText)
     return sText.substr(0, sText.find('\0'));
 }
 
-QString Sentence(int nError)
-{
-    return QString::fromLocal8Bit(std::strerror(nError)) + QLatin1Char('.');
-}
-
 /// The reason why no file can be written at `sPath`, as far as that can be known in advance; empty if there
 /// is none.
 QString WhyNotWritable(const std::string& sPath, bool& bThere)
@@ -59,7 +52,7 @@ QString WhyNotWritable(const std::string& sPath, bool& bThere)
     struct stat status = {};
     bThere = stat(sPath.c_str(), &status) == 0;
     if (!bThere && errno != ENOENT) {
-        return Sentence(errno);
+        return ErrorSentence(errno);
     }
     if (bThere && !S_ISREG(status.st_mode)) {
         return QStringLiteral("There is something of that name that is no file.");
@@ -69,7 +62,7 @@ QString WhyNotWritable(const std::string& sPath, bool& bThere)
         return {};
     }
     if (errno != EACCES && errno != EPERM) {
-        return Sentence(errno);
+        return ErrorSentence(errno);
     }
     return bThere ? QStringLiteral("You are not permitted to write to this file.")
                   : QStringLiteral("You are not permitted to write to this folder.");
@@ -119,10 +112,7 @@ SaveChooser::SaveChooser(const platform::OPENFILENAME& request)
     pLayout->addWidget(m_pPane, 1);
     pLayout->addLayout(pAnswer);
     pLayout->addWidget(m_pFault);
-    auto* const pBottom = new QHBoxLayout;
-    pBottom->addWidget(&m_pPane->NewFolderButton());
-    pBottom->addWidget(pButtons, 1);
-    pLayout->addLayout(pBottom);
+    pLayout->addLayout(m_pPane->BottomRow(*pButtons));
     pSave->setDefault(true);
 
     connect(pButtons, &QDialogButtonBox::accepted, this, &SaveChooser::accept);
@@ -157,7 +147,6 @@ void SaveChooser::ListFiles()
     m_pFiles->clear();
     const auto nKind = static_cast<std::size_t>(m_pKind->currentIndex());
     auto names = FileNames(m_pPane->Folder(), nKind < m_patterns.size() ? m_patterns[nKind] : "*");
-    SortForReading(names);
     // Names that are displayed with escapes cannot be typed; they can only be picked from this list.
     for (const std::string& sName : names) {
         const QString sShown = ShownText(sName);

@@ -3,11 +3,14 @@
 
 #include "Descriptor.h"
 #include "FolderReader.h"
+#include "ListingOrder.h"
 #include "Paths.h"
 
+#include <algorithm>
 #include <fcntl.h>
 #include <fnmatch.h>
 #include <sys/stat.h>
+#include <utility>
 
 namespace desktop {
 namespace {
@@ -34,7 +37,25 @@ void ForEachEntry(const std::string& sPath, const Take& take)
     }
 }
 
+void SortForReading(std::vector<std::string>& names)
+{
+    std::vector<tReadingOrder> ordered;
+    ordered.reserve(names.size());
+    for (std::string& sName : names) {
+        ordered.push_back(ReadingOrder(std::move(sName)));
+    }
+    std::sort(ordered.begin(), ordered.end());
+    std::transform(ordered.begin(), ordered.end(), names.begin(),
+                   [](auto& each) { return std::move(std::get<2>(each)); });
+}
+
 } // namespace
+
+tReadingOrder ReadingOrder(std::string sName)
+{
+    std::string sKey = platform::NameKey(sName);
+    return {sName.starts_with('.'), std::move(sKey), std::move(sName)};
+}
 
 std::vector<std::string> Subfolders(const std::string& sPath)
 {
@@ -45,6 +66,7 @@ std::vector<std::string> Subfolders(const std::string& sPath)
         }
         return true;
     });
+    SortForReading(names);
     return names;
 }
 
@@ -64,6 +86,7 @@ std::vector<std::string> FileNames(const std::string& sPath, const std::string& 
         }
         return true;
     });
+    SortForReading(names);
     return names;
 }
 

@@ -5,6 +5,7 @@
 
 #include <QTextBoundaryFinder>
 #include <algorithm>
+#include <cstring>
 
 namespace desktop {
 namespace {
@@ -54,6 +55,11 @@ QString Breakable(const QString& sText)
         nStart = nEnd;
     }
     return sBreakable;
+}
+
+QString ErrorSentence(int nError)
+{
+    return QString::fromLocal8Bit(std::strerror(nError)) + QLatin1Char('.');
 }
 
 QString AsTitle(QString sText)

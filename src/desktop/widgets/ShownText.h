@@ -20,6 +20,9 @@ QString ShownLines(std::string_view sText);
 /// removed.
 QString Breakable(const QString& sText);
 
+/// The system's message for an error number, as a sentence in the user's language.
+QString ErrorSentence(int nError);
+
 // Texts that may contain any name, for places in which the toolkit looks for more than text.
 
 /// A window title, in which it looks for a placeholder.
