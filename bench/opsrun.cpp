@@ -160,7 +160,7 @@ private:
     platform::ListItem AddRow(const std::string& sPath, int nMark)
     {
         const auto identity = desktop::LookAt(sPath).Identity();
-        const std::string sName = desktop::NameOf(sPath);
+        const std::string sName = platform::NameIn(sPath);
         auto row = *m_list.ListItems.Add(sPath, sName, nMark);
         row.SetSubItems(search::kSizeColumn, platform::FormatNumber(identity.cySize));
         row.SetSubItems(search::kDateColumn, platform::FormatDateTime(desktop::DateOf(identity)));
@@ -247,7 +247,7 @@ void TrashFound(const std::string& sRoot, std::size_t nFiles, std::optional<plat
             fs::remove_all(sRoot + "/stays");
             fs::copy(sRoot + "/from", sRoot + "/stays");
             for (const std::string& sPath : paths) {
-                rows->Add(sPath, sRoot + "/stays/" + desktop::NameOf(sPath));
+                rows->Add(sPath, sRoot + "/stays/" + platform::NameIn(sPath));
             }
         }
     });

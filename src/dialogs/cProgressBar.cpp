@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "cProgressBar.h"
 
-#include "System.h"
 #include "Widgets.h"
 #include "WindowFunctions.h"
 

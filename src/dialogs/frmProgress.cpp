@@ -4,7 +4,6 @@
 #include "FormDesign.h"
 #include "System.h"
 #include "WindowFunctions.h"
-#include "mCommon.h"
 
 namespace dialogs {
 
@@ -30,11 +29,6 @@ void frmProgress::RestoreDesign()
     Design(lblFolder, {315, 1260, 4950, 225}, "");
     Design(lblFile, {315, 1575, 4950, 225}, "");
     Design(Image1, 315, 210, "working");
-}
-
-cProgressBar& frmProgress::pbProgress()
-{
-    return m_pbProgress ? *m_pbProgress : m_pbProgress.emplace();
 }
 
 void frmProgress::Show()

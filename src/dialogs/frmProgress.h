@@ -24,7 +24,7 @@ public:
     platform::Image Image1;
 
     /// Created on first use, destroyed with the form.
-    cProgressBar& pbProgress() override;
+    cProgressBar& pbProgress() override { return m_pbProgress ? *m_pbProgress : m_pbProgress.emplace(); }
 
     void Show() override;
     void Refresh() override { form.Refresh(); }

@@ -13,11 +13,6 @@ void cGroupRows::OpenGroup(const tFileEntry& entry)
     AddRow(entry, platform::kMarkFirst);
 }
 
-bool cGroupRows::Add(const tFileEntry& entry)
-{
-    return AddRow(entry, platform::kMarkMiddle);
-}
-
 void cGroupRows::CloseGroup()
 {
     if (m_oItem) {

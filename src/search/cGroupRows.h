@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "GroupMarks.h"
 #include "ListItems.h"
 #include "mCommon.h"
 
@@ -23,7 +24,7 @@ public:
     void OpenGroup(const tFileEntry& entry);
 
     /// Adds `entry` to the group; false if the list already contains that file.
-    bool Add(const tFileEntry& entry);
+    bool Add(const tFileEntry& entry) { return AddRow(entry, platform::kMarkMiddle); }
 
     /// Marks the row added last as the end of its group.
     void CloseGroup();

@@ -10,7 +10,6 @@
 #if defined(__x86_64__)
 
 #include <immintrin.h>
-#include <utility>
 
 namespace search {
 namespace {

@@ -12,7 +12,6 @@
 #include <memory>
 #include <new>
 #include <optional>
-#include <utility>
 #include <vector>
 
 namespace search {

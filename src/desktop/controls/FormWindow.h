@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Control.h"
 #include "ControlView.h"
 #include "Form.h"
 #include "InputGate.h"

@@ -69,7 +69,7 @@ tEnding CopyLook::Before(int /*hFile*/)
 /// Opens a copy, which must be unchanged since it was seen.
 tEnding CopyLook::Hold(const tStayingCopy& copy, int nFlags)
 {
-    FolderEntry entry(m_folders.Of(copy.sPath), NameOf(copy.sPath));
+    FolderEntry entry(m_folders.Of(copy.sPath), platform::NameIn(copy.sPath));
     int nError = 0;
     Descriptor file = entry.Open(nFlags, nError);
     m_copy.reset();

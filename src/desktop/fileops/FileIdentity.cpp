@@ -52,7 +52,7 @@ tLook LookAt(const std::string& sPath)
     if (look.nError != ENAMETOOLONG) {
         return look;
     }
-    const std::string sName = NameOf(sPath);
+    const std::string sName = platform::NameIn(sPath);
     const std::string sFolder = sPath.substr(0, sPath.size() - sName.size());
     return FolderEntry(std::make_shared<HeldFolder>(sFolder), sName).Look();
 }

@@ -2,8 +2,8 @@
 #include "FileTransfer.h"
 
 #include "FileCopier.h"
-#include "FileSystem.h"
 #include "Metadata.h"
+#include "Paths.h"
 #include "Reasons.h"
 #include "Retried.h"
 #include "SourceRemoval.h"
@@ -51,7 +51,7 @@ int WhyNotRemovable(const FolderEntry& file)
 
 tTargetFolder& FileTransfer::Target(const tPlannedFile& file)
 {
-    return m_folders.Get(file.sTarget.substr(0, file.sTarget.size() - NameOf(file.sTarget).size()));
+    return m_folders.Get(platform::FolderPart(file.sTarget));
 }
 
 tEnding FileTransfer::Carry(const HeldFile& source, const tPlannedFile& file, const ProgressCall& goOn)
@@ -60,7 +60,7 @@ tEnding FileTransfer::Carry(const HeldFile& source, const tPlannedFile& file, co
     if (!target.sWhyNot.empty()) {
         return tEnding::NotDone(target.sWhyNot);
     }
-    tJob job{source, file, goOn, FolderEntry(target.pFolder, NameOf(file.sTarget))};
+    tJob job{source, file, goOn, FolderEntry(target.pFolder, platform::NameIn(file.sTarget))};
     tEnding ending = Settle(job);
     if (!ending.IsDone()) {
         return ending;

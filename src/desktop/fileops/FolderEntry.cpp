@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "FolderEntry.h"
 
-#include "FileSystem.h"
+#include "Paths.h"
 #include "Retried.h"
 
 #include <fcntl.h>
@@ -30,11 +30,6 @@ Descriptor FolderEntry::Open(int nFlags, int& nError) const
         nError = file.IsOpen() ? 0 : errno;
     }
     return file;
-}
-
-std::string NameOf(const std::string& sPath)
-{
-    return sPath.substr(sPath.rfind(platform::kSeparator) + 1);
 }
 
 } // namespace desktop

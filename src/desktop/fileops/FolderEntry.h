@@ -4,6 +4,7 @@
 #include "Descriptor.h"
 #include "FileIdentity.h"
 #include "HeldFolder.h"
+#include "Paths.h"
 #include "Renaming.h"
 
 #include <string>
@@ -37,8 +38,5 @@ private:
     FolderPtr m_pFolder;
     tName m_name;
 };
-
-/// The last component of a path.
-std::string NameOf(const std::string& sPath);
 
 } // namespace desktop

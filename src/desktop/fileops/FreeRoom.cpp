@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "FreeRoom.h"
 
-#include "FileSystem.h"
 #include "Retried.h"
 
 #include <sys/statvfs.h>
@@ -13,9 +12,7 @@ std::optional<tRoom> MissingRoom(const tOperationPlan& plan, HeldFolders& folder
     if (plan.files.empty()) {
         return std::nullopt;
     }
-    const std::string& sTarget = plan.files.front().sTarget;
-    const std::string sFolder = sTarget.substr(0, sTarget.rfind(platform::kSeparator) + 1);
-    const FolderPtr pFolder = folders.Get(sFolder);
+    const FolderPtr pFolder = folders.Of(plan.files.front().sTarget);
     struct statvfs volume = {};
     const Descriptor folder = Reopened(pFolder->Get());
     if (!folder.IsOpen() || Retried([&] { return fstatvfs(folder.Get(), &volume); }) != 0) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "HeldFolder.h"
 
-#include "FileSystem.h"
+#include "Paths.h"
 #include "Retried.h"
 #include "SystemCalls.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "HeldFolders.h"
 
-#include "FileSystem.h"
+#include "Paths.h"
 
 #include <cerrno>
 
@@ -15,8 +15,7 @@ constexpr std::size_t kMostHeld = 200;
 
 FolderPtr HeldFolders::Of(const std::string& sFilePath)
 {
-    const std::size_t nName = sFilePath.rfind(platform::kSeparator) + 1;
-    return Get(sFilePath.substr(0, nName));
+    return Get(platform::FolderPart(sFilePath));
 }
 
 FolderPtr HeldFolders::Get(const std::string& sFolder)

@@ -1,25 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "Leftovers.h"
 
+#include "FolderReader.h"
 #include "HiddenName.h"
 #include "Reasons.h"
 #include "Renaming.h"
 #include "Retried.h"
 
 #include <cerrno>
-#include <dirent.h>
 #include <fcntl.h>
-#include <memory>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace desktop {
 namespace {
-
-struct CloseFolder {
-    void operator()(DIR* pFolder) const { closedir(pFolder); }
-};
 
 /// Renames a source that was set aside back to `sOriginal` in the folder.
 void PutBack(const HeldFolder& folder, const tName& aside, const std::string& sOriginal,
@@ -86,16 +81,12 @@ void PutBackSource(const HeldFolder& folder, const std::string& sName, std::vect
 std::vector<std::string> NamesIn(int hFolder, bool (*wanted)(std::string_view))
 {
     std::vector<std::string> names;
-    Descriptor again = Reopened(hFolder);
-    const std::unique_ptr<DIR, CloseFolder> entries(again.IsOpen() ? fdopendir(again.Get()) : nullptr);
-    if (!entries) {
-        return names;
-    }
-    again.Release();
-    while (const dirent64* pEntry = readdir64(entries.get())) {
-        const std::string_view sName = pEntry->d_name;
-        if (sName != "." && sName != ".." && wanted(sName)) {
-            names.emplace_back(sName);
+    const Descriptor again = Reopened(hFolder);
+    FolderReader reader;
+    reader.Start(again.Get());
+    while (const dirent64* const pEntry = reader.Next()) {
+        if (wanted(pEntry->d_name)) {
+            names.emplace_back(pEntry->d_name);
         }
     }
     return names;

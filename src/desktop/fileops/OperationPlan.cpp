@@ -96,7 +96,8 @@ bool LookAtFiles(tOperationPlan& plan, HeldFolders& folders, const LooksOn& look
         const FolderPtr pFolder = folders.Of(file.sPath);
         const bool bInTrash = pFolder->Error() == 0 && trashes.Contain(pFolder->Path());
         tLook look;
-        tEnding ending = Found(FolderEntry(pFolder, NameOf(file.sPath)), operation.operation, bInTrash, look);
+        tEnding ending =
+            Found(FolderEntry(pFolder, platform::NameIn(file.sPath)), operation.operation, bInTrash, look);
         if (!ending.IsDone()) {
             if (bInTrash && operation.operation == FileOperation::Trash) {
                 plan.inTrash.push_back(file.sPath);

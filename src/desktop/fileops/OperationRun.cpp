@@ -127,7 +127,7 @@ HeldFile OperationRun::Held(const tPlannedFile& file)
 {
     const FolderPtr pFolder = m_folders.Of(file.sPath);
     Arrive(pFolder);
-    return {FolderEntry(pFolder, NameOf(file.sPath)), file.identity};
+    return {FolderEntry(pFolder, platform::NameIn(file.sPath)), file.identity};
 }
 
 void OperationRun::TrashAll()

@@ -108,7 +108,7 @@ bool StayingCopies::IsGoing(const FolderEntry& entry, const tLook& look) const
     return std::any_of(first, last, [&](const auto& each) {
         const tPlannedFile& file = m_files[each.second];
         return file.identity.nDevice == look.status.st_dev &&
-               (!bOtherName || (NameOf(file.sPath) == entry.Name().sName &&
+               (!bOtherName || (platform::NameIn(file.sPath) == entry.Name().sName &&
                                 m_folders.Of(file.sPath)->Look().IsSameFileAs(entry.Folder().Look())));
     });
 }
@@ -130,7 +130,7 @@ bool StayingCopies::IsViewOfGoing(const FolderEntry& entry, const tLook& look)
         const tPlannedFile& file = m_files[each.second];
         return file.identity.nDevice != seen.nDevice && file.identity.cySize == seen.cySize &&
                file.identity.nSeconds == seen.nSeconds &&
-               (look.status.st_nlink < 2 || NameOf(file.sPath) == entry.Name().sName) &&
+               (look.status.st_nlink < 2 || platform::NameIn(file.sPath) == entry.Name().sName) &&
                !(StoresFiles(entry.SharedFolder()) && StoresFiles(m_folders.Of(file.sPath)));
     });
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "SystemCalls.h"
 
-#include "FileSystem.h"
+#include "Paths.h"
 #include "Retried.h"
 
 #include <algorithm>

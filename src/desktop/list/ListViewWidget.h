@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Control.h"
 #include "ListView.h"
 #include "MarkDelegate.h"
 #include "RowModel.h"

@@ -25,16 +25,6 @@ QLatin1String SpokenMark(int nSmallIcon)
 
 } // namespace
 
-int RowModel::rowCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : m_nRows;
-}
-
-int RowModel::columnCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : static_cast<int>(m_list.ColumnCount());
-}
-
 QString RowModel::Text(const QModelIndex& index) const
 {
     const auto item = m_list.ListItems(static_cast<std::size_t>(index.row()) + 1);

@@ -21,8 +21,14 @@ public:
 
     explicit RowModel(platform::ListView& list) : m_list(list) {}
 
-    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
-    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override
+    {
+        return parent.isValid() ? 0 : m_nRows;
+    }
+    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override
+    {
+        return parent.isValid() ? 0 : static_cast<int>(m_list.ColumnCount());
+    }
     [[nodiscard]] QVariant data(const QModelIndex& index, int nRole) const override;
     [[nodiscard]] QVariant headerData(int nSection, Qt::Orientation orientation, int nRole) const override;
 

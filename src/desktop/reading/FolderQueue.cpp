@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "FolderQueue.h"
 
-#include "FileSystem.h"
+#include "Paths.h"
 
 #include <algorithm>
 #include <utility>

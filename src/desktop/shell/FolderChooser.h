@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Control.h"
 #include "DialogWindow.h"
 #include "FolderPane.h"
+#include "NativeWindow.h"
 #include "ShellDialogs.h"
 
 #include <string>

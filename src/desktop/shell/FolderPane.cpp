@@ -11,7 +11,6 @@
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QPushButton>
-#include <algorithm>
 #include <cerrno>
 #include <sys/stat.h>
 
@@ -50,11 +49,6 @@ FolderPane::FolderPane()
             [this] { m_pPath->ShowPath(Folder()); });
     m_pView->setCurrentIndex(m_model.index(0, 0));
     m_pView->expand(m_pView->currentIndex());
-}
-
-std::string FolderPane::Folder() const
-{
-    return m_model.Path(FolderModel::Item(m_pView->currentIndex()));
 }
 
 void FolderPane::Select(const std::string& sPath)

@@ -23,7 +23,10 @@ public:
     FolderPane();
 
     /// The path of the selected folder, exact bytes, without a trailing separator (except for the root).
-    [[nodiscard]] std::string Folder() const;
+    [[nodiscard]] std::string Folder() const
+    {
+        return m_model.Path(FolderModel::Item(m_pView->currentIndex()));
+    }
 
     /// Selects the folder with that path, or its nearest existing parent, and scrolls to it. Does nothing if
     /// the path is not absolute.

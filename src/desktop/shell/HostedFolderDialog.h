@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Control.h"
 #include "FolderModel.h"
 #include "FolderTreeView.h"
+#include "NativeWindow.h"
 #include "ShellDialogs.h"
 
 #include <QEventLoop>

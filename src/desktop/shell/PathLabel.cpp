@@ -25,16 +25,6 @@ void PathLabel::ShowPath(const std::string& sPath)
     setToolTip(AsToolTip(text()));
 }
 
-QSize PathLabel::minimumSizeHint() const
-{
-    return {0, fontMetrics().height()};
-}
-
-QSize PathLabel::sizeHint() const
-{
-    return {fontMetrics().horizontalAdvance(text()), fontMetrics().height()};
-}
-
 void PathLabel::paintEvent(QPaintEvent* /*pEvent*/)
 {
     QPainter painter(this);

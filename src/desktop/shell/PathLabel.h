@@ -16,8 +16,11 @@ public:
     /// `sPath` is exact bytes.
     void ShowPath(const std::string& sPath);
 
-    [[nodiscard]] QSize minimumSizeHint() const override;
-    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return {0, fontMetrics().height()}; }
+    [[nodiscard]] QSize sizeHint() const override
+    {
+        return {fontMetrics().horizontalAdvance(text()), fontMetrics().height()};
+    }
 
 protected:
     void paintEvent(QPaintEvent* pEvent) override;

@@ -55,11 +55,6 @@ bool QtShellDialogs::SHGetPathFromIDListA(platform::ItemId pidl, std::string& sB
     return found != m_chosen.end() && WriteInto(sBuffer, found->second);
 }
 
-void QtShellDialogs::CoTaskMemFree(platform::ItemId pidl)
-{
-    m_chosen.erase(pidl);
-}
-
 bool QtShellDialogs::GetSaveFileNameA(platform::OPENFILENAME& request)
 {
     return WriteInto(request.lpstrFile, SaveChooser(request).Choose());

@@ -19,7 +19,7 @@ public:
 
     platform::ItemId SHBrowseForFolderA(const platform::BROWSEINFO& info) override;
     bool SHGetPathFromIDListA(platform::ItemId pidl, std::string& sBuffer) override;
-    void CoTaskMemFree(platform::ItemId pidl) override;
+    void CoTaskMemFree(platform::ItemId pidl) override { m_chosen.erase(pidl); }
     bool GetSaveFileNameA(platform::OPENFILENAME& request) override;
 
 private:

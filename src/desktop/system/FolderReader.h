@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <dirent.h>
 #include <memory>
-#include <string>
 #include <sys/types.h>
 
 namespace desktop {
@@ -22,7 +21,10 @@ public:
     /// including NULs, is as long as NameField says.
     const dirent64* Next();
 
-    static std::size_t NameField(const dirent64& entry) { return entry.d_reclen - offsetof(dirent64, d_name); }
+    static std::size_t NameField(const dirent64& entry)
+    {
+        return entry.d_reclen - offsetof(dirent64, d_name);
+    }
 
 private:
     std::unique_ptr<char[]> m_entries; ///< buffer for the entries returned by the kernel
