@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Creates the folder trees that bench/compare and bench/growth measure. A tree depends only on its name and
+// Creates the folder trees that bench/compare-programs and bench/growth measure. A tree depends only on its name and
 // N, so results from different machines are for the same files.
 
 #include <cerrno>
