@@ -5,6 +5,7 @@
 #include "GroupMarks.h"
 #include "ListView.h"
 #include "OperationDialogs.h"
+#include "Paths.h"
 #include "ShellFileOperations.h"
 #include "Texts.h"
 #include "cGroupRows.h"

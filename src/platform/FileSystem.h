@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Paths.h"
 #include "SearchReading.h"
 
 #include <cstddef>

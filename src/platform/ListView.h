@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Control.h"
 #include "Form.h"
 #include "ListItems.h"
+#include "NativeWindow.h"
+#include "Observable.h"
 #include "Widgets.h"
 
 #include <cstddef>

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Control.h"
+#include "Observable.h"
 
 #include <cstddef>
 #include <deque>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Control.h"
 #include "NativeWindow.h"
 
 #include <functional>

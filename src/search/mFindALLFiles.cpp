@@ -3,6 +3,7 @@
 
 #include "FileTime.h"
 #include "FormMembers.h"
+#include "Paths.h"
 #include "System.h"
 #include "mCommon.h"
 #include "mCompactPath.h"

@@ -4,6 +4,7 @@
 #include "Control.h"
 #include "EventLoop.h"
 #include "Form.h"
+#include "FormMembers.h"
 #include "Launches.h"
 #include "Menu.h"
 #include "SampleTree.h"

@@ -3,6 +3,7 @@
 
 #include "Control.h"
 #include "Form.h"
+#include "Observable.h"
 #include "Twips.h"
 
 #include <QObject>

@@ -5,6 +5,7 @@
 #include "Form.h"
 #include "InputGate.h"
 #include "Menus.h"
+#include "Observable.h"
 
 #include <QEventLoop>
 #include <QPointer>

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Control.h"
 #include "ControlView.h"
+#include "Form.h"
+#include "Observable.h"
 #include "Widgets.h"
 
 #include <QLabel>
+#include <QRect>
 #include <QStringList>
 #include <QTimer>
 

@@ -2,7 +2,10 @@
 #pragma once
 
 #include "ControlView.h"
+#include "Form.h"
 #include "Widgets.h"
+
+#include <QRect>
 
 class QMouseEvent;
 

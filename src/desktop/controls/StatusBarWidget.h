@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ControlView.h"
+#include "Form.h"
 
 #include <QLabel>
 #include <memory>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "CopyLook.h"
 
+#include "Paths.h"
 #include "Reasons.h"
 #include "Retried.h"
 

@@ -3,6 +3,7 @@
 
 #include "FileTime.h"
 #include "FolderEntry.h"
+#include "Paths.h"
 #include "Reasons.h"
 
 #include <fcntl.h>

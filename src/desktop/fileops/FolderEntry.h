@@ -4,7 +4,6 @@
 #include "Descriptor.h"
 #include "FileIdentity.h"
 #include "HeldFolder.h"
-#include "Paths.h"
 #include "Renaming.h"
 
 #include <string>

@@ -2,6 +2,7 @@
 #include "OperationPlan.h"
 
 #include "FolderEntry.h"
+#include "Paths.h"
 #include "Reasons.h"
 #include "TrashLocations.h"
 

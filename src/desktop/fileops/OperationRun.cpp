@@ -3,6 +3,7 @@
 
 #include "FreeRoom.h"
 #include "Leftovers.h"
+#include "Paths.h"
 
 #include <chrono>
 #include <utility>

@@ -2,6 +2,7 @@
 #include "StayingCopies.h"
 
 #include "HiddenName.h"
+#include "Paths.h"
 #include "Texts.h"
 
 #include <algorithm>

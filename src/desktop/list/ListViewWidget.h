@@ -3,6 +3,7 @@
 
 #include "ListView.h"
 #include "MarkDelegate.h"
+#include "Observable.h"
 #include "RowModel.h"
 #include "RowPicking.h"
 #include "RowSelection.h"

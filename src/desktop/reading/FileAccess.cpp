@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "FileAccess.h"
 
+#include "Paths.h"
 #include "Retried.h"
 
 #include <cerrno>

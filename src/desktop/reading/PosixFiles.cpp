@@ -3,6 +3,7 @@
 
 #include "CanonicalPath.h"
 #include "FileAccess.h"
+#include "Paths.h"
 #include "Retried.h"
 #include "SearchWorkers.h"
 

@@ -4,6 +4,7 @@
 #include "FolderModel.h"
 #include "FolderTreeView.h"
 #include "NativeWindow.h"
+#include "Observable.h"
 #include "ShellDialogs.h"
 
 #include <QEventLoop>
