@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The reference for bench/compare-programs: the minimum of work for a search by content. Threads list folders from one
-// stack. Files that share their size with another one are then read and checksummed, folder by folder in the
-// order found, each thread taking the next few. It shows nothing, cannot be cancelled, and treats files as
-// equal if size and checksum are.
+// The reference for bench/compare-programs: the minimum of work for a search by content. Threads list folders
+// from one stack. Files that share their size with another one are then read and checksummed, folder by
+// folder in the order found, each thread taking the next few. It shows nothing, cannot be cancelled, and
+// treats files as equal if size and checksum are.
 
 #include <algorithm>
 #include <atomic>

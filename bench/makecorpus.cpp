@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Creates the folder trees that bench/compare-programs and bench/growth measure. A tree depends only on its name and
-// N, so results from different machines are for the same files.
+// Creates the folder trees that bench/compare-programs and bench/growth measure. A tree depends only on its
+// name and N, so results from different machines are for the same files.
 
 #include <cerrno>
 #include <charconv>
