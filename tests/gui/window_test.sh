@@ -219,7 +219,8 @@ key Escape
 end_program
 
 scene='with a disk that hangs'
-start_program LD_PRELOAD="$(dirname "$program")/bench/libslowdisk.so" SLOWDISK_STUCK=Many
+mkdir "$HOME/Many/Stuck" # a folder in it, since the tree of the Add Folder window looks into those that it shows
+start_program LD_PRELOAD="$(dirname "$program")/bench/libslowdisk.so" SLOWDISK_STUCK=Stuck
 search_many
 expect 'the progress window says what it does' painted Progress
 key space
