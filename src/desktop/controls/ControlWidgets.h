@@ -3,6 +3,7 @@
 
 #include "Control.h"
 #include "ControlView.h"
+#include "Form.h"
 
 #include <memory>
 
