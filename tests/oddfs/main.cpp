@@ -134,9 +134,9 @@ int main(int argc, char* argv[])
     }
     g_sQuirk = argv[1];
     g_sBehind = argv[2];
-    std::string arguments[] = {"oddfs", "-f", "-s", argv[3]};
-    char* aArguments[] = {arguments[0].data(), arguments[1].data(), arguments[2].data(), arguments[3].data(),
-                          nullptr};
+    std::string arguments[] = {"oddfs", "-f", "-s", "-ofsname=/dev/odd", argv[3]}; // like a disk
+    char* aArguments[] = {arguments[0].data(), arguments[1].data(), arguments[2].data(),
+                          arguments[3].data(), arguments[4].data(), nullptr};
     fuse_operations operations = Operations();
     // No hidden files in the place of those that are removed while they are open.
     operations.init = [](fuse_conn_info*, fuse_config* pConfig) -> void* {
@@ -144,5 +144,5 @@ int main(int argc, char* argv[])
         pConfig->use_ino = g_sQuirk == "numbers-all-alike";
         return nullptr;
     };
-    return fuse_main(4, aArguments, &operations, nullptr);
+    return fuse_main(5, aArguments, &operations, nullptr);
 }

@@ -4,6 +4,7 @@
 #include "Paths.h"
 #include "Reasons.h"
 #include "Retried.h"
+#include "SourceRemoval.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -12,8 +13,6 @@
 
 namespace desktop {
 namespace {
-
-constexpr const char* kWritten = "It is being written to.";
 
 tEnding NotRead(int nError)
 {
@@ -57,7 +56,7 @@ tEnding CopyLook::Before(int /*hFile*/)
         }
         ending = Compare();
         if (ending.IsDone()) {
-            return IsTouched(m_goes->h, m_goes->before) ? tEnding::Spared("It has changed in the meantime.")
+            return IsTouched(m_goes->h, m_goes->before) ? tEnding::Spared(kChanged)
                                                         : IsStill(LookAt(m_goes->h), m_pFile->Expected());
         }
         if (ending.kind == tEnding::Kind::Cancelled) {
@@ -98,7 +97,7 @@ tEnding CopyLook::Compare()
     case ContentComparison::Result::Cancelled:
         if (isWritten()) {
             return tEnding::Spared(m_goes->lease.IsOpenForWriting()
-                                       ? kWritten
+                                       ? kOpenForWriting
                                        : m_held->sPath + ", which was to stay, is being written to.");
         }
         return result == ContentComparison::Result::Same ? StillThere()
@@ -118,7 +117,7 @@ tEnding CopyLook::After()
     const bool bFound = !m_goes || IsFoundAgain();
     tEnding ending = m_held ? StillThere() : tEnding();
     if (ending.IsDone() && m_goes && m_goes->lease.IsOpenForWriting()) {
-        ending = tEnding::Spared(kWritten);
+        ending = tEnding::Spared(kOpenForWriting);
     }
     if (ending.IsDone() && !bFound) {
         ending = tEnding::Spared(m_held->sPath + ", which was to stay, is this file on another route.");

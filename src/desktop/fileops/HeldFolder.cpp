@@ -5,8 +5,10 @@
 #include "Retried.h"
 #include "SystemCalls.h"
 
+#include <cerrno>
 #include <fcntl.h>
 #include <filesystem>
+#include <unistd.h>
 
 namespace desktop {
 namespace {
@@ -41,6 +43,18 @@ bool HeldFolder::IsWhereItWas() const
 Descriptor Reopened(int hFolder)
 {
     return Descriptor(Retried([&] { return openat(hFolder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
+}
+
+int SyncFolder(const HeldFolder& folder, int hFile)
+{
+    const Descriptor open = Reopened(folder.Get());
+    if (!open.IsOpen()) {
+        // A folder with write but no read permission cannot be opened, so the whole volume is synced.
+        return errno == EACCES && syncfs(hFile) == 0 ? 0 : errno;
+    }
+    // Some file systems do not support this for folders and return EINVAL.
+    const bool bSynced = Retried([&] { return fsync(open.Get()); }) == 0 || errno == EINVAL;
+    return bSynced ? 0 : errno;
 }
 
 } // namespace desktop

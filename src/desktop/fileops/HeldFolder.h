@@ -43,4 +43,7 @@ using FolderPtr = std::shared_ptr<const HeldFolder>;
 /// Reopens an open folder for listing or syncing. Not open on failure, with errno set.
 Descriptor Reopened(int hFolder);
 
+/// Syncs the entries of a folder to disk; `hFile` is an open file in it. Returns 0 or the error number.
+int SyncFolder(const HeldFolder& folder, int hFile);
+
 } // namespace desktop

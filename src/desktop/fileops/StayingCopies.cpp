@@ -142,8 +142,15 @@ bool StayingCopies::IsViewOfGoing(const FolderEntry& entry, const tLook& look)
 bool StayingCopies::StoresFiles(const FolderPtr& pFolder)
 {
     const tMount* const pMount = (m_mounts ? *m_mounts : m_mounts.emplace()).HolderOf(pFolder->Path());
-    return pMount != nullptr && (pMount->sSource.starts_with("/dev/") || pMount->sType == "tmpfs" ||
-                                 pMount->sType == "ramfs" || pMount->sType == "zfs");
+    if (pMount == nullptr) {
+        return false;
+    }
+    // A file system in user space chooses its source, which may be a folder in /dev; one on a disk has a type
+    // of its own.
+    const std::string& sType = pMount->sType;
+    const bool bInUserSpace = sType.starts_with("fuse") && sType != "fuseblk";
+    return (pMount->sSource.starts_with("/dev/") && !bInUserSpace) || sType == "tmpfs" || sType == "ramfs" ||
+           sType == "zfs";
 }
 
 std::optional<Stays> StayingCopies::Of(std::size_t nFile) const

@@ -2,10 +2,7 @@
 #include "TargetFolders.h"
 
 #include "Reasons.h"
-#include "Retried.h"
 #include "TrashLocations.h"
-
-#include <unistd.h>
 
 namespace desktop {
 namespace {
@@ -38,18 +35,6 @@ std::vector<std::string> TargetFolders::Astray() const
         }
     }
     return astray;
-}
-
-int SyncFolder(const HeldFolder& folder, int hFile)
-{
-    const Descriptor open = Reopened(folder.Get());
-    if (!open.IsOpen()) {
-        // A folder with write but no read permission cannot be opened, so the whole volume is synced.
-        return errno == EACCES && syncfs(hFile) == 0 ? 0 : errno;
-    }
-    // Some file systems do not support this for folders and return EINVAL.
-    const bool bSynced = Retried([&] { return fsync(open.Get()); }) == 0 || errno == EINVAL;
-    return bSynced ? 0 : errno;
 }
 
 } // namespace desktop

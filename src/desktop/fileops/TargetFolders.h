@@ -30,7 +30,4 @@ private:
     std::map<std::string, tTargetFolder> m_folders;
 };
 
-/// Syncs the entries of a folder to disk; `hFile` is an open file in it. Returns 0 or the error number.
-int SyncFolder(const HeldFolder& folder, int hFile);
-
 } // namespace desktop

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "TrashBatch.h"
 
+#include "HeldFolder.h"
 #include "Retried.h"
 #include "TrashNote.h"
 
@@ -22,13 +23,6 @@ constexpr std::chrono::milliseconds kLongest{300};
 TrashBatch::tResult NotDone(int nError)
 {
     return {tEnding::NotDone(Reason(nError, Step::Note)), TrashBatch::tResult::Next::Ended};
-}
-
-int SyncNames(const HeldFolder& folder)
-{
-    const Descriptor open = Reopened(folder.Get());
-    // Some file systems do not support this for folders and return EINVAL.
-    return !open.IsOpen() || (Retried([&] { return fsync(open.Get()); }) != 0 && errno != EINVAL) ? errno : 0;
 }
 
 } // namespace
@@ -104,12 +98,12 @@ int TrashBatch::Sync(bool bAll)
         }
         return nError;
     }
-    return SyncNames(m_trash.Info());
+    return SyncFolder(m_trash.Info(), m_journal->Get());
 }
 
 int TrashBatch::SyncFiles() const
 {
-    return SyncNames(*m_trash.Files());
+    return SyncFolder(*m_trash.Files(), m_journal->Get());
 }
 
 /// True if the note exists and has the right content.
