@@ -24,7 +24,8 @@ const std::set<std::string> kQuirks{
     "hangs-at-read",  // for as long as it is mounted
     "keeps-no-change-times",
     "numbers-all-alike",
-    "renames-plainly" // knows neither a rename without replacing nor a second name for a file
+    "numbers-each-name", // and has no rename without replacing
+    "renames-plainly"    // knows neither a rename without replacing nor a second name for a file
 };
 
 std::string g_sBehind, g_sQuirk;
@@ -81,10 +82,10 @@ fuse_operations Operations()
     o.mkdir = [](const char* pPath, mode_t mode) { return Result(mkdir(Behind(pPath).c_str(), mode)); };
     o.unlink = [](const char* pPath) { return Result(unlink(Behind(pPath).c_str())); };
     o.rename = [](const char* pFrom, const char* pTo, unsigned nFlags) {
-        return nFlags != 0 && g_sQuirk == "renames-plainly"
-                   ? -EINVAL
-                   : Result(
-                         renameat2(AT_FDCWD, Behind(pFrom).c_str(), AT_FDCWD, Behind(pTo).c_str(), nFlags));
+        const bool bPlainly = g_sQuirk == "renames-plainly" || g_sQuirk == "numbers-each-name";
+        return nFlags != 0 && bPlainly ? -EINVAL
+                                       : Result(renameat2(AT_FDCWD, Behind(pFrom).c_str(), AT_FDCWD,
+                                                          Behind(pTo).c_str(), nFlags));
     };
     o.link = [](const char* pFrom, const char* pTo) {
         return g_sQuirk == "renames-plainly" ? -EPERM

@@ -70,18 +70,23 @@ int DropFirstName(const tName& first, const tName& second)
     return nError;
 }
 
-/// Creating a second link does not replace anything, either.
+/// Creating a second link does not replace anything, either. EOPNOTSUPP if the two names of a file cannot be
+/// recognised as such.
 int LinkAndUnlink(const tName& from, const tName& to)
 {
+    const tLook before = Look(from);
     int nError = Link(from, to);
     if (nError != 0) {
         return nError;
     }
     const tLook linked = Look(to);
-    nError = DropFirstName(from, to);
+    // Some file systems in user space give each name a number of its own.
+    nError = before.nError == 0 && linked.nError == 0 && !linked.IsSameFileAs(before)
+                 ? EOPNOTSUPP
+                 : DropFirstName(from, to);
     // If another program has reused or removed the first name, its change to the file takes effect as if
     // there had never been a second name.
-    const bool bOthersActed = nError == ESTALE || nError == ENOENT;
+    const bool bOthersActed = nError == ESTALE || nError == ENOENT || nError == EOPNOTSUPP;
     if (nError != 0 && Look(to).IsSameFileAs(bOthersActed ? linked : Look(from))) {
         Unlink(to);
     }

@@ -71,7 +71,9 @@ TEST_F(Fuse, OnlyWhatArrivedWholeIsDone)
                                                          {"says-size-0", false, false},
                                                          {"fails-at-close", false, false},
                                                          {"renames-plainly", true, true},
-                                                         {"renames-plainly", false, true}};
+                                                         {"renames-plainly", false, true},
+                                                         {"numbers-each-name", true, true},
+                                                         {"numbers-each-name", false, true}};
     for (const auto& [pQuirk, bFromThere, bDone] : cases) {
         for (const unsigned wFunc : {FO_COPY, FO_MOVE}) {
             SCOPED_TRACE(std::string(wFunc == FO_COPY ? "copy " : "move ") + (bFromThere ? "from " : "to ") +
