@@ -5,7 +5,10 @@
 #include "Operations.h"
 
 #include <algorithm>
+#include <fcntl.h>
 #include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -339,6 +342,33 @@ TEST_F(Unleased, IsComparedWithItsCopyBeforeItGoes)
         EXPECT_EQ(world.Wrong(run) + world.LeftBehind(), "");
         EXPECT_EQ(run.nDone, bWritten ? 0U : 1U);
     }
+}
+
+using Late = Watched;
+
+TEST_F(Late, WriterOfWhatIsSetAsideIsHeard)
+{
+    world.Prepare({"MoveToAnotherVolume", FO_MOVE, false, true});
+    std::string sAside;
+    bool bWaits = false;
+    const auto run = world.Run([&](const support::tCall& call, std::size_t) {
+        if (sAside.empty() && call.sPath.starts_with(world.sFrom + "/.tallyfen-s-")) {
+            sAside = call.sPath;
+        } else if (!sAside.empty() && !bWaits && call.sPath.starts_with(world.sTo)) {
+            bWaits = true;
+            if (fork() == 0) {
+                const int h = open(sAside.c_str(), O_WRONLY | O_CLOEXEC);
+                _exit(pwrite(h, "late", 4, 0) == 4 ? 0 : 1);
+            }
+            usleep(2000); // until it waits
+        }
+        return 0;
+    });
+    int nEnd = 1;
+    wait(&nEnd);
+    EXPECT_TRUE(bWaits && nEnd == 0);
+    EXPECT_EQ(run.nDone, 0U);
+    EXPECT_EQ(Content(world.sFrom + "/a").substr(0, 4), "late");
 }
 
 INSTANTIATE_TEST_SUITE_P(, Interference, ::testing::ValuesIn(kScenarios), NameOf);
