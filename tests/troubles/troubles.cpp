@@ -138,11 +138,12 @@ TEST(TwoUsers, NeitherLosesNorTouchesAnything)
     kill(attacker, SIGKILL);
     waitpid(attacker, nullptr, 0);
     const Bin bin = Restorable();
+    // The attacker may have ended with the link in place.
+    const std::string sThere = fs::exists(sTheirs + "/aside") ? sTheirs + "/aside" : sShared;
     for (std::size_t n = 0; n < paths.size(); ++n) {
         const std::string sName = '/' + std::to_string(n);
         const std::string sShown = "shared " + std::to_string(n);
-        EXPECT_TRUE(Content(sShared + sName) + Content(sTheirs + "/aside" + sName) == sShown ||
-                    bin.contains({paths[n], sShown}));
+        EXPECT_TRUE(Content(sThere + sName) == sShown || bin.contains({paths[n], sShown}));
         EXPECT_EQ(Content(sPrivate + sName), "private " + std::to_string(n));
     }
     std::cout << "two users: done and not done " << process.sSaid << '\n';
