@@ -63,16 +63,11 @@ TEST_F(OperationDialogs, ConfirmTheSetOnce)
         {3, 12'345, Qt::Key_Enter, "", "Move 3 files (12345 bytes / 12.1 KiB) to the trash?"},
         {2, 1024 * 1024 - 1, Qt::Key_Return, "", "Move 2 files (1048575 bytes / 1.0 MiB) to the trash?"},
     };
-    for (const auto& each : cases) {
-        const auto& nFiles = std::get<0>(each);
-        const auto& cyTotal = std::get<1>(each);
-        const auto& key = std::get<2>(each);
-        const auto& pOnly = std::get<3>(each);
-        const auto& pText = std::get<4>(each);
-        answers.Expect("confirmOperation", [&](QDialog& dialog) {
-            EXPECT_EQ(Plain(dynamic_cast<QMessageBox&>(dialog).text()), pText);
+    for (const auto& [nFiles, cyTotal, key, pOnly, pText] : cases) {
+        answers.Expect("confirmOperation", [&, pressed = key, pWanted = pText](QDialog& dialog) {
+            EXPECT_EQ(Plain(dynamic_cast<QMessageBox&>(dialog).text()), pWanted);
             EXPECT_EQ(dialog.parentWidget(), &window);
-            QTest::keyClick(&dialog, key);
+            QTest::keyClick(&dialog, pressed);
         });
         const desktop::tOperation trash{FileOperation::Trash, nFiles, cyTotal, form.hWnd()};
         EXPECT_EQ(dialogs.Confirm({trash, {}, 0, {}, pOnly}),
@@ -90,11 +85,8 @@ TEST_F(OperationDialogs, ConfirmWithWhatThereIsToSay)
         {2, Answers::Click("all"), Consent::All},
         {2, Answers::Press(Qt::Key_Escape), Consent::Cancel},
     };
-    for (const auto& each : cases) {
-        const auto& nWithCopy = std::get<0>(each);
-        const auto& answer = std::get<1>(each);
-        const auto& consent = std::get<2>(each);
-        answers.Expect("confirmOperation", [&](QDialog& dialog) {
+    for (const auto& [nWithCopy, press, consent] : cases) {
+        answers.Expect("confirmOperation", [&answer = press](QDialog& dialog) {
             EXPECT_EQ(Plain(Child<QLabel>(dialog, "text").text()),
                       "Move 3 files (3 bytes) to the trash?\n\n"
                       "\u201ca\\x0Ab\u201d has no other copy that stays.");
@@ -124,11 +116,8 @@ TEST_F(OperationDialogs, AskBeforeTheyReplace)
         {Answers::Click("skip"), true, Choice::Skip},
     };
     dialogs.Started(copy);
-    for (const auto& each : cases) {
-        const auto& press = std::get<0>(each);
-        const auto& bForAll = std::get<1>(each);
-        const auto& choice = std::get<2>(each);
-        answers.Expect("replaceQuestion", [&](QDialog& dialog) {
+    for (const auto& [press, bForAll, choice] : cases) {
+        answers.Expect("replaceQuestion", [&answer = press, bAll = bForAll](QDialog& dialog) {
             std::string sShown, sHeard;
             for (const QLabel* pLabel : dialog.findChildren<QLabel*>()) {
                 sShown += pLabel->text().toStdString() + "|";
@@ -138,10 +127,10 @@ TEST_F(OperationDialogs, AskBeforeTheyReplace)
                 EXPECT_NE(sShown.find(pFact), std::string::npos) << sShown;
                 EXPECT_NE(sHeard.find(pFact), std::string::npos) << sHeard;
             }
-            EXPECT_EQ(sHeard.find("The files are identical.") != std::string::npos, bForAll);
+            EXPECT_EQ(sHeard.find("The files are identical.") != std::string::npos, bAll);
             EXPECT_LE(dialog.width(), 800);
-            Child<QCheckBox>(dialog, "forAll").setChecked(bForAll);
-            press(dialog);
+            Child<QCheckBox>(dialog, "forAll").setChecked(bAll);
+            answer(dialog);
         });
         const auto answer = dialogs.AskReplace(source, target, bForAll);
         EXPECT_EQ(answer.choice, choice);
@@ -195,18 +184,14 @@ TEST_F(OperationDialogs, SayAtTheEndWhatWasNotDone)
          "1 file was replaced at the destination and put into the trash.\n2 files were skipped.",
          ""},
     };
-    for (const auto& each : cases) {
-        const auto& nMissing = std::get<0>(each);
-        const auto& outcome = std::get<1>(each);
-        const auto& pText = std::get<2>(each);
-        const auto& sNotDone = std::get<3>(each);
-        const int nNotDone = static_cast<int>(outcome.notDone.size());
-        answers.Expect("operationSummary", [&](QDialog& dialog) {
-            EXPECT_EQ(Plain(Child<QLabel>(dialog, "text").text()), pText);
+    for (const auto& [nMissing, outcome, pText, sReasons] : cases) {
+        const auto nNotDone = static_cast<int>(outcome.notDone.size());
+        answers.Expect("operationSummary", [=, pWanted = pText, &sNotDone = sReasons](QDialog& dialog) {
+            EXPECT_EQ(Plain(Child<QLabel>(dialog, "text").text()), pWanted);
             if (!sNotDone.empty()) {
                 Answers::Click("copy")(dialog);
                 const QString sCopied = QApplication::clipboard()->text();
-                EXPECT_TRUE(Plain(sCopied).starts_with(sNotDone)) << pText;
+                EXPECT_TRUE(Plain(sCopied).starts_with(sNotDone)) << pWanted;
                 EXPECT_EQ(sCopied.count(QLatin1String("\n    /")), nNotDone);
                 EXPECT_TRUE(
                     Plain(Child<QPlainTextEdit>(dialog, "notDone").toPlainText()).starts_with(sNotDone));
