@@ -25,8 +25,10 @@ const std::set<std::string> kQuirks{
     "keeps-no-change-times",
     "numbers-all-alike",
     "numbers-each-name", // and has no rename without replacing
+    "resolves-links",    // gives the numbers of what they lead to, and has no rename without replacing
     "renames-plainly"    // knows neither a rename without replacing nor a second name for a file
 };
+const std::set<std::string> kPlainRenames{"renames-plainly", "numbers-each-name", "resolves-links"};
 
 std::string g_sBehind, g_sQuirk;
 
@@ -58,7 +60,7 @@ fuse_operations Operations()
 {
     fuse_operations o{};
     o.getattr = [](const char* pPath, struct stat* pStatus, fuse_file_info*) {
-        const bool bFollow = g_sQuirk == "follows-links";
+        const bool bFollow = g_sQuirk == "follows-links" || g_sQuirk == "resolves-links";
         const int nResult = Result((bFollow ? stat : lstat)(Behind(pPath).c_str(), pStatus));
         if (g_sQuirk == "says-size-0" && S_ISREG(pStatus->st_mode)) {
             pStatus->st_size = 0;
@@ -82,7 +84,7 @@ fuse_operations Operations()
     o.mkdir = [](const char* pPath, mode_t mode) { return Result(mkdir(Behind(pPath).c_str(), mode)); };
     o.unlink = [](const char* pPath) { return Result(unlink(Behind(pPath).c_str())); };
     o.rename = [](const char* pFrom, const char* pTo, unsigned nFlags) {
-        const bool bPlainly = g_sQuirk == "renames-plainly" || g_sQuirk == "numbers-each-name";
+        const bool bPlainly = kPlainRenames.contains(g_sQuirk);
         return nFlags != 0 && bPlainly ? -EINVAL
                                        : Result(renameat2(AT_FDCWD, Behind(pFrom).c_str(), AT_FDCWD,
                                                           Behind(pTo).c_str(), nFlags));
@@ -139,10 +141,10 @@ int main(int argc, char* argv[])
     char* aArguments[] = {arguments[0].data(), arguments[1].data(), arguments[2].data(),
                           arguments[3].data(), arguments[4].data(), nullptr};
     fuse_operations operations = Operations();
-    // No hidden files in the place of those that are removed while they are open.
     operations.init = [](fuse_conn_info*, fuse_config* pConfig) -> void* {
-        pConfig->hard_remove = 1;
-        pConfig->use_ino = g_sQuirk == "numbers-all-alike";
+        // No hidden files in the place of those that are removed while they are open; a second name needs them.
+        pConfig->hard_remove = g_sQuirk == "resolves-links" ? 0 : 1;
+        pConfig->use_ino = g_sQuirk == "numbers-all-alike" || g_sQuirk == "resolves-links";
         return nullptr;
     };
     return fuse_main(5, aArguments, &operations, nullptr);

@@ -114,7 +114,7 @@ tEnding CopyLook::Compare()
 
 tEnding CopyLook::After()
 {
-    const bool bFound = !m_goes || IsFoundAgain();
+    const bool bFound = !m_held || IsFoundAgain();
     tEnding ending = m_held ? StillThere() : tEnding();
     if (ending.IsDone() && m_goes && m_goes->lease.IsOpenForWriting()) {
         ending = tEnding::Spared(kOpenForWriting);
@@ -138,12 +138,16 @@ tEnding CopyLook::StillThere() const
 }
 
 /// False if the copy was only another route to the file that has gone. A file system such as FUSE or a
-/// network may invent a number for each name, and may answer a look from its memory, but not a read.
+/// network may invent a number for each name, show a link as a file, and answer a look from its memory, but
+/// not a read.
 bool CopyLook::IsFoundAgain() const
 {
     const tFileIdentity& expected = m_held->place.Expected();
     int nError = 0;
     const Descriptor again = m_held->place.Entry().Open(O_RDONLY | O_NONBLOCK, nError);
+    if (nError == EACCES || nError == EPERM) {
+        return true; // it is there; only another name of the file, which needs no comparison, is unreadable
+    }
     char first = 0;
     return again.IsOpen() && IsStill(LookAt(again.Get()), expected).IsDone() &&
            (expected.cySize == 0 || Retried([&] { return pread(again.Get(), &first, 1, 0); }) == 1);

@@ -6,6 +6,9 @@
 #include "HiddenName.h"
 #include "Retried.h"
 
+#include <algorithm>
+#include <array>
+#include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
 #include <unistd.h>
@@ -70,6 +73,17 @@ int DropFirstName(const tName& first, const tName& second)
     return nError;
 }
 
+/// True if both are regular files that differ in nothing but the inode number.
+bool IsSameButForNumber(const tLook& linked, const tLook& before)
+{
+    if (linked.nError != 0 || before.nError != 0 || linked.IsSameFileAs(before)) {
+        return false;
+    }
+    tFileIdentity expected = before.Identity();
+    expected.nInode = linked.Identity().nInode;
+    return IsStill(linked, expected).IsDone();
+}
+
 /// Creating a second link does not replace anything, either. EOPNOTSUPP if the two names of a file cannot be
 /// recognised as such.
 int LinkAndUnlink(const tName& from, const tName& to)
@@ -81,12 +95,16 @@ int LinkAndUnlink(const tName& from, const tName& to)
     }
     const tLook linked = Look(to);
     // Some file systems in user space give each name a number of its own.
-    nError = before.nError == 0 && linked.nError == 0 && !linked.IsSameFileAs(before)
-                 ? EOPNOTSUPP
-                 : DropFirstName(from, to);
+    if (IsSameButForNumber(linked, before)) {
+        if (IsStill(Look(to), linked.Identity()).IsDone()) {
+            Unlink(to);
+        }
+        return EOPNOTSUPP;
+    }
+    nError = DropFirstName(from, to);
     // If another program has reused or removed the first name, its change to the file takes effect as if
     // there had never been a second name.
-    const bool bOthersActed = nError == ESTALE || nError == ENOENT || nError == EOPNOTSUPP;
+    const bool bOthersActed = nError == ESTALE || nError == ENOENT;
     if (nError != 0 && Look(to).IsSameFileAs(bOthersActed ? linked : Look(from))) {
         Unlink(to);
     }
@@ -123,8 +141,9 @@ int RenameWithoutReplacing(const tName& from, const tName& to)
         return nError;
     }
     nError = LinkAndUnlink(from, to);
-    const bool bNoLinks =
-        nError == EPERM || nError == EINVAL || nError == ENOSYS || nError == EOPNOTSUPP || nError == EMLINK;
+    // ENAMETOOLONG: the first name is too long to be set aside.
+    constexpr std::array kNoLinks{EPERM, EINVAL, ENOSYS, EOPNOTSUPP, EMLINK, ENAMETOOLONG};
+    const bool bNoLinks = std::find(kNoLinks.begin(), kNoLinks.end(), nError) != kNoLinks.end();
     return bNoLinks ? RenameOverPlaceholder(from, to) : nError;
 }
 

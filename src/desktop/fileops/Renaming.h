@@ -16,9 +16,9 @@ struct tName {
 /// have the new one.
 ///
 /// On a file system that cannot rename without replacing, the file gets the new name as a second hard link
-/// before it loses the first. Without hard links either, or if they do not have the same inode number, an empty
-/// file takes the new name and is then replaced: if another program replaces that one between the last check
-/// and the rename, its file is lost.
+/// before it loses the first. Without hard links either, if they do not have the same inode number, or if the
+/// first name is too long to be set aside, an empty file takes the new name and is then replaced: if another
+/// program replaces that one between the last check and the rename, its file is lost.
 int RenameWithoutReplacing(const tName& from, const tName& to);
 
 } // namespace desktop

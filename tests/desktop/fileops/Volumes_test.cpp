@@ -73,19 +73,23 @@ TEST_F(Fuse, OnlyWhatArrivedWholeIsDone)
                                                          {"renames-plainly", true, true},
                                                          {"renames-plainly", false, true},
                                                          {"numbers-each-name", true, true},
-                                                         {"numbers-each-name", false, true}};
+                                                         {"numbers-each-name", false, true},
+                                                         {"resolves-links", true, true},
+                                                         {"resolves-links", false, true}};
     for (const auto& [pQuirk, bFromThere, bDone] : cases) {
-        for (const unsigned wFunc : {FO_COPY, FO_MOVE}) {
+        for (const auto& [wFunc, nLength] : {std::pair{FO_COPY, 1}, {FO_MOVE, 1}, {FO_MOVE, 240}}) {
             SCOPED_TRACE(std::string(wFunc == FO_COPY ? "copy " : "move ") + (bFromThere ? "from " : "to ") +
-                         pQuirk);
+                         pQuirk + ", name of " + std::to_string(nLength));
             const OddFolder there(sBehind, sThere, pQuirk);
-            const std::string sSource = tree.File(bFromThere ? "behind/a" : "here/a", "content");
-            Reasons reasons = Run(wFunc, {bFromThere ? sThere + "/a" : sSource}, bFromThere ? sHere : sThere);
-            EXPECT_EQ(reasons.empty(), bDone) << reasons["a"];
+            const std::string sName(static_cast<std::size_t>(nLength), 'a');
+            const std::string sSource = tree.File((bFromThere ? "behind/" : "here/") + sName, "content");
+            Reasons reasons =
+                Run(wFunc, {(bFromThere ? sThere : sHere) + '/' + sName}, bFromThere ? sHere : sThere);
+            EXPECT_EQ(reasons.empty(), bDone) << reasons[sName];
             EXPECT_EQ(user.outcome.nFilesDone, bDone ? 1U : 0U);
             EXPECT_EQ(Content(sSource), bDone && wFunc == FO_MOVE ? "" : "content");
             EXPECT_EQ(Contents(bFromThere ? sHere : sBehind),
-                      bDone ? Reasons({{"a", "content"}}) : Reasons());
+                      bDone ? Reasons({{sName, "content"}}) : Reasons());
             Shell("rm " + sHere + "/* " + sBehind + "/*");
         }
     }
@@ -106,16 +110,21 @@ TEST_F(Fuse, AnotherRouteToAFileIsNoCopyOfIt)
 {
     const std::string sVolume = other.sRoot; // below /dev, where the home may be, a volume has no trash
     ASSERT_EQ(symlink("a", (sBehind + "/b").c_str()), 0);
-    const std::tuple<const char*, std::string, std::string, std::string, bool> cases[] = {
-        {"none", sThere, sBehind + "/a", sThere + "/a", true},
-        {"keeps-no-change-times", sThere, sBehind + "/a", sThere + "/a", false},
-        {"follows-links", sVolume, sVolume + "/a", sVolume + "/b", false},
-        {"numbers-all-alike", sVolume, sVolume + "/a", sVolume + "/c", true}};
-    for (const auto& [pQuirk, sMounted, sGoes, sStays, bSeenBefore] : cases) { // or once it has gone
+    // What is noticed before it goes, and once it has gone.
+    const std::tuple<const char*, std::string, std::string, std::string, std::size_t, std::size_t> cases[] = {
+        {"none", sThere, sBehind + "/a", sThere + "/a", 1, 0},
+        {"keeps-no-change-times", sThere, sBehind + "/a", sThere + "/a", 0, 1},
+        {"follows-links", sVolume, sVolume + "/a", sVolume + "/b", 0, 1},
+        {"numbers-all-alike", sVolume, sVolume + "/a", sVolume + "/c", 1, 0},
+        {"resolves-links", sVolume, sVolume + "/a", sVolume + "/b", 1, 1}}; // with a second name, below
+    for (const auto& [pQuirk, sMounted, sGoes, sStays, nBefore, nAfter] : cases) {
         SCOPED_TRACE(pQuirk);
         const OddFolder there(sBehind, sMounted, pQuirk);
         tree.File("behind/a", "content");
         tree.File("behind/c", "CONTENT");
+        if (nBefore + nAfter == 2) {
+            fs::create_hard_link(sBehind + "/a", sBehind + "/d");
+        }
         OneGroup rows({sStays});
         user.consent = desktop::Consent::WithCopy;
         user.confirmation = {};
@@ -124,8 +133,8 @@ TEST_F(Fuse, AnotherRouteToAFileIsNoCopyOfIt)
         operations.UseGroups(rows);
         EXPECT_EQ(operations.SHFileOperationA(support::Request(FO_DELETE, {sGoes})), 0);
         EXPECT_EQ(Content(sGoes), "content");
-        EXPECT_EQ(user.confirmation.concerns.size(), bSeenBefore ? 1U : 0U);
-        EXPECT_EQ(support::Reasons(user.outcome).size(), bSeenBefore ? 0U : 1U);
+        EXPECT_EQ(user.confirmation.concerns.size(), nBefore);
+        EXPECT_EQ(support::Reasons(user.outcome).size(), nAfter);
     }
 }
 
