@@ -356,11 +356,16 @@ TEST_F(Late, WriterOfWhatIsSetAsideIsHeard)
             sAside = call.sPath;
         } else if (!sAside.empty() && !bWaits && call.sPath.starts_with(world.sTo)) {
             bWaits = true;
-            if (fork() == 0) {
+            const pid_t writer = fork();
+            if (writer == 0) {
                 const int h = open(sAside.c_str(), O_WRONLY | O_CLOEXEC);
                 _exit(pwrite(h, "late", 4, 0) == 4 ? 0 : 1);
             }
-            usleep(2000); // until it waits
+            char state = 'R';
+            while (state != 'S' && state != 'Z') { // until it waits, or has ended
+                const std::string sStatus = Content("/proc/" + std::to_string(writer) + "/stat");
+                state = sStatus.at(sStatus.rfind(')') + 2);
+            }
         }
         return 0;
     });
