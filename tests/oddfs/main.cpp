@@ -142,7 +142,7 @@ int main(int argc, char* argv[])
                           arguments[3].data(), arguments[4].data(), nullptr};
     fuse_operations operations = Operations();
     operations.init = [](fuse_conn_info*, fuse_config* pConfig) -> void* {
-        // No hidden files in the place of those that are removed while they are open; a second name needs them.
+        // No hidden files in place of those that are removed while open, which a second name needs.
         pConfig->hard_remove = g_sQuirk == "resolves-links" ? 0 : 1;
         pConfig->use_ino = g_sQuirk == "numbers-all-alike" || g_sQuirk == "resolves-links";
         return nullptr;
