@@ -146,11 +146,12 @@ bool StayingCopies::StoresFiles(const FolderPtr& pFolder)
         return false;
     }
     // A file system in user space chooses its source, which may be a folder in /dev; one on a disk has a type
-    // of its own.
+    // of its own. Loop devices can show one image, or one disk, more than once.
     const std::string& sType = pMount->sType;
+    const std::string& sSource = pMount->sSource;
     const bool bInUserSpace = sType.starts_with("fuse") && sType != "fuseblk";
-    return (pMount->sSource.starts_with("/dev/") && !bInUserSpace) || sType == "tmpfs" || sType == "ramfs" ||
-           sType == "zfs";
+    return (sSource.starts_with("/dev/") && !sSource.starts_with("/dev/loop") && !bInUserSpace) ||
+           sType == "tmpfs" || sType == "ramfs" || sType == "zfs";
 }
 
 std::optional<Stays> StayingCopies::Of(std::size_t nFile) const

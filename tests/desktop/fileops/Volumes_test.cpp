@@ -177,6 +177,19 @@ protected:
         }
     }
 
+    /// The concern that is shown when these files are to go and copies are to stay here.
+    desktop::Concern ConcernOfDeleting(const std::vector<std::string>& paths, std::vector<std::string> stays)
+    {
+        OneGroup rows(std::move(stays));
+        user.consent = desktop::Consent::WithCopy;
+        desktop::ShellFileOperations operations(user, true);
+        operations.UseGroups(rows);
+        EXPECT_EQ(operations.SHFileOperationA(support::Request(FO_DELETE, paths)), 0);
+        const auto& concerns = user.confirmation.concerns;
+        EXPECT_EQ(concerns.size(), 1U);
+        return concerns.empty() ? desktop::Concern::NotCompared : concerns.front().concern;
+    }
+
     const std::string& sVolume = other.sRoot; // a mount below /dev, where the home may be, never has a trash
 };
 
@@ -203,37 +216,41 @@ TEST_F(Mounts, ASecondRouteToAFolderIsThatFolder)
 
 TEST_F(Mounts, WhatHasNoTrashIsKnownToStayAndASecondRouteIsNot)
 {
-    const auto remove = [&](const std::vector<std::string>& paths, std::vector<std::string> stays) {
-        OneGroup rows(std::move(stays));
-        user.consent = desktop::Consent::WithCopy;
-        desktop::ShellFileOperations operations(user, true);
-        operations.UseGroups(rows);
-        EXPECT_EQ(operations.SHFileOperationA(support::Request(FO_DELETE, paths)), 0);
-        const auto& concerns = user.confirmation.concerns;
-        EXPECT_EQ(concerns.size(), 1U);
-        return concerns.empty() ? desktop::Concern::NotCompared : concerns.front().concern;
-    };
     ASSERT_EQ(mount("none", sVolume.c_str(), "tmpfs", 0, nullptr), 0);
     const std::string sThere = other.File("a", "x");
     const std::string sHere = tree.File("real/b", "x");
-    EXPECT_EQ(remove({sHere, sThere}, {}), desktop::Concern::NoTrash);
+    EXPECT_EQ(ConcernOfDeleting({sHere, sThere}, {}), desktop::Concern::NoTrash);
     EXPECT_EQ(Content(sHere) + Content(sThere), "x");
 
     tree.File("real/b", "x");
     ASSERT_EQ(mount((tree.sRoot + "/real").c_str(), sVolume.c_str(), nullptr, MS_BIND, nullptr), 0);
-    EXPECT_EQ(remove({sHere}, {sVolume + "/b"}), desktop::Concern::NoOtherCopy);
+    EXPECT_EQ(ConcernOfDeleting({sHere}, {sVolume + "/b"}), desktop::Concern::NoOtherCopy);
     const std::string sOn = tree.File("on", "");
     ASSERT_EQ(mount(sHere.c_str(), sOn.c_str(), nullptr, MS_BIND, nullptr), 0);
-    EXPECT_EQ(remove({sHere}, {sOn}), desktop::Concern::NoOtherCopy);
+    EXPECT_EQ(ConcernOfDeleting({sHere}, {sOn}), desktop::Concern::NoOtherCopy);
     ASSERT_EQ(link(sHere.c_str(), (sHere + "2").c_str()),
               0); // a mounted file is no name, however many there are
-    EXPECT_EQ(remove({sHere}, {sOn}), desktop::Concern::NoOtherCopy);
+    EXPECT_EQ(ConcernOfDeleting({sHere}, {sOn}), desktop::Concern::NoOtherCopy);
     EXPECT_EQ(umount2(sOn.c_str(), MNT_DETACH), 0);
     EXPECT_EQ(Content(sHere), "x");
 
     EXPECT_EQ(Run(FO_DELETE, {tree.File("trashed", "x")}), Reasons());
     ASSERT_EQ(mount((HomeTrash() + "/files").c_str(), sVolume.c_str(), nullptr, MS_BIND, nullptr), 0);
-    EXPECT_EQ(remove({sHere}, {sVolume + "/trashed"}), desktop::Concern::NoOtherCopy);
+    EXPECT_EQ(ConcernOfDeleting({sHere}, {sVolume + "/trashed"}), desktop::Concern::NoOtherCopy);
+}
+
+TEST_F(Mounts, OneImageOnTwoLoopDevicesIsOneCopy)
+{
+    const TempTree second;
+    if (!Shell("cd " + tree.sRoot + " && truncate -s 4M image && mkfs.ext4 -q image && mount -o loop image " +
+               sVolume + " && echo x >" + sVolume + "/a && sync && mount -o ro,noload " +
+               "$(losetup -r -f --show image) " + second.sRoot)) {
+        GTEST_SKIP() << "no image can be shown twice here";
+    }
+    EXPECT_EQ(ConcernOfDeleting({sVolume + "/a"}, {second.sRoot + "/a"}), desktop::Concern::NoOtherCopy);
+    EXPECT_TRUE(fs::exists(sVolume + "/a"));
+    EXPECT_TRUE(Shell("device=$(findmnt -no SOURCE " + second.sRoot + ") && umount " + second.sRoot +
+                      " && losetup -d $device"));
 }
 
 TEST_F(Mounts, AVolumeHasATrashOfItsOwnUntilItIsFull)
