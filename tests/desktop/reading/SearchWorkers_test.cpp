@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <fcntl.h>
 #include <future>
+#include <sched.h>
 #include <thread>
 #include <tuple>
 
@@ -126,8 +127,29 @@ std::string Outcome(const std::vector<std::string>& rows, const std::vector<Lite
     return sOutcome;
 }
 
+/// Leaves this process one processor for its life, so that a search starts with one worker.
+class OneProcessor
+{
+public:
+    OneProcessor()
+    {
+        EXPECT_EQ(sched_getaffinity(0, sizeof m_before, &m_before), 0);
+        cpu_set_t one;
+        CPU_ZERO(&one);
+        CPU_SET(static_cast<unsigned>(sched_getcpu()), &one);
+        EXPECT_EQ(sched_setaffinity(0, sizeof one, &one), 0);
+    }
+    ~OneProcessor() { EXPECT_EQ(sched_setaffinity(0, sizeof m_before, &m_before), 0); }
+    OneProcessor(const OneProcessor&) = delete;
+    OneProcessor& operator=(const OneProcessor&) = delete;
+
+private:
+    cpu_set_t m_before{};
+};
+
 TEST_F(SearchWorkers, MeetWhatOthersDoMeanwhileAsTheComparisonAloneDoes)
 {
+    const OneProcessor processor; // one worker, which reads in the order of the comparison
     const std::tuple<const char*, disk::Call, const char*, const char*> cases[] = {
         {"vanishes", disk::Call::Open, "b", "rm d/b"},
         {"vanishes open", disk::Call::Read, "b", "rm d/b"},
@@ -144,19 +166,16 @@ TEST_F(SearchWorkers, MeetWhatOthersDoMeanwhileAsTheComparisonAloneDoes)
         {"its folder is renamed while it is listed", disk::Call::List, "d", "mv d e"},
         {"it vanishes while its folder is listed", disk::Call::List, "d", "rm d/b"},
     };
-    for (const auto& each : cases) {
-        const auto call = std::get<disk::Call>(each);
-        const char* const pName = std::get<2>(each);
-        const char* const pChange = std::get<3>(each); // for the shell
-        SCOPED_TRACE(std::get<0>(each));
-        const auto outcome = [&](bool bLiteral) {
+    for (const auto& [pWhat, call, pName, pChange] : cases) {
+        SCOPED_TRACE(pWhat);
+        const auto outcome = [&, onCall = call, pOf = pName, pForShell = pChange](bool bLiteral) {
             const support::TempTree place;
             for (const char* pFile : {"d/a", "d/b", "d/c", "d/other", "z"}) {
                 place.File(pFile, pFile == std::string("d/other") ? "unlike" : "like it");
             }
             Search(tree.sRoot); // nothing: the world starts over
-            const std::string sCommand = "cd " + place.sRoot + " && " + pChange;
-            disk::Arm(call, pName, [&, done = std::make_shared<std::once_flag>()] {
+            const std::string sCommand = "cd " + place.sRoot + " && " + pForShell;
+            disk::Arm(onCall, pOf, [&, done = std::make_shared<std::once_flag>()] {
                 std::call_once(*done, [&] { EXPECT_EQ(std::system(sCommand.c_str()), 0); });
             });
             if (!bLiteral) {
