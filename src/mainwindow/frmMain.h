@@ -62,10 +62,14 @@ private:
     /// The full path of the current row of lvFiles; empty without one.
     std::string CurrentKey();
 
-    /// Asks for a folder, with `sTitle`, and moves or copies the files of the selected rows there with
-    /// `operation`.
-    void SendSelectedToFolder(const std::string& sTitle,
-                              bool (*operation)(const std::string& sFrom, const std::string& sTo));
+    /// One of DeleteFiles, MoveFiles and CopyFiles.
+    using Operation = bool (*)(const std::string& sFrom, const std::string& sTo);
+
+    /// Asks for a folder, with `sTitle`, and moves or copies the files of the selected rows there.
+    void SendSelectedToFolder(const std::string& sTitle, Operation operation);
+
+    /// Processes the existing files of the selected rows, with `sFolder` in front of their destinations.
+    void ActOnSelected(const std::string& sFolder, Operation operation);
 
     void DesignControls();
     void DesignColumns();

@@ -4,6 +4,8 @@
 #include "FileGroups.h"
 #include "NativeWindow.h"
 
+#include <cstddef>
+#include <functional>
 #include <string>
 
 namespace platform {
@@ -38,10 +40,16 @@ public:
 
     /// Carries out a request and returns when it is done. Asks before files are deleted or replaced, shows
     /// progress with a way to cancel, and reports at the end which files were not processed and why. Deletes
-    /// only to a trash from which files can be restored. Returns 0 if the request was carried out or ended by
-    /// the user, another value if it could not be carried out at all. A request without files returns 0 and
-    /// shows nothing.
+    /// only to a trash from which files can be restored. Returns 0 if the request was carried out, refused or
+    /// ended by the user, another value if it could not be carried out or was cancelled before it began. A
+    /// request without files returns 0 and shows nothing.
     virtual int SHFileOperationA(const SHFILEOPSTRUCT& request) = 0;
+
+    /// Calls `look`, which only looks at files and must own all it uses, with each number below `nCount` in
+    /// another thread, while the windows stay responsive. If it takes long, shows a window, owned by `hwnd`,
+    /// with a way to cancel. Returns false if the user has cancelled or memory has run out; one call may then
+    /// still be waiting for a file system.
+    virtual bool LookAtEach(WindowHandle hwnd, std::size_t nCount, std::function<void(std::size_t)> look) = 0;
 
     /// Not 0 if `sPath` exists and the shell has the information that `uFlags` asks for.
     virtual long SHGetFileInfoA(const std::string& sPath, unsigned dwFileAttributes, unsigned uFlags) = 0;

@@ -3,6 +3,7 @@
 #include "Form.h"
 #include "InputGate.h"
 #include "QtOperationDialogs.h"
+#include "ShellFileOperations.h"
 #include "WidgetOf.h"
 
 #include <QCheckBox>
@@ -11,7 +12,10 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QProgressBar>
+#include <QTimer>
 #include <cstdint>
+#include <future>
+#include <memory>
 #include <set>
 #include <tuple>
 
@@ -160,6 +164,25 @@ TEST_F(OperationDialogs, ShowProgressAfterAMomentAndLetItBeCancelled)
         dialogs.Finished(copy, {0, true, {}}); // nothing to say
         EXPECT_EQ(Window(), nullptr);
     }
+}
+
+TEST_F(OperationDialogs, NobodyHasToWaitForADiskThatHangs)
+{
+    desktop::ShellFileOperations shell(dialogs);
+    const auto pDisk = std::make_shared<std::promise<void>>();
+    const auto hang = [answers = pDisk->get_future().share()](std::size_t) { answers.wait(); };
+    QTimer impatience;
+    impatience.callOnTimeout([this] {
+        if (Window() != nullptr) {
+            QTest::keyClick(Window(), Qt::Key_Escape);
+        }
+    });
+    impatience.start(10);
+    EXPECT_FALSE(shell.LookAtEach(form.hWnd(), 1, hang));
+    EXPECT_EQ(Window(), nullptr) << "it would cover a window in use again";
+    EXPECT_EQ(desktop::ThreadsLeftBehind(), 1);
+    pDisk->set_value();
+    EXPECT_TRUE(QTest::qWaitFor([] { return desktop::ThreadsLeftBehind() == 0; }));
 }
 
 TEST_F(OperationDialogs, SayAtTheEndWhatWasNotDone)

@@ -49,6 +49,11 @@ TEST_F(frmMainFiles, DeletesWhatIsSelectedAndThere)
     EXPECT_EQ(Status(), "Done");
     EXPECT_TRUE(main.form.Enabled() && desktop.sWindows.ends_with("; lock; unlock; front"));
 
+    desktop.bWaits = false;
+    main.mnuFileDelete.Click();
+    EXPECT_EQ(Asked() + Marks(), "-2+6+7") << "nothing without a disk's answer";
+    desktop.bWaits = true;
+
     // A file that has come back is taken again, and its mark stays.
     desktop.files.files["/d/b/x"];
     LetGo({});

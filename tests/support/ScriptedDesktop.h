@@ -38,6 +38,7 @@ public:
 
     std::string sChosenFolder;                   ///< what the folder dialog comes to; empty for Cancel
     std::string sChosenFile;                     ///< what the save dialog comes to; empty for Cancel
+    bool bWaits = true;                          ///< the user waits until the disks have answered
     int nShellResult = 0;                        ///< what each request to the shell comes to
     std::function<void()> duringRequest = [] {}; ///< what happens to the disk meanwhile
     std::map<std::string, long> launchResults;   ///< of what does not start
@@ -98,6 +99,13 @@ private:
                 (request.hwnd ? " " : " unowned ") + Shown(request.pFrom) + " > " + Shown(request.pTo) + '\n';
         duringRequest();
         return nShellResult;
+    }
+    bool LookAtEach(WindowHandle, std::size_t nCount, std::function<void(std::size_t)> look) override
+    {
+        for (std::size_t n = 0; n < nCount; ++n) {
+            look(n);
+        }
+        return bWaits;
     }
     long SHGetFileInfoA(const std::string& sPath, unsigned, unsigned uFlags) override
     {

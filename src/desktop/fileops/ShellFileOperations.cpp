@@ -16,6 +16,7 @@ namespace {
 // Results of the shell, as error codes of its API.
 constexpr int kNoMemory = 8;
 constexpr int kInvalidRequest = 87;
+constexpr int kCancelled = 1223;
 constexpr int kTimeout = 1460;
 
 constexpr const char* kNoAnswer =
@@ -46,7 +47,7 @@ int ShellFileOperations::SHFileOperationA(const platform::SHFILEOPSTRUCT& reques
         while (result == Result::SparedToo) {
             result = CarryOut(wanted, {}, false);
         }
-        return result == Result::NoAnswer ? kTimeout : 0;
+        return result == Result::NotLooked ? kCancelled : result == Result::NoAnswer ? kTimeout : 0;
     } catch (const std::system_error&) {
         return kNoMemory; // no thread could be created
     } catch (const std::bad_alloc&) {
@@ -62,18 +63,15 @@ ShellFileOperations::Result ShellFileOperations::CarryOut(tOperationPlan& wanted
     const auto pThread = std::make_shared<OperationThread>(m_bEachStep);
     const auto pRun = std::make_shared<OperationRun>(pThread, std::move(wanted), std::move(groups));
     tOperation soFar = pRun->Plan().operation;
-    bool bCancelled = false;
-    const auto looking = [&](const tOperationProgress& progress) {
-        soFar.nFiles = progress.nFilesDone;
-        soFar.cyTotal = progress.cyDone;
-        bCancelled = bCancelled || !m_dialogs.Looking(soFar);
-        return !bCancelled;
-    };
-    if (!OperationThread::Run(pThread, [pRun] { pRun->LookAtFiles(); }, looking, m_dialogs)) {
+    const Looked looked = Look(pThread, soFar, [pRun] { pRun->LookAtFiles(); });
+    if (looked == Looked::NoAnswer) {
         BrokenOff(soFar, *pThread, true, kNoAnswer);
         return Result::NoAnswer;
     }
-    const auto agreed = bCancelled ? std::nullopt : bAsk ? Agreed(*pRun) : pRun->Plan().operation;
+    if (looked == Looked::Cancelled) {
+        return Result::NotLooked;
+    }
+    const auto agreed = bAsk ? Agreed(*pRun) : pRun->Plan().operation;
     if (!agreed) {
         return Result::Ended;
     }
@@ -84,7 +82,7 @@ ShellFileOperations::Result ShellFileOperations::CarryOut(tOperationPlan& wanted
         const EndSignals signals;
         bEnded = OperationThread::Run(pThread, [pRun] { pRun->CarryOut(); }, working, m_dialogs);
     } catch (const std::bad_alloc&) {
-        BrokenOff(*agreed, *pThread, bCancelled, Reason(ENOMEM, Step::Read));
+        BrokenOff(*agreed, *pThread, false, Reason(ENOMEM, Step::Read));
         return Result::Ended;
     }
     if (!bEnded) {
@@ -94,6 +92,25 @@ ShellFileOperations::Result ShellFileOperations::CarryOut(tOperationPlan& wanted
     const bool bSparedToo = m_dialogs.Finished(*agreed, pThread->Outcome());
     wanted = pRun->Spared();
     return bSparedToo && !wanted.files.empty() ? Result::SparedToo : Result::Ended;
+}
+
+/// Runs `look` in the thread, counts in `soFar` what it has looked at, and lets the user cancel.
+ShellFileOperations::Looked ShellFileOperations::Look(const std::shared_ptr<OperationThread>& pThread,
+                                                      tOperation& soFar, std::function<void()> look)
+{
+    const std::unique_ptr<OperationDialogs, void (*)(OperationDialogs*)> window(
+        &m_dialogs, [](OperationDialogs* pDialogs) { pDialogs->LookingEnded(); });
+    bool bCancelled = false;
+    const auto looking = [&](const tOperationProgress& progress) {
+        soFar.nFiles = progress.nFilesDone;
+        soFar.cyTotal = progress.cyDone;
+        bCancelled = bCancelled || !m_dialogs.Looking(soFar);
+        return !bCancelled;
+    };
+    if (!OperationThread::Run(pThread, std::move(look), looking, m_dialogs)) {
+        return Looked::NoAnswer;
+    }
+    return bCancelled ? Looked::Cancelled : Looked::All;
 }
 
 /// Asks the user. Returns what the user has agreed to; empty if the user has declined.
@@ -117,6 +134,27 @@ void ShellFileOperations::BrokenOff(const tOperation& operation, const Operation
     outcome.bCancelled = bCancelled;
     outcome.notDone.push_back({thread.Progress().sPath, sReason});
     m_dialogs.Finished(operation, outcome);
+}
+
+bool ShellFileOperations::LookAtEach(platform::WindowHandle hwnd, std::size_t nCount,
+                                     std::function<void(std::size_t)> look)
+{
+    try {
+        const auto pThread = std::make_shared<OperationThread>(false);
+        tOperation soFar;
+        soFar.hwnd = hwnd;
+        const auto lookAtAll = [pThread, nCount, look = std::move(look)] {
+            tOperationProgress progress;
+            while (progress.nFilesDone < nCount && pThread->Reached(progress)) {
+                look(progress.nFilesDone++);
+            }
+        };
+        return Look(pThread, soFar, lookAtAll) == Looked::All;
+    } catch (const std::system_error&) {
+        return false; // no thread could be created
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
 }
 
 long ShellFileOperations::SHGetFileInfoA(const std::string& sPath, unsigned /*dwFileAttributes*/,

@@ -75,9 +75,11 @@ void OperationProgressWindow::ShowProgress(const tOperationProgress& progress)
 {
     m_pPath->ShowPath(progress.sPath);
     if (m_phase == Phase::Looking) {
-        m_pCount->setText(QStringLiteral("%1, %2").arg(
-            CountText(static_cast<std::int64_t>(progress.nFilesDone), "file", "files"),
-            ShortSize(progress.cyDone)));
+        const QString sFiles = CountText(static_cast<std::int64_t>(progress.nFilesDone), "file", "files");
+        m_pCount->setText(progress.nFilesDone == 0 ? QString()
+                          : progress.cyDone == 0
+                              ? sFiles // also where sizes are not looked at
+                              : QStringLiteral("%1, %2").arg(sFiles, ShortSize(progress.cyDone)));
         return;
     }
     const bool bBytes = CountsBytes(m_operation);

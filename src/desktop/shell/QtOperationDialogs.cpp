@@ -53,7 +53,6 @@ bool QtOperationDialogs::Looking(const tOperation& soFar)
 
 Consent QtOperationDialogs::Confirm(const tConfirmation& confirmation)
 {
-    delete m_pWindow;
     QWidget* const pOwner = OwnerOf(confirmation.operation.hwnd);
     if (!confirmation.concerns.empty()) {
         return ConfirmationBox(pOwner, confirmation).Answer();
@@ -68,7 +67,6 @@ Consent QtOperationDialogs::Confirm(const tConfirmation& confirmation)
 
 bool QtOperationDialogs::AskRoom(const tOperation& operation, const tRoom& room)
 {
-    delete m_pWindow;
     return AskYesNo(OwnerOf(operation.hwnd), RoomQuestion(operation, room));
 }
 
@@ -87,7 +85,6 @@ tReplaceAnswer QtOperationDialogs::AskReplace(const tFileFacts& source, const tF
 void QtOperationDialogs::Open(const tOperation& operation, OperationProgressWindow::Phase phase)
 {
     m_hwnd = operation.hwnd;
-    delete m_pWindow;
     auto* const pWindow = new OperationProgressWindow(OwnerOf(operation.hwnd), operation, phase);
     m_pWindow = pWindow;
     // The end of the session cancels the operation.

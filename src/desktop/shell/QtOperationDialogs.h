@@ -21,6 +21,7 @@ public:
     ~QtOperationDialogs() override;
 
     bool Looking(const tOperation& soFar) override;
+    void LookingEnded() override { delete m_pWindow; }
     Consent Confirm(const tConfirmation& confirmation) override;
     bool AskRoom(const tOperation& operation, const tRoom& room) override;
     tReplaceAnswer AskReplace(const tFileFacts& source, const tFileFacts& target, bool bIdentical) override;

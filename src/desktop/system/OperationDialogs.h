@@ -105,9 +105,12 @@ class OperationDialogs
 public:
     virtual ~OperationDialogs() = default;
 
-    /// Called frequently while the files are examined, before any question, with the files found so far.
-    /// Followed by one of the other calls, or by none. Returns false if the user has cancelled.
+    /// Called frequently while files are examined, with the number and size of those found so far. Shows this
+    /// if it takes more than a moment. Returns false if the user has cancelled.
     virtual bool Looking(const tOperation& /*soFar*/) { return true; }
+
+    /// Closes what Looking has shown. Called before any question, also without a call of Looking.
+    virtual void LookingEnded() {}
 
     /// Asks once for all files, before anything goes to the trash.
     virtual Consent Confirm(const tConfirmation& confirmation) = 0;
