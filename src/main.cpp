@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "AskAside.h"
 #include "OperationThread.h"
 #include "Program.h"
 #include "SessionBus.h"
@@ -42,7 +43,7 @@ int main(int argc, char* argv[])
     program::Program program(argc, argv);
     const int nResult = program.Run();
     // A thread stuck in a file system call still uses what a normal exit would destroy.
-    if (desktop::ThreadsLeftBehind() > 0) {
+    if (desktop::ThreadsLeftBehind() > 0 || desktop::ThreadsAside() > 0) {
         std::fflush(nullptr);
         _exit(nResult);
     }

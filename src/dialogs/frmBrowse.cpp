@@ -8,23 +8,35 @@
 #include "WindowFunctions.h"
 #include "mSysTree.h"
 
+#include <memory>
 #include <string>
 
 namespace dialogs {
 namespace {
 
 /// Adds the folder to the list with the label of its volume. Returns an error message without a full stop;
-/// empty on success.
-std::string AddFolder(const std::string& sSelected)
+/// empty on success, and if the user has not waited for its disk to answer.
+std::string AddFolder(platform::WindowHandle hwnd, const std::string& sSelected)
 {
-    // By its canonical path, so that a link to a folder, for example to the home folder, does not list it
-    // twice.
-    const std::string sFolder = platform::System().files->CanonicalFolder(sSelected).value_or(sSelected);
+    struct tFolder {
+        std::string sPath;
+        platform::tVolumeLabel volume;
+    };
+    const auto pFolder = std::make_shared<tFolder>(sSelected);
+    const auto look = [pFolder](std::size_t) {
+        // By its canonical path, so that a link to a folder, for example to the home folder, does not list it
+        // twice.
+        pFolder->sPath = platform::System().files->CanonicalFolder(pFolder->sPath).value_or(pFolder->sPath);
+        pFolder->volume = platform::System().volumes->VolumeLabel(pFolder->sPath);
+    };
+    if (!platform::System().shellFiles->LookAtEach(hwnd, 1, look)) {
+        return {};
+    }
+    const auto& [sFolder, volume] = *pFolder;
     auto row = search::frmMain().lvFolders.ListItems.Add(sFolder, sFolder, platform::kFolderIcon);
     if (!row) {
         return "This folder is already in the list";
     }
-    const auto volume = platform::System().volumes->VolumeLabel(sFolder);
     if (volume.sError.empty()) {
         row->SetSubItems(1, volume.sLabel);
     }
@@ -76,7 +88,9 @@ void frmBrowse::cmdAdd_Click()
     if (sSelectedFolder.empty()) {
         return;
     }
-    const std::string sError = AddFolder(sSelectedFolder);
+    form.SetEnabled(false); // nothing is added twice
+    const std::string sError = AddFolder(form.hWnd(), sSelectedFolder);
+    form.SetEnabled(true);
     if (!sError.empty()) {
         platform::System().messages->Show(sError + ".", platform::MessageIcon::Exclamation);
     }

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "Answers.h"
+#include "AskAside.h"
 #include "Escaped.h"
 #include "FolderModel.h"
 #include "FolderTreeView.h"
 #include "OnScreen.h"
 #include "QtShellDialogs.h"
+#include "SlowDisk.h"
 #include "TempTree.h"
 #include "WindowFunctions.h"
 
@@ -15,6 +17,7 @@
 #include <QListWidget>
 #include <QMimeData>
 #include <array>
+#include <future>
 #include <sys/stat.h>
 #include <tuple>
 #include <unistd.h>
@@ -62,6 +65,27 @@ TEST_F(FileDialogs, ShowFoldersByTheirNamesAndFindThemByTheirPaths)
         sShown += model.index(n, 0, root).data().toString().toStdString() + "|";
     }
     EXPECT_EQ(sShown, "alpha|b|b2|b10|bad\\xFF|C|new\\x0Aline|x.y|\xC3\x84|.hidden|");
+}
+
+TEST_F(FileDialogs, ShowWhatIsInAFolderWhenItsDiskAnswers)
+{
+    std::promise<void> disk;
+    support::disk::Arm(support::disk::Call::List, "alpha",
+                       [answer = disk.get_future().share()] { answer.wait(); });
+    desktop::FolderModel model({{tree.sRoot, "tree"}});
+    desktop::FolderTreeView view(model);
+    view.show();
+    view.expand(model.Find(tree.sRoot));
+    const QModelIndex alpha = model.Find(tree.sRoot + "/alpha");
+    view.expand(alpha);
+    EXPECT_TRUE(view.isExpanded(alpha) && model.hasChildren(alpha) && model.rowCount(alpha) == 0);
+    EXPECT_FALSE(model.Find(tree.sRoot + "/alpha/inner").isValid());
+    EXPECT_GT(desktop::ThreadsAside(), 0);
+    disk.set_value();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view.indexBelow(alpha) == model.index(0, 0, alpha); }));
+    EXPECT_EQ(model.rowCount(alpha), 1);
+    EXPECT_TRUE(QTest::qWaitFor([] { return desktop::ThreadsAside() == 0; }));
+    support::disk::Disarm();
 }
 
 TEST_F(FileDialogs, SelectWhatIsPastedOrDroppedAndWhatIsClosed)

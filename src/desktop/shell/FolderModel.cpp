@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "FolderModel.h"
 
+#include "AskAside.h"
 #include "Escaped.h"
 #include "Paths.h"
 #include "Pictures.h"
@@ -14,6 +15,18 @@
 
 namespace desktop {
 namespace {
+
+using Milliseconds = std::chrono::milliseconds;
+
+/// How long the window may stand still for a disk that is listed for display, and for one that has to answer
+/// before a folder in it can be shown at all.
+constexpr Milliseconds kToShow{100};
+constexpr Milliseconds kToFind{1000};
+
+/// How long a look into one of the visible folders may take.
+constexpr Milliseconds kGlance{10};
+
+constexpr Milliseconds kLatePace{50};
 
 /// Removes `sFolder` and the following separators from the start of `sPath`; empty if `sPath` is not inside
 /// it.
@@ -40,6 +53,8 @@ FolderModel::FolderModel(const std::vector<tRootFolder>& rootFolders) : m_nodes(
         nodes.push_back({.sName = folder.sPath, .sShown = folder.sName});
     }
     AddChildren(0, std::move(nodes));
+    m_late.setInterval(kLatePace);
+    m_late.callOnTimeout(this, &FolderModel::InsertLate);
 }
 
 void FolderModel::AddChildren(std::size_t nParent, std::vector<tNode> children)
@@ -111,11 +126,14 @@ QModelIndex FolderModel::Find(const std::string& sPath)
         const std::string sName(sRest.substr(0, sRest.find('/')));
         TakeFolder(sRest, sName);
         const QModelIndex folder = Index(static_cast<platform::ItemId>(nFound));
-        if (canFetchMore(folder)) {
-            fetchMore(folder);
-        }
+        List(folder, kToFind);
         const std::size_t nChild = ChildNamed(nFound, sName);
-        if (nChild == 0 && IsSubfolder(Path(Item(folder)), sName)) {
+        const auto bCreated = [&] {
+            auto found =
+                AskAside([sParent = Path(Item(folder)), sName] { return IsSubfolder(sParent, sName); });
+            return found.wait_for(kToFind) == std::future_status::ready && found.get();
+        };
+        if (nChild == 0 && Node(folder).known == Known::Listed && bCreated()) {
             nFound = Number(Add(folder, sName)); // created since the folder was listed
         } else {
             nFound = nChild;
@@ -126,10 +144,11 @@ QModelIndex FolderModel::Find(const std::string& sPath)
 
 QModelIndex FolderModel::Add(const QModelIndex& folder, const std::string& sName)
 {
-    if (canFetchMore(folder)) {
-        fetchMore(folder);
-    }
+    List(folder, kToFind);
     const std::size_t nFolder = Number(folder);
+    if (m_nodes[nFolder].known == Known::Awaited) {
+        return folder; // the new one comes with the others
+    }
     const std::size_t nThere = ChildNamed(nFolder, sName);
     if (nThere != 0) {
         return Index(static_cast<platform::ItemId>(nThere));
@@ -157,7 +176,8 @@ bool FolderModel::LookInto(const QModelIndex& index)
     if (node.known != Known::Nothing) {
         return false;
     }
-    const bool bLeaf = !MayHaveSubfolders(Path(Item(index)));
+    auto more = AskAside([sPath = Path(Item(index))] { return MayHaveSubfolders(sPath); });
+    const bool bLeaf = more.wait_for(kGlance) == std::future_status::ready && !more.get();
     node.known = bLeaf ? Known::Listed : Known::LookedInto;
     return bLeaf;
 }
@@ -178,19 +198,57 @@ bool FolderModel::hasChildren(const QModelIndex& parent) const
 
 void FolderModel::fetchMore(const QModelIndex& parent)
 {
-    auto names = Subfolders(Path(Item(parent)));
+    List(parent, kToShow);
+}
+
+/// Lists the subfolders of a folder that has not been listed. If that takes longer, they are awaited.
+void FolderModel::List(const QModelIndex& folder, Milliseconds longest)
+{
+    const std::size_t nFolder = Number(folder);
+    if (m_nodes[nFolder].known == Known::Listed) {
+        return;
+    }
+    if (m_nodes[nFolder].known != Known::Awaited) {
+        m_nodes[nFolder].known = Known::Awaited;
+        m_awaited[nFolder] = AskAside([sPath = Path(Item(folder))] { return Subfolders(sPath); });
+    }
+    if (m_awaited[nFolder].wait_for(longest) == std::future_status::ready) {
+        InsertListed(nFolder, m_awaited.extract(nFolder).mapped().get());
+    } else {
+        m_late.start();
+    }
+}
+
+void FolderModel::InsertListed(std::size_t nFolder, std::vector<std::string> names)
+{
     std::vector<tNode> children;
     children.reserve(names.size());
     for (std::string& sName : names) {
         children.push_back({.sName = std::move(sName), .sShown = {}});
     }
     if (children.empty()) {
-        AddChildren(Number(parent), {});
+        AddChildren(nFolder, {});
         return;
     }
-    beginInsertRows(parent, 0, static_cast<int>(children.size()) - 1);
-    AddChildren(Number(parent), std::move(children));
+    beginInsertRows(Index(static_cast<platform::ItemId>(nFolder)), 0, static_cast<int>(children.size()) - 1);
+    AddChildren(nFolder, std::move(children));
     endInsertRows();
+}
+
+void FolderModel::InsertLate()
+{
+    std::vector<std::size_t> listed;
+    for (const auto& [nFolder, answer] : m_awaited) {
+        if (answer.wait_for(Milliseconds(0)) == std::future_status::ready) {
+            listed.push_back(nFolder);
+        }
+    }
+    for (const std::size_t nFolder : listed) {
+        InsertListed(nFolder, m_awaited.extract(nFolder).mapped().get());
+    }
+    if (m_awaited.empty()) {
+        m_late.stop();
+    }
 }
 
 QVariant FolderModel::headerData(int /*nSection*/, Qt::Orientation /*orientation*/, int nRole) const

@@ -6,14 +6,19 @@
 
 #include <QAbstractItemModel>
 #include <QIcon>
+#include <QTimer>
+#include <chrono>
 #include <cstddef>
+#include <future>
+#include <map>
 #include <string>
 #include <vector>
 
 namespace desktop {
 
 /// The folders of the machine as a tree model. Names are exact bytes. The subfolders of a folder are listed
-/// when they are first requested, and afterwards change only by Add and Find. Hidden folders come last.
+/// when they are first requested, and afterwards change only by Add and Find. If a disk does not answer at
+/// once, they appear when it does. Hidden folders come last.
 class FolderModel final : public QAbstractItemModel
 {
 public:
@@ -29,7 +34,8 @@ public:
     /// The index of the folder with that path, listing its parents as needed; invalid if it does not exist.
     QModelIndex Find(const std::string& sPath);
 
-    /// Adds folder `sName`, which has just been created in `folder`, and returns its index.
+    /// Adds folder `sName`, which has just been created in `folder`, and returns its index; that of `folder`
+    /// if its disk does not answer yet.
     QModelIndex Add(const QModelIndex& folder, const std::string& sName);
 
     /// Checks once whether a displayed folder has subfolders. True if it turns out to have none: the view
@@ -49,14 +55,14 @@ public:
     [[nodiscard]] bool hasChildren(const QModelIndex& parent = {}) const override;
     [[nodiscard]] bool canFetchMore(const QModelIndex& parent) const override
     {
-        return Node(parent).known != Known::Listed;
+        return Node(parent).known < Known::Awaited;
     }
     void fetchMore(const QModelIndex& parent) override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] QVariant headerData(int nSection, Qt::Orientation orientation, int nRole) const override;
 
 private:
-    enum class Known { Nothing, LookedInto, Listed };
+    enum class Known { Nothing, LookedInto, Awaited, Listed };
 
     /// A folder. Its index in m_nodes is its item number.
     struct tNode {
@@ -72,10 +78,17 @@ private:
     [[nodiscard]] const tNode& Node(const QModelIndex& index) const { return m_nodes[Number(index)]; }
     [[nodiscard]] std::size_t RootOf(const std::string& sPath) const;
     void AddChildren(std::size_t nParent, std::vector<tNode> children);
+    void List(const QModelIndex& folder, std::chrono::milliseconds longest);
+    void InsertListed(std::size_t nFolder, std::vector<std::string> names);
+    void InsertLate();
     [[nodiscard]] std::size_t ChildNamed(std::size_t nParent, const std::string& sName) const;
 
     std::vector<tNode> m_nodes; ///< the first one is the parent of the top-level folders
     QIcon m_icon;
+
+    /// Folders whose subfolders are awaited, by item number.
+    std::map<std::size_t, std::future<std::vector<std::string>>> m_awaited;
+    QTimer m_late; ///< active while there are any
 };
 
 } // namespace desktop
